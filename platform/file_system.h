@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorbind {
+
+/// Reads a file's bytes from its beginning.
+class ByteReader {
+ public:
+  virtual ~ByteReader() = default;
+
+  /// Reads up to `size` bytes into `buffer` and answers how many came; 0 only at the end.
+  /// Raises 57.
+  virtual std::size_t read(char* buffer, std::size_t size) = 0;
+  /// Starts again at the first byte.
+  virtual void rewind() = 0;
+};
+
+/// A file being written beside the one that it will replace.
+///
+/// Until `commit` the old file stands untouched under its name; `commit` flushes the new bytes to
+/// the disk and then puts them under the name in one step, with the old file's permissions. A
+/// replacement that is destroyed without `commit`, or whose `commit` failed, leaves nothing behind.
+class FileReplacement {
+ public:
+  virtual ~FileReplacement() = default;
+
+  /// Raises 61 (no space) or 57.
+  virtual void write(std::string_view bytes) = 0;
+  /// Raises 61, 57, or 70 when the old file may not be replaced.
+  virtual void commit() = 0;
+};
+
+/// Files and folders by name.
+///
+/// Names are written with `\`; `/` and doubled separators are understood, and the name of a folder
+/// may end with one. A part of a name that does not stand as spelled is looked up without regard to
+/// letter case (the simple upper-case forms of both); a part that does not exist at all is created
+/// as spelled. Relative names start at the process's working folder, names that begin with `\` at
+/// the root of the current drive.
+///
+/// Errors, unless an operation says otherwise: 53 the file is not there, 76 its folder (or its
+/// drive) is not there, 70 permission denied (a read-only file or file system included), 75 a
+/// folder stands where the operation needs a file (a name that ends with a separator always stands
+/// for one), or a file where it needs a folder, 61 no space, 57 any other failure of the device, 52
+/// a name that no file can have: empty, with a NUL, or too long.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  /// False for a folder, and for whatever can't be looked at.
+  [[nodiscard]] virtual bool fileExists(std::string_view path) = 0;
+  [[nodiscard]] virtual bool folderExists(std::string_view path) = 0;
+
+  /// Creates one folder in an existing one. Raises 58 when it already exists.
+  virtual void createFolder(std::string_view path) = 0;
+
+  /// Copies contents and permissions; the target is replaced whole, as by `replace`. Source and
+  /// target the same file: raises 70.
+  virtual void copyFile(std::string_view from, std::string_view to) = 0;
+  /// Renames, also across folders. Raises 58 when another file stands at `to`; a file moved onto
+  /// itself, or to another letter case of its own name, is a success.
+  virtual void moveFile(std::string_view from, std::string_view to) = 0;
+  /// Deletes one file. A read-only file is not deleted: raises 70.
+  virtual void deleteFile(std::string_view path) = 0;
+
+  /// The full name that `path` stands for, with `.` and `..` and doubled separators resolved and a
+  /// drive in front; it ends with a separator only when it is the root of its drive. `..` at the
+  /// root stays there. Nothing needs to exist there, and no link is followed.
+  [[nodiscard]] virtual std::string absolutePath(std::string_view path) = 0;
+  /// Whether both names lead to one existing file.
+  [[nodiscard]] virtual bool sameFile(std::string_view left, std::string_view right) = 0;
+  /// The names in a folder, sorted by their bytes, `.` and `..` left out.
+  [[nodiscard]] virtual std::vector<std::string> namesIn(std::string_view folder) = 0;
+
+  [[nodiscard]] virtual std::unique_ptr<ByteReader> open(std::string_view path) = 0;
+  /// Begins to replace (or create) the file at `path`.
+  [[nodiscard]] virtual std::unique_ptr<FileReplacement> replace(std::string_view path) = 0;
+};
+
+}  // namespace quorbind

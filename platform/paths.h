@@ -1,0 +1,31 @@
+#pragma once
+
+// Names of files as the component's world writes them: `\` between the parts, folders usually
+// carried with their trailing `\`. Everything here looks at the text alone and asks no disk.
+
+#include <string>
+#include <string_view>
+
+namespace quorbind {
+
+/// `path` with every `/` turned into `\`.
+std::string withBackslashes(std::string_view path);
+
+/// What stands before the last `\`; empty when there is none.
+std::string_view folderOf(std::string_view path);
+
+/// What stands behind the last `\`; the whole path when there is none.
+std::string_view fileNameOf(std::string_view path);
+
+/// Whether a name that comes out of a document must not reach the file system: it leads onto the
+/// network (`\\server\share`), into a device name space (`\\.\`, `\\?\`, `\??\`), or one of its
+/// parts is a device name (`CON`, `nul.txt`, `COM1 `, `LPT²`), in any letter case and with `/` or
+/// `\`.
+bool leadsToNetworkOrDevice(std::string_view path);
+
+/// Whether `name` can be the name of one folder or file below the folder it is meant for: not
+/// empty, no separator, no drive, no alternate stream, not `.` or `..` under any trailing dots and
+/// blanks, not a device.
+bool staysInFolder(std::string_view name);
+
+}  // namespace quorbind

@@ -1,0 +1,220 @@
+#include "platform/text_encoding.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace quorbind {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kFirstBeyond16Bits = 0x10000;
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+
+std::uint8_t byteAt(std::string_view text, std::size_t at) {
+  return static_cast<std::uint8_t>(text[at]);
+}
+
+bool isAscii(std::uint8_t byte) {
+  return byte < 0x80;
+}
+
+bool isHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+bool isLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+/// How many bytes at the beginning of `text` are ASCII. Most text is ASCII from end to end, so it
+/// is looked at in blocks first.
+std::size_t asciiPrefix(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::array<std::uint64_t, 4> block{};
+  std::size_t at = 0;
+  for (; at + sizeof block <= text.size(); at += sizeof block) {
+    std::memcpy(block.data(), text.data() + at, sizeof block);
+    if (((block[0] | block[1] | block[2] | block[3]) & kHighBits) != 0) {
+      break;
+    }
+  }
+  while (at < text.size() && isAscii(byteAt(text, at))) {
+    ++at;
+  }
+  return at;
+}
+
+/// The length that the first byte of a character promises; 0 for a byte that begins none.
+std::size_t promisedLength(std::uint8_t lead) {
+  if (isAscii(lead)) {
+    return 1;
+  }
+  if (lead < 0xC0 || lead >= 0xF8) {
+    return 0;
+  }
+  return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+bool isAllowed(char32_t codePoint, std::size_t length) {
+  constexpr std::array<char32_t, 1 + kLongestUtf8Character> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+  return codePoint >= kSmallest[length] && codePoint <= kLastCodePoint &&
+         !isHighSurrogate(codePoint) && !isLowSurrogate(codePoint);
+}
+
+void appendUnit(std::string& target, char32_t unit) {
+  target.push_back(static_cast<char>(unit & 0xFF));
+  target.push_back(static_cast<char>(unit >> 8U));
+}
+
+void appendUtf16(std::string& target, char32_t codePoint) {
+  if (codePoint < kFirstBeyond16Bits) {
+    appendUnit(target, codePoint);
+    return;
+  }
+  const char32_t offset = codePoint - kFirstBeyond16Bits;
+  appendUnit(target, 0xD800 | offset >> 10U);
+  appendUnit(target, 0xDC00 | (offset & 0x3FF));
+}
+
+void appendAsciiAsUtf16(std::string& target, std::string_view ascii) {
+  std::size_t at = target.size();
+  target.resize(at + 2 * ascii.size(), '\0');
+  for (const char c : ascii) {
+    target[at] = c;
+    at += 2;
+  }
+}
+
+char32_t unitAt(std::string_view bytes, std::size_t at, ByteOrder order) {
+  const char32_t first = byteAt(bytes, at);
+  const char32_t second = byteAt(bytes, at + 1);
+  return order == ByteOrder::kLittleEndian ? second << 8U | first : first << 8U | second;
+}
+
+/// The meaning of the bytes 0x80 to 0x9F; all others mean the code point of their own number.
+constexpr std::array<char16_t, 32> kWindows1252Middle{
+    0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80 to 87
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD,  // 88 to 8F
+    0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90 to 97
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178,  // 98 to 9F
+};
+
+}  // namespace
+
+Utf8Character firstUtf8Character(std::string_view text) {
+  const std::uint8_t lead = byteAt(text, 0);
+  const std::size_t length = promisedLength(lead);
+  if (length == 1) {
+    return {lead, 1};
+  }
+  if (length == 0 || length > text.size()) {
+    return {};
+  }
+  char32_t codePoint = lead & (0xFFU >> (length + 1));
+  for (std::size_t at = 1; at < length; ++at) {
+    const std::uint8_t byte = byteAt(text, at);
+    if ((byte & 0xC0U) != 0x80) {
+      return {};
+    }
+    codePoint = codePoint << 6U | (byte & 0x3FU);
+  }
+  return isAllowed(codePoint, length) ? Utf8Character{codePoint, length} : Utf8Character{};
+}
+
+void appendUtf8(std::string& target, char32_t codePoint) {
+  const auto append = [&target](char32_t byte) { target.push_back(static_cast<char>(byte)); };
+  const auto appendTrail = [&](unsigned shift) { append(0x80 | (codePoint >> shift & 0x3F)); };
+  if (codePoint < 0x80) {
+    append(codePoint);
+  } else if (codePoint < 0x800) {
+    append(0xC0 | codePoint >> 6U);
+    appendTrail(0);
+  } else if (codePoint < kFirstBeyond16Bits) {
+    append(0xE0 | codePoint >> 12U);
+    appendTrail(6);
+    appendTrail(0);
+  } else {
+    append(0xF0 | codePoint >> 18U);
+    appendTrail(12);
+    appendTrail(6);
+    appendTrail(0);
+  }
+}
+
+std::size_t validUtf8Prefix(std::string_view text) {
+  std::size_t valid = 0;
+  for (;;) {
+    valid += asciiPrefix(text.substr(valid));
+    if (valid == text.size()) {
+      return valid;
+    }
+    const Utf8Character character = firstUtf8Character(text.substr(valid));
+    if (character.length == 0) {
+      return valid;
+    }
+    valid += character.length;
+  }
+}
+
+bool isValidUtf8(std::string_view text) {
+  return validUtf8Prefix(text) == text.size();
+}
+
+std::string toValidUtf8(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (;;) {
+    const std::size_t valid = validUtf8Prefix(text);
+    result.append(text, 0, valid);
+    if (valid == text.size()) {
+      return result;
+    }
+    appendUtf8(result, kReplacement);
+    text.remove_prefix(valid + 1);
+  }
+}
+
+void appendUtf16LittleEndian(std::string& target, std::string_view utf8) {
+  for (;;) {
+    const std::size_t ascii = asciiPrefix(utf8);
+    appendAsciiAsUtf16(target, utf8.substr(0, ascii));
+    utf8.remove_prefix(ascii);
+    if (utf8.empty()) {
+      return;
+    }
+    const Utf8Character character = firstUtf8Character(utf8);
+    appendUtf16(target, character.codePoint);
+    utf8.remove_prefix(character.length == 0 ? 1 : character.length);
+  }
+}
+
+void appendUtf8FromUtf16(std::string& target, std::string_view bytes, ByteOrder order) {
+  const std::size_t wholeUnits = bytes.size() - bytes.size() % 2;
+  for (std::size_t at = 0; at < wholeUnits; at += 2) {
+    const char32_t unit = unitAt(bytes, at, order);
+    if (isHighSurrogate(unit) && at + 2 < wholeUnits) {
+      const char32_t next = unitAt(bytes, at + 2, order);
+      if (isLowSurrogate(next)) {
+        appendUtf8(target, kFirstBeyond16Bits + ((unit & 0x3FF) << 10U | (next & 0x3FF)));
+        at += 2;
+        continue;
+      }
+    }
+    appendUtf8(target, isHighSurrogate(unit) || isLowSurrogate(unit) ? kReplacement : unit);
+  }
+  if (wholeUnits != bytes.size()) {
+    appendUtf8(target, kReplacement);
+  }
+}
+
+void appendUtf8FromWindows1252(std::string& target, std::string_view bytes) {
+  constexpr std::uint8_t kMiddle = 0x80;
+  for (const char c : bytes) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    const bool inMiddle = byte >= kMiddle && byte < kMiddle + kWindows1252Middle.size();
+    appendUtf8(target, inMiddle ? kWindows1252Middle[byte - kMiddle] : byte);
+  }
+}
+
+}  // namespace quorbind

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quorbind {
+
+/// The most bytes that one character takes in UTF-8.
+inline constexpr std::size_t kLongestUtf8Character = 4;
+
+struct Utf8Character {
+  char32_t codePoint = 0xFFFD;
+  std::size_t length = 0;  ///< in bytes; 0 when there is no whole and valid character
+};
+
+/// The character that `text`, which is not empty, begins with.
+Utf8Character firstUtf8Character(std::string_view text);
+
+/// Appends one character to `target`.
+void appendUtf8(std::string& target, char32_t codePoint);
+
+/// How many bytes at the beginning of `text` are whole and valid UTF-8 characters: shortest forms
+/// only, no surrogates, nothing above U+10FFFF.
+std::size_t validUtf8Prefix(std::string_view text);
+
+/// Whether all of `text` is valid UTF-8.
+bool isValidUtf8(std::string_view text);
+
+/// `text` with every byte that is no part of a valid character turned into U+FFFD.
+std::string toValidUtf8(std::string_view text);
+
+/// Appends `utf8` to `target` as UTF-16, little-endian. Invalid bytes come out as U+FFFD.
+void appendUtf16LittleEndian(std::string& target, std::string_view utf8);
+
+enum class ByteOrder { kLittleEndian, kBigEndian };
+
+/// Appends UTF-16 bytes to `target` as UTF-8. Unpaired surrogates, and a last odd byte, come out as
+/// U+FFFD.
+void appendUtf8FromUtf16(std::string& target, std::string_view bytes, ByteOrder order);
+
+/// Appends text in Windows-1252 to `target` as UTF-8. Its five bytes without a meaning come out as
+/// U+FFFD.
+void appendUtf8FromWindows1252(std::string& target, std::string_view bytes);
+
+}  // namespace quorbind

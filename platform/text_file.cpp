@@ -1,0 +1,184 @@
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/runtime_error.h"
+#include "platform/text_encoding.h"
+
+namespace quorbind {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::size_t kChunkSize = 65'536;
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
+constexpr std::size_t kLongestMark = kUtf8Mark.size();
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+}  // namespace
+
+TextReader::TextReader(FileSystem& files, const Locale& locale, std::string_view path)
+    : bytes_(files.open(path)), locale_(locale) {
+  while (unread().size() < kLongestMark && fill()) {
+  }
+  if (skip(kUtf8Mark)) {
+    encoding_ = Encoding::kUtf8;
+  } else if (skip(kUtf16LittleEndianMark)) {
+    encoding_ = Encoding::kUtf16LittleEndian;
+  } else if (skip(kUtf16BigEndianMark)) {
+    encoding_ = Encoding::kUtf16BigEndian;
+  } else {
+    encoding_ = restIsUtf8() ? Encoding::kUtf8 : Encoding::kSystemCodePage;
+    bytes_->rewind();
+    begin_ = end_ = 0;
+  }
+}
+
+bool TextReader::skip(std::string_view mark) {
+  const bool isThere = unread().starts_with(mark);
+  begin_ += isThere ? mark.size() : 0;
+  return isThere;
+}
+
+bool TextReader::restIsUtf8() {
+  do {
+    begin_ += validUtf8Prefix(unread());
+    // What is left is a character that the next bytes may complete, or none at all.
+    if (unread().size() >= kLongestUtf8Character) {
+      return false;
+    }
+  } while (fill());
+  return unread().empty();
+}
+
+bool TextReader::fill() {
+  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+  end_ -= begin_;
+  begin_ = 0;
+  if (buffer_.size() - end_ < kChunkSize) {
+    buffer_.resize(std::max(end_ + kChunkSize, 2 * end_));
+  }
+  const std::size_t read = bytes_->read(buffer_.data() + end_, kChunkSize);
+  end_ += read;
+  return read != 0;
+}
+
+bool TextReader::atEnd() {
+  return unread().empty() && !fill();
+}
+
+std::string_view TextReader::lineFeed() const {
+  switch (encoding_) {
+    case Encoding::kUtf16LittleEndian:
+      return "\n\0"sv;
+    case Encoding::kUtf16BigEndian:
+      return "\0\n"sv;
+    case Encoding::kUtf8:
+    case Encoding::kSystemCodePage:
+      break;
+  }
+  return "\n"sv;
+}
+
+std::size_t TextReader::findLineFeed(std::size_t from) const {
+  const std::string_view feed = lineFeed();
+  const std::size_t offset = feed.find('\n');
+  std::size_t found = unread().find('\n', from + offset);
+  while (found != std::string_view::npos) {
+    const std::size_t start = found - offset;
+    if (start % feed.size() == 0 && unread().substr(start, feed.size()) == feed) {
+      return start;
+    }
+    found = unread().find('\n', found + 1);
+  }
+  return std::string_view::npos;
+}
+
+std::string_view TextReader::readLine() {
+  if (atEnd()) {
+    raise(ErrorNumber::kInputPastEndOfFile);
+  }
+  const std::size_t feedSize = lineFeed().size();
+  std::size_t searched = 0;
+  std::size_t length = findLineFeed(searched);
+  while (length == std::string_view::npos) {
+    searched = unread().size() - unread().size() % feedSize;
+    if (!fill()) {
+      return decode(take(unread().size()));
+    }
+    length = findLineFeed(searched);
+  }
+  std::string_view line = decode(take(length));
+  begin_ += feedSize;
+  if (line.ends_with('\r')) {
+    line.remove_suffix(1);
+  }
+  return line;
+}
+
+std::string TextReader::readAll() {
+  while (fill()) {
+  }
+  return std::string(decode(take(unread().size())));
+}
+
+std::string_view TextReader::take(std::size_t size) {
+  const std::string_view taken = unread().substr(0, size);
+  begin_ += size;
+  return taken;
+}
+
+std::string_view TextReader::decode(std::string_view raw) {
+  decoded_.clear();
+  switch (encoding_) {
+    case Encoding::kUtf8:
+      if (isValidUtf8(raw)) {
+        return raw;
+      }
+      decoded_ = toValidUtf8(raw);
+      break;
+    case Encoding::kUtf16LittleEndian:
+      appendUtf8FromUtf16(decoded_, raw, ByteOrder::kLittleEndian);
+      break;
+    case Encoding::kUtf16BigEndian:
+      appendUtf8FromUtf16(decoded_, raw, ByteOrder::kBigEndian);
+      break;
+    case Encoding::kSystemCodePage:
+      decoded_ = locale_.fromSystemCodePage(raw);
+      break;
+  }
+  return decoded_;
+}
+
+TextWriter::TextWriter(FileSystem& files, std::string_view path)
+    : replacement_(files.replace(path)), buffer_(kUtf16LittleEndianMark) {}
+
+void TextWriter::write(std::string_view text) {
+  appendUtf16LittleEndian(buffer_, text);
+  if (buffer_.size() >= kChunkSize) {
+    flush();
+  }
+}
+
+void TextWriter::writeLine(std::string_view text) {
+  write(text);
+  write(kLineEnd);
+}
+
+void TextWriter::close() {
+  flush();
+  replacement_->commit();
+}
+
+void TextWriter::flush() {
+  replacement_->write(buffer_);
+  buffer_.clear();
+}
+
+}  // namespace quorbind

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+namespace quorbind {
+
+enum class ControlKind { kLabel, kTextBox, kDefaultButton, kCancelButton, kProgressBar };
+
+/// One control of a form: its published name and what it shows at design time. Places and sizes are
+/// dialog units of the font in which the form is shown.
+struct ControlLayout {
+  ControlKind kind;
+  std::string_view name;
+  std::string_view caption;
+  std::string_view font;
+  int left;
+  int top;
+  int width;
+  int height;
+};
+
+/// A form's window. Controls stand in tab order; a text box follows the label that names it.
+struct FormLayout {
+  std::string_view name;
+  std::string_view caption;
+  int width;
+  int height;
+  std::span<const ControlLayout> controls;
+};
+
+namespace layout {
+
+inline constexpr std::string_view kLabelFont = "MS Sans Serif";
+inline constexpr std::string_view kBoxFont = "Verdana";
+
+inline constexpr std::array kBookInfoControls{
+    ControlLayout{
+        ControlKind::kLabel, "Label1", "Enter Book Information for :", kLabelFont, 7, 7, 226, 8},
+    ControlLayout{ControlKind::kLabel, "lblFileName", "", kLabelFont, 7, 18, 226, 16},
+    ControlLayout{ControlKind::kLabel, "lblBookName", "Book Name:", kLabelFont, 7, 42, 46, 8},
+    ControlLayout{ControlKind::kTextBox, "txtBookName", "", kBoxFont, 57, 40, 176, 14},
+    ControlLayout{ControlKind::kLabel, "lblBookAcro", "Book Acro:", kLabelFont, 7, 62, 46, 8},
+    ControlLayout{ControlKind::kTextBox, "txtBookAcro", "", kBoxFont, 57, 60, 176, 14},
+    ControlLayout{ControlKind::kDefaultButton, "cmdOk", "OK", kLabelFont, 129, 82, 50, 14},
+    ControlLayout{ControlKind::kCancelButton, "cmdCancel", "Cancel", kBoxFont, 183, 82, 50, 14},
+};
+inline constexpr FormLayout kBookInfo{
+    "frmBookInfo", "Book Information", 240, 103, kBookInfoControls};
+
+inline constexpr std::array kBookFolderControls{
+    ControlLayout{ControlKind::kLabel, "Label1", "Book Folder", kLabelFont, 7, 9, 46, 8},
+    ControlLayout{ControlKind::kTextBox, "Text1", "", kBoxFont, 57, 7, 176, 14},
+    ControlLayout{ControlKind::kDefaultButton, "cmdOk", "OK", kLabelFont, 183, 29, 50, 14},
+};
+inline constexpr FormLayout kBookFolder{
+    "frmBookFolder", "Enter Book Folder", 240, 50, kBookFolderControls};
+
+inline constexpr std::array kProgressControls{
+    ControlLayout{ControlKind::kLabel, "lblStatus", "Status:", kLabelFont, 7, 7, 30, 8},
+    ControlLayout{ControlKind::kLabel, "lblStatusText", "", kLabelFont, 40, 7, 193, 8},
+    ControlLayout{ControlKind::kProgressBar, "pbTOCTOXML", "", kLabelFont, 7, 22, 226, 12},
+};
+inline constexpr FormLayout kProgress{"frmProgBar", "Quor TOC", 240, 41, kProgressControls};
+
+inline constexpr std::array kForms{&kBookInfo, &kBookFolder, &kProgress};
+
+}  // namespace layout
+
+}  // namespace quorbind
