@@ -1,0 +1,128 @@
+#pragma once
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/file_system.h"
+#include "platform/portable/xml_handles.h"
+#include "platform/xml_document.h"
+
+namespace quorbind {
+
+/// Beyond these, which no document of people's making comes near, libxml2's work would grow with
+/// the square of the file: it compares every attribute of an element, and every namespace in force,
+/// with all the others.
+inline constexpr int kMaximumXmlAttributes = 1000;
+inline constexpr std::size_t kMaximumXmlNameLength = 10000;  ///< in bytes
+
+/// One run of libxml2's parser over one file, kept within bounds.
+///
+/// The bytes come from the file-system port. The bounds of the port (xml_document.h) and those
+/// above are checked on the way, by handlers that stand in front of the parser's own; libxml2's own
+/// bounds are off, since they also limit the length of texts. Nothing but the file is ever opened.
+/// A file that breaks the rules of namespaces, such as by a prefix that is not declared, does not
+/// parse.
+///
+/// A run that has failed is over: libxml2 is told that the file ends here, and what its handlers
+/// still say about the few bytes that it has read ahead is ignored. libxml2 is C and can't be left
+/// by an exception; whatever is thrown while it runs, by a derived class or by the file, is kept,
+/// ends the run in the same way, and comes out of `parse`.
+class BoundedXmlParser {
+ public:
+  BoundedXmlParser();
+  virtual ~BoundedXmlParser() = default;
+  BoundedXmlParser(const BoundedXmlParser&) = delete;
+  BoundedXmlParser& operator=(const BoundedXmlParser&) = delete;
+
+  /// Reads the file at `path`; to be called once. A file that can't be read is a failed load.
+  XmlLoadResult parse(FileSystem& files, std::string_view path);
+
+ protected:
+  /// A start tag in the form in which libxml2 hands it over.
+  struct StartTag {
+    const xmlChar* localName;
+    const xmlChar* prefix;
+    const xmlChar* uri;
+    int namespaceCount;
+    const xmlChar** namespaces;
+    int attributeCount;
+    int defaultedCount;
+    const xmlChar** attributes;  ///< local name, prefix, URI, begin and end of value; of each
+  };
+
+  struct EndTag {
+    const xmlChar* localName;
+    const xmlChar* prefix;
+    const xmlChar* uri;
+  };
+
+  /// How many elements of StartTag::attributes belong to one attribute.
+  static constexpr int kAttributeFields = 5;
+
+  virtual void startElement(const StartTag& tag) = 0;
+  virtual void endElement(const EndTag& tag) = 0;
+
+  [[nodiscard]] xmlParserCtxt& context() const { return *context_; }
+  /// The parser that a handler was called by.
+  static BoundedXmlParser& of(void* context);
+
+  /// Runs what a handler has to do, unless the run is over.
+  template <typename Work>
+  void guarded(Work&& work) noexcept {
+    if (isOver()) {
+      return;
+    }
+    try {
+      work();
+    } catch (...) {
+      exception_ = std::current_exception();
+    }
+  }
+
+  /// What was parsed, for a derived class whose handlers build a tree; empty after a failure.
+  [[nodiscard]] XmlDocHandle takeDocument() { return std::move(document_); }
+
+ private:
+  static int readBytes(void* self, char* buffer, int size);
+  static void onDocumentType(void* context,
+                             const xmlChar* name,
+                             const xmlChar* publicId,
+                             const xmlChar* systemId);
+  static void onStartElement(void* context,
+                             const xmlChar* localName,
+                             const xmlChar* prefix,
+                             const xmlChar* uri,
+                             int namespaceCount,
+                             const xmlChar** namespaces,
+                             int attributeCount,
+                             int defaultedCount,
+                             const xmlChar** attributes);
+  static void onEndElement(void* context,
+                           const xmlChar* localName,
+                           const xmlChar* prefix,
+                           const xmlChar* uri);
+
+  [[nodiscard]] int read(char* buffer, int size);
+  [[nodiscard]] bool attributesPileUp() const;
+  void checkBounds(const StartTag& tag);
+  void checkNames(const StartTag& tag);
+  void listen(const xmlError& error);
+  void fail(int line, std::string reason);
+  void refuse(std::string reason);
+  [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
+
+  XmlParserHandle context_;
+  std::unique_ptr<ByteReader> bytes_;
+  XmlDocHandle document_;
+  int depth_ = 0;
+  /// The first failure; what follows is a consequence.
+  std::optional<XmlLoadResult> failure_;
+  std::exception_ptr exception_;
+};
+
+}  // namespace quorbind

@@ -1,0 +1,121 @@
+#include "platform/portable/folder_index.h"
+
+#include <sys/stat.h>
+#include <unicode/uchar.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/portable/system_call.h"
+#include "platform/text_encoding.h"
+
+namespace quorbind {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Ticks, with a wide margin: file systems that store fractions of a second take the kernel's clock,
+// which moves every few milliseconds; the others store seconds, some of them every other one.
+constexpr auto kFineTick = 100ms;
+constexpr auto kCoarseTick = 2500ms;
+
+/// Character by character. Bytes that are not UTF-8 stay as they are.
+std::string upperCaseForm(std::string_view name) {
+  std::string result;
+  result.reserve(name.size());
+  while (!name.empty()) {
+    const Utf8Character character = firstUtf8Character(name);
+    if (character.length == 0) {
+      result.push_back(name.front());
+      name.remove_prefix(1);
+    } else {
+      const UChar32 upper = u_toupper(static_cast<UChar32>(character.codePoint));
+      appendUtf8(result, static_cast<char32_t>(upper));
+      name.remove_prefix(character.length);
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+void FolderListing::add(const std::string& name) {
+  const auto [found, isNew] = spellings_.try_emplace(upperCaseForm(name), name);
+  if (!isNew && name < found->second) {
+    found->second = name;
+  }
+}
+
+const std::string* FolderListing::spellingOf(std::string_view name) const {
+  const auto found = spellings_.find(upperCaseForm(name));
+  return found == spellings_.end() ? nullptr : &found->second;
+}
+
+const FolderListing* FolderIndex::listingOf(const std::string& folder) {
+  const std::optional<State> state = stateOf(folder);
+  if (!state) {
+    return nullptr;
+  }
+  const auto found = entries_.find(folder);
+  if (found != entries_.end() && found->second.settled && found->second.state == *state) {
+    return &found->second.names;
+  }
+  return list(folder, *state);
+}
+
+// The nearest folder kept decides: what it does not hold, nothing further down can stand in.
+bool FolderIndex::rulesOut(const std::string& path) const {
+  std::string folder = parentOf(path);
+  std::string name = nameIn(path);
+  auto kept = entries_.find(folder);
+  while (kept == entries_.end() && folder.size() > 1) {
+    name = nameIn(folder);
+    folder = parentOf(folder);
+    kept = entries_.find(folder);
+  }
+  return kept != entries_.end() && kept->second.settled &&
+         kept->second.names.spellingOf(name) == nullptr && stateOf(folder) == kept->second.state;
+}
+
+std::optional<FolderIndex::State> FolderIndex::stateOf(const std::string& folder) {
+  struct stat status {};
+  if (::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) {
+    return std::nullopt;
+  }
+  const auto modified = std::chrono::seconds(status.st_mtim.tv_sec) +
+                        std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+  return State{status.st_dev, status.st_ino, Time(modified)};
+}
+
+bool FolderIndex::isSettled(const State& state, Time now) {
+  const bool hasFractions = state.modified.time_since_epoch() % 1s != 0s;
+  return state.modified + (hasFractions ? kFineTick : kCoarseTick) < now;
+}
+
+const FolderListing* FolderIndex::list(const std::string& folder, const State& state) {
+  const Time begun = std::chrono::system_clock::now();
+  const auto names = listFolder(folder);
+  if (!names) {
+    return nullptr;
+  }
+  Entry& entry = entries_[folder];
+  namesKept_ -= entry.names.size();
+  entry = Entry{state, isSettled(state, begun), {}};
+  for (const std::string& name : *names) {
+    entry.names.add(name);
+  }
+  namesKept_ += entry.names.size();
+  forgetOthersWhenFull(folder);
+  return &entry.names;
+}
+
+void FolderIndex::forgetOthersWhenFull(const std::string& folder) {
+  if (namesKept_ + entries_.size() <= capacity_) {
+    return;
+  }
+  std::erase_if(entries_, [&](const auto& entry) { return entry.first != folder; });
+  namesKept_ = entries_.at(folder).names.size();
+}
+
+}  // namespace quorbind

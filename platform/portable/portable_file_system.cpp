@@ -1,0 +1,272 @@
+#include "platform/portable/portable_file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "platform/portable/sibling_replacement.h"
+#include "platform/portable/system_call.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "platform/text_encoding.h"
+
+namespace quorbind {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kOnlyDrive = "C:";
+constexpr mode_t kAllPermissions = 0777;
+
+using Status = struct stat;
+
+std::optional<Status> statusOf(const std::string& path) {
+  Status status{};
+  return ::stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+}
+
+bool isFile(const std::optional<Status>& status) {
+  return status && S_ISREG(status->st_mode);
+}
+bool isFolder(const std::optional<Status>& status) {
+  return status && S_ISDIR(status->st_mode);
+}
+
+bool isSame(const std::optional<Status>& left, const std::optional<Status>& right) {
+  return left && right && left->st_dev == right->st_dev && left->st_ino == right->st_ino;
+}
+
+/// The status of the file at `path`. Raises an error when there is none, or something else.
+Status statusOfFile(const std::string& path) {
+  const std::optional<Status> status = statusOf(path);
+  if (!status) {
+    raiseSystemError(errno, path);
+  }
+  if (!isFile(status)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  return *status;
+}
+
+/// Whether both paths name one entry of one folder, whatever way they take to the folder.
+bool isSameEntry(const std::string& left, const std::string& right) {
+  return nameIn(left) == nameIn(right) &&
+         isSame(statusOf(parentOf(left)), statusOf(parentOf(right)));
+}
+
+/// Opens the file at `path`. A pipe is not waited for: it is no file.
+FileDescriptor openForReading(const std::string& path) {
+  FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  Status status{};
+  if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
+    raiseSystemError(errno, path);
+  }
+  if (!S_ISREG(status.st_mode)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  return file;
+}
+
+void copyTo(const std::string& target, const FileDescriptor& source) {
+  SiblingReplacement replacement(target);
+  replacement.copyFrom(source);
+  replacement.commit();
+}
+
+void deletePath(const std::string& path) {
+  if (::unlink(path.c_str()) != 0) {
+    raiseSystemError(errno, path);
+  }
+}
+
+/// Between two disks a file can't be renamed. It stands at one end only, also after a failure.
+void moveAcrossDisks(const std::string& from, const std::string& to) {
+  copyTo(to, openForReading(from));
+  try {
+    deletePath(from);
+  } catch (const RunTimeError&) {
+    deletePath(to);
+    throw;
+  }
+}
+
+/// Renames to a name that was free a moment ago, without replacing what may stand there by now. Not
+/// every file system can promise that; then the look before has to do.
+int renameToFree(const std::string& from, const std::string& to) {
+  const int result = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+  return result == -1 && errno == EINVAL ? ::rename(from.c_str(), to.c_str()) : result;
+}
+
+/// The path of a folder, which need not stand, from the system's root; without a `/` at its end.
+std::string withoutLinks(const fs::path& folder) {
+  std::error_code error;
+  const fs::path full = fs::absolute(folder, error);
+  const fs::path real = fs::weakly_canonical(full, error);
+  std::string path = (real.empty() ? full : real).string();
+  while (path.ends_with('/')) {
+    path.pop_back();
+  }
+  return path;
+}
+
+class FileReader final : public ByteReader {
+ public:
+  explicit FileReader(FileDescriptor file) : file_(std::move(file)) {}
+
+  std::size_t read(char* buffer, std::size_t size) override {
+    return readFrom(file_, buffer, size);
+  }
+  void rewind() override {
+    if (::lseek(file_.number(), 0, SEEK_SET) == -1) {
+      raise(ErrorNumber::kDeviceIoError);
+    }
+  }
+
+ private:
+  FileDescriptor file_;
+};
+
+}  // namespace
+
+PortableFileSystem::PortableFileSystem(const fs::path& driveRoot)
+    : root_(withoutLinks(driveRoot)), finder_(root_) {}
+
+bool PortableFileSystem::fileExists(std::string_view path) {
+  try {
+    const PathFinder::Place place = locateFile(nameOf(path));
+    return place.stands && isFile(statusOf(place.path));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+bool PortableFileSystem::folderExists(std::string_view path) {
+  try {
+    const PathFinder::Place place = locate(nameOf(path));
+    return place.stands && isFolder(statusOf(place.path));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+void PortableFileSystem::createFolder(std::string_view path) {
+  const PathFinder::Place place = locate(nameOf(path));
+  if (::mkdir(place.path.c_str(), kAllPermissions) != 0) {
+    raiseSystemError(errno, place.path);
+  }
+}
+
+void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {
+  const PathFinder::Place origin = locateFile(nameOf(from));
+  const FileDescriptor source = openForReading(origin.path);
+  const PathFinder::Place target = locateFile(nameOf(to));
+  if (isSame(statusOf(origin.path), statusOf(target.path))) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  copyTo(target.path, source);
+}
+
+void PortableFileSystem::moveFile(std::string_view from, std::string_view to) {
+  const PathFinder::Place source = locateFile(nameOf(from));
+  statusOfFile(source.path);
+  const DriveName targetName = nameOf(to);
+  const PathFinder::Place target = locateFile(targetName);
+  const bool isOwnName = target.stands && isSameEntry(source.path, target.path);
+  if (target.stands && !isOwnName) {
+    raise(isFolder(statusOf(target.path)) ? ErrorNumber::kPathFileAccessError
+                                          : ErrorNumber::kFileAlreadyExists);
+  }
+  const std::string newPath = pathIn(parentOf(target.path), nameIn(targetName.parts()));
+  const int result = isOwnName ? ::rename(source.path.c_str(), newPath.c_str())
+                               : renameToFree(source.path, newPath);
+  if (result == 0) {
+    return;
+  }
+  if (errno != EXDEV) {
+    raiseSystemError(errno, newPath);
+  }
+  moveAcrossDisks(source.path, newPath);
+}
+
+void PortableFileSystem::deleteFile(std::string_view path) {
+  const PathFinder::Place place = locateFile(nameOf(path));
+  // The disk would delete it: on this system the right to do so is the folder's, not the file's.
+  const bool isReadOnly = (statusOfFile(place.path).st_mode & S_IWUSR) == 0;
+  if (isReadOnly) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  deletePath(place.path);
+}
+
+std::string PortableFileSystem::absolutePath(std::string_view path) {
+  return nameOf(path).text();
+}
+
+bool PortableFileSystem::sameFile(std::string_view left, std::string_view right) {
+  try {
+    const std::optional<Status> status = statusOf(locateFile(nameOf(left)).path);
+    return isFile(status) && isSame(status, statusOf(locateFile(nameOf(right)).path));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+std::vector<std::string> PortableFileSystem::namesIn(std::string_view folder) {
+  const PathFinder::Place place = locate(nameOf(folder));
+  if (!place.stands) {
+    raise(ErrorNumber::kPathNotFound);
+  }
+  std::optional<std::vector<std::string>> names = listFolder(place.path);
+  if (!names) {
+    if (errno == ENOTDIR) {
+      raise(ErrorNumber::kPathFileAccessError);
+    }
+    raiseSystemError(errno, place.path);
+  }
+  std::transform(names->begin(), names->end(), names->begin(), toValidUtf8);
+  std::sort(names->begin(), names->end());
+  return *std::move(names);
+}
+
+std::unique_ptr<ByteReader> PortableFileSystem::open(std::string_view path) {
+  return std::make_unique<FileReader>(openForReading(locateFile(nameOf(path)).path));
+}
+
+std::unique_ptr<FileReplacement> PortableFileSystem::replace(std::string_view path) {
+  return std::make_unique<SiblingReplacement>(locateFile(nameOf(path)).path);
+}
+
+DriveName PortableFileSystem::nameOf(std::string_view name) const {
+  return {name, DriveName::isRelative(name) ? workingFolder() : std::string()};
+}
+
+std::string PortableFileSystem::workingFolder() const {
+  std::error_code isGone;
+  const std::string folder = fs::current_path(isGone).string();
+  const bool isOnDrive =
+      folder.starts_with(root_) && (folder.size() == root_.size() || folder[root_.size()] == '/');
+  return isOnDrive ? folder.substr(root_.size()) : std::string();
+}
+
+PathFinder::Place PortableFileSystem::locate(const DriveName& name) {
+  if (!equalIgnoringAsciiCase(name.drive(), kOnlyDrive)) {
+    raise(ErrorNumber::kPathNotFound);
+  }
+  return finder_.find(root_ + (name.parts().empty() ? "/" : name.parts()));
+}
+
+PathFinder::Place PortableFileSystem::locateFile(const DriveName& name) {
+  if (name.isWrittenAsFolder() || name.parts().empty()) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  return locate(name);
+}
+
+}  // namespace quorbind

@@ -1,0 +1,196 @@
+#include "platform/portable/sibling_replacement.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <charconv>
+#include <climits>
+#include <filesystem>
+#include <optional>
+#include <random>
+#include <system_error>
+
+#include "platform/runtime_error.h"
+
+namespace quorbind {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBufferSize = 65'536;
+constexpr std::size_t kKernelCopySize = 0x4000'0000;
+constexpr int kMaximumLinks = 40;
+constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+constexpr mode_t kAllButExecute = 0666;
+
+using Status = struct stat;
+
+/// Where the symbolic links at `path` end, whether something stands there or not.
+std::string endOfLinks(std::string path) {
+  for (int links = 0; links < kMaximumLinks; ++links) {
+    std::error_code isNoLink;
+    const fs::path target = fs::read_symlink(path, isNoLink);
+    if (isNoLink) {
+      return path;
+    }
+    path = (fs::path(path).parent_path() / target).string();
+  }
+  raise(ErrorNumber::kDeviceIoError);
+}
+
+/// The status of the file to be replaced; nothing when there is none. Raises an error when what
+/// stands there is not to be replaced.
+std::optional<Status> statusOfOld(const std::string& path) {
+  Status status{};
+  if (::stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT) {
+      return std::nullopt;
+    }
+    raiseSystemError(errno, path);
+  }
+  if (!S_ISREG(status.st_mode)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  // The rename would not ask for this: it changes the folder, not the file.
+  if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+    raiseSystemError(errno, path);
+  }
+  return status;
+}
+
+/// A name beside `target` that most likely nobody has.
+std::string siblingOf(const std::string& target) {
+  constexpr int kHexadecimal = 16;
+  std::array<char, 8> digits{};
+  const auto end = std::to_chars(
+      digits.data(), digits.data() + digits.size(), std::random_device{}(), kHexadecimal);
+  std::string ending(kTemporaryInfix);
+  ending.append(digits.data(), end.ptr).append(kTemporaryExtension);
+
+  const std::size_t nameStart = target.rfind('/') + 1;
+  return target.substr(0, nameStart) + target.substr(nameStart, NAME_MAX - ending.size()) + ending;
+}
+
+void setPermissions(const FileDescriptor& file, mode_t permissions) {
+  // File systems without permissions refuse, and have none to lose.
+  static_cast<void>(::fchmod(file.number(), permissions & kPermissionBits));
+}
+
+void takeOver(const FileDescriptor& file, const Status& old) {
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  if (::fchown(file.number(), old.st_uid, old.st_gid) != 0) {
+    static_cast<void>(::fchown(file.number(), kSameOwner, old.st_gid));
+  }
+  setPermissions(file, old.st_mode);
+}
+
+/// Makes the rename itself last. By then the new file stands under its name and nothing can be
+/// taken back, so a failure changes nothing that a caller could rely on.
+void flushFolderOf(const std::string& path) {
+  const FileDescriptor folder = openFile(parentOf(path), O_RDONLY | O_DIRECTORY);
+  if (folder.isOpen()) {
+    static_cast<void>(::fsync(folder.number()));
+  }
+}
+
+}  // namespace
+
+SiblingReplacement::SiblingReplacement(const std::string& path) : target_(endOfLinks(path)) {
+  const std::optional<Status> old = statusOfOld(target_);
+  do {
+    temporary_ = siblingOf(target_);
+    file_ = openFile(temporary_, O_WRONLY | O_CREAT | O_EXCL, old ? kOwnerOnly : kAllButExecute);
+  } while (!file_.isOpen() && errno == EEXIST);
+  if (!file_.isOpen()) {
+    raiseSystemError(errno, target_);
+  }
+  if (old) {
+    takeOver(file_, *old);
+  }
+}
+
+SiblingReplacement::~SiblingReplacement() {
+  discard();
+}
+
+void SiblingReplacement::write(std::string_view bytes) {
+  requireOpen();
+  if (buffer_.size() + bytes.size() > kBufferSize) {
+    flushBuffer();
+  }
+  if (bytes.size() >= kBufferSize) {
+    writeThrough(bytes);
+  } else {
+    buffer_.append(bytes);
+  }
+}
+
+void SiblingReplacement::commit() {
+  requireOpen();
+  flushBuffer();
+  if (uninterrupted([this] { return ::fsync(file_.number()); }) != 0 || !file_.close() ||
+      ::rename(temporary_.c_str(), target_.c_str()) != 0) {
+    fail(errno);
+  }
+  temporary_.clear();
+  flushFolderOf(target_);
+}
+
+void SiblingReplacement::copyFrom(const FileDescriptor& source) {
+  requireOpen();
+  Status status{};
+  if (::fstat(source.number(), &status) != 0) {
+    fail(errno);
+  }
+  setPermissions(file_, status.st_mode);
+  while (::copy_file_range(source.number(), nullptr, file_.number(), nullptr, kKernelCopySize, 0) >
+         0) {
+  }
+  // Not every pair of file systems copies by itself. Whatever is left is copied from here, and an
+  // error comes up again.
+  std::string chunk(kBufferSize, '\0');
+  while (const std::size_t count = readFrom(source, chunk.data(), chunk.size())) {
+    write(std::string_view(chunk).substr(0, count));
+  }
+}
+
+void SiblingReplacement::flushBuffer() {
+  writeThrough(buffer_);
+  buffer_.clear();
+}
+
+void SiblingReplacement::writeThrough(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count =
+        uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+    if (count == -1) {
+      fail(errno);
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+void SiblingReplacement::requireOpen() const {
+  if (!file_.isOpen()) {
+    raise(ErrorNumber::kDeviceIoError);
+  }
+}
+
+void SiblingReplacement::fail(int error) {
+  discard();
+  raiseSystemError(error, target_);
+}
+
+void SiblingReplacement::discard() {
+  file_.close();
+  if (!temporary_.empty()) {
+    ::unlink(temporary_.c_str());
+    temporary_.clear();
+  }
+}
+
+}  // namespace quorbind

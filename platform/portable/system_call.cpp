@@ -1,0 +1,113 @@
+#include "platform/portable/system_call.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+#include <string_view>
+
+#include "platform/runtime_error.h"
+
+namespace quorbind {
+
+namespace {
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+bool isFolder(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+ErrorNumber errorNumberOf(int error, const std::string& path) {
+  switch (error) {
+    case ENOENT:
+      return isFolder(parentOf(path)) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound;
+    case ENOTDIR:
+      return ErrorNumber::kPathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ErrorNumber::kPermissionDenied;
+    case EEXIST:
+      return ErrorNumber::kFileAlreadyExists;
+    case EISDIR:
+      return ErrorNumber::kPathFileAccessError;
+    case ENOSPC:
+    case EDQUOT:
+      return ErrorNumber::kDiskFull;
+    case ENAMETOOLONG:
+      return ErrorNumber::kBadFileName;
+    default:
+      return ErrorNumber::kDeviceIoError;
+  }
+}
+
+}  // namespace
+
+bool FileDescriptor::close() {
+  if (!isOpen()) {
+    return true;
+  }
+  // The descriptor is gone even when a signal interrupts the call, so it is never closed again.
+  return ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
+}
+
+FileDescriptor openFile(const std::string& path, int flags, unsigned permissions) {
+  return FileDescriptor(
+      uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, permissions); }));
+}
+
+std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size) {
+  const ssize_t count = uninterrupted([&] { return ::read(file.number(), buffer, size); });
+  if (count == -1) {
+    raise(ErrorNumber::kDeviceIoError);
+  }
+  return static_cast<std::size_t>(count);
+}
+
+std::optional<std::vector<std::string>> listFolder(const std::string& folder) {
+  const std::unique_ptr<DIR, CloseFolder> stream(::opendir(folder.c_str()));
+  if (!stream) {
+    return std::nullopt;
+  }
+  std::vector<std::string> names;
+  for (;;) {
+    errno = 0;
+    const dirent* entry = ::readdir(stream.get());
+    if (entry == nullptr) {
+      break;
+    }
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") {
+      names.emplace_back(name);
+    }
+  }
+  if (errno != 0) {
+    return std::nullopt;
+  }
+  return names;
+}
+
+std::string parentOf(const std::string& path) {
+  const std::size_t separator = path.rfind('/');
+  return path.substr(0, separator == 0 ? 1 : separator);
+}
+
+std::string nameIn(const std::string& path) {
+  return path.substr(path.rfind('/') + 1);
+}
+
+std::string pathIn(const std::string& folder, const std::string& name) {
+  return folder.ends_with('/') ? folder + name : folder + '/' + name;
+}
+
+void raiseSystemError(int error, const std::string& path) {
+  raise(errorNumberOf(error, path));
+}
+
+}  // namespace quorbind

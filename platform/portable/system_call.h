@@ -1,0 +1,63 @@
+#pragma once
+
+// The ground rules of this folder's system calls: descriptors close themselves, interrupted calls
+// are made again, and errno becomes the run-time error that the file-system port promises for it.
+
+#include <cerrno>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quorbind {
+
+/// An open file or folder, or none.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int number = -1) : number_(number) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  ~FileDescriptor() { close(); }
+
+  [[nodiscard]] bool isOpen() const { return number_ != -1; }
+  [[nodiscard]] int number() const { return number_; }
+  /// Closes the file, if one is open. False, with errno, when bytes written to it may be lost.
+  bool close();
+
+ private:
+  int number_;
+};
+
+/// Makes a system call that answers -1 for a failure, again as long as a signal interrupts it.
+template <typename Call>
+auto uninterrupted(Call call) {
+  for (;;) {
+    const auto result = call();
+    if (result != -1 || errno != EINTR) {
+      return result;
+    }
+  }
+}
+
+/// Opens a file; the descriptor is not handed on to other programs. None, with errno, on failure.
+FileDescriptor openFile(const std::string& path, int flags, unsigned permissions = 0);
+
+/// Reads up to `size` bytes; 0 only at the end of the file. Raises 57.
+std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size);
+
+/// The names in a folder, in no order, `.` and `..` left out. Nothing, with errno, on failure.
+std::optional<std::vector<std::string>> listFolder(const std::string& folder);
+
+/// The folder that a path from the root lies in, the name behind it, and both put together.
+std::string parentOf(const std::string& path);
+std::string nameIn(const std::string& path);
+std::string pathIn(const std::string& folder, const std::string& name);
+
+/// Raises the run-time error for `error`, which an operation on the file at `path` ended with.
+[[noreturn]] void raiseSystemError(int error, const std::string& path);
+
+}  // namespace quorbind

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorbind {
+
+/// `text` as it may reach a terminal: valid UTF-8 in which control characters are written out
+/// (`\x1B`), so that no text out of a document moves the cursor or changes the terminal's state.
+/// A tab stays; a line end is a control character like any other.
+std::string visibleText(std::string_view text);
+
+/// The same for a text of several lines: CR LF, LF and a lone CR are line ends and come out as LF.
+/// A line beyond kLongestVisibleLine bytes is cut, and says how much is missing.
+std::string visibleLines(std::string_view text);
+
+inline constexpr std::size_t kLongestVisibleLine = 2000;
+
+}  // namespace quorbind

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <libxml/encoding.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <libxml/xpath.h>
+
+#include <memory>
+
+namespace quorbind {
+
+/// Calls one of libxml2's functions that free what they are given.
+template <auto kFree>
+struct XmlDeleter {
+  template <typename Type>
+  void operator()(Type* owned) const {
+    kFree(owned);
+  }
+};
+
+using XmlBufferHandle = std::unique_ptr<xmlBuffer, XmlDeleter<&xmlBufferFree>>;
+using XmlDocHandle = std::unique_ptr<xmlDoc, XmlDeleter<&xmlFreeDoc>>;
+using XmlEncoderHandle = std::unique_ptr<xmlCharEncodingHandler, XmlDeleter<&xmlCharEncCloseFunc>>;
+using XmlNodeHandle = std::unique_ptr<xmlNode, XmlDeleter<&xmlFreeNode>>;
+using XmlParserHandle = std::unique_ptr<xmlParserCtxt, XmlDeleter<&xmlFreeParserCtxt>>;
+using XPathContextHandle = std::unique_ptr<xmlXPathContext, XmlDeleter<&xmlXPathFreeContext>>;
+using XPathResultHandle = std::unique_ptr<xmlXPathObject, XmlDeleter<&xmlXPathFreeObject>>;
+
+}  // namespace quorbind

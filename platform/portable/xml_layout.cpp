@@ -1,0 +1,63 @@
+#include "platform/portable/xml_layout.h"
+
+#include "platform/portable/xml_text.h"
+
+namespace quorbind {
+
+namespace {
+
+bool preservesSpace(const xmlNode& element) {
+  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
+       attribute = attribute->next) {
+    if (hasName(*attribute, "xml:space")) {
+      return attribute->children != nullptr && viewOf(attribute->children->content) == "preserve";
+    }
+  }
+  return false;
+}
+
+bool isLayout(const xmlNode& node) {
+  return node.type == XML_TEXT_NODE && isBlankText(node);
+}
+
+bool isText(const xmlNode& node) {
+  return node.type == XML_TEXT_NODE || node.type == XML_CDATA_SECTION_NODE;
+}
+
+}  // namespace
+
+bool isBlankText(const xmlNode& node) {
+  return isText(node) && isBlank(viewOf(node.content));
+}
+
+bool isAsWritten(const xmlNode& element) {
+  if (preservesSpace(element)) {
+    return true;
+  }
+  bool textOnly = true;
+  for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
+    if (isText(*child) && !isLayout(*child)) {
+      return true;
+    }
+    textOnly = textOnly && isText(*child);
+  }
+  return textOnly;
+}
+
+void dropLayout(xmlNode& element) {
+  if (isAsWritten(element)) {
+    return;
+  }
+  for (xmlNode* child = element.children; child != nullptr;) {
+    xmlNode* const next = child->next;
+    if (isLayout(*child)) {
+      xmlUnlinkNode(child);
+      xmlFreeNode(child);
+    } else if (child->type == XML_ELEMENT_NODE) {
+      dropLayout(*child);
+    }
+    child = next;
+  }
+}
+
+}  // namespace quorbind

@@ -1,0 +1,77 @@
+#include "platform/portable/xml_scan.h"
+
+#include <string>
+
+#include "platform/portable/bounded_xml_parser.h"
+#include "platform/portable/xml_text.h"
+
+namespace quorbind {
+
+namespace {
+
+/// Builds no tree: of libxml2's own handlers those that would are taken off.
+class ScanParser final : public BoundedXmlParser {
+ public:
+  explicit ScanParser(XmlScanHandler& handler) : handler_(handler) {
+    xmlSAXHandler& handlers = *context().sax;
+    handlers.characters = &onText;
+    handlers.ignorableWhitespace = &onText;
+    handlers.cdataBlock = &onText;
+    handlers.comment = nullptr;
+    handlers.processingInstruction = nullptr;
+    handlers.reference = nullptr;
+  }
+
+ private:
+  /// The attributes of one start tag where libxml2 keeps them.
+  class Attributes final : public XmlScanAttributes {
+   public:
+    explicit Attributes(const StartTag& tag) : tag_(tag) {}
+
+    [[nodiscard]] std::string_view value(std::string_view name) const override {
+      for (int i = 0; i < tag_.attributeCount; ++i) {
+        const xmlChar** const attribute = tag_.attributes + i * kAttributeFields;
+        if (isNamed(attribute[1], attribute[0], name)) {
+          return viewOf(attribute[3], attribute[4]);
+        }
+      }
+      return {};
+    }
+
+   private:
+    const StartTag& tag_;
+  };
+
+  void startElement(const StartTag& tag) override {
+    handler_.startElement(nameOf(tag.prefix, tag.localName), Attributes(tag));
+  }
+
+  void endElement(const EndTag& tag) override {
+    handler_.endElement(nameOf(tag.prefix, tag.localName));
+  }
+
+  static void onText(void* context, const xmlChar* text, int length) {
+    auto& parser = static_cast<ScanParser&>(of(context));
+    parser.guarded([&] { parser.handler_.text(viewOf(text, text + length)); });
+  }
+
+  [[nodiscard]] std::string_view nameOf(const xmlChar* prefix, const xmlChar* local) {
+    if (prefix == nullptr) {
+      return viewOf(local);
+    }
+    name_ = qualifiedName(prefix, local);
+    return name_;
+  }
+
+  XmlScanHandler& handler_;
+  std::string name_;
+};
+
+}  // namespace
+
+XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& handler) {
+  ScanParser parser(handler);
+  return parser.parse(files, path);
+}
+
+}  // namespace quorbind

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "platform/xml_document.h"
+
+namespace quorbind {
+
+/// XmlLibrary::scan over libxml2's parser. It holds one piece of markup at a time, so the only
+/// thing that can take memory is a single attribute value, comment or instruction of great length.
+XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& handler);
+
+}  // namespace quorbind

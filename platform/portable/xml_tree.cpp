@@ -1,0 +1,209 @@
+#include "platform/portable/xml_tree.h"
+
+#include <libxml/parserInternals.h>
+#include <libxml/xmlerror.h>
+
+#include <utility>
+
+#include "platform/portable/xml_layout.h"
+#include "platform/portable/xml_messages.h"
+#include "platform/portable/xml_text.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "platform/xml_writer.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr const char* kNoNodesAskedFor = "The query does not ask for nodes.";
+constexpr const char* kNulInQuery = "A query can't contain the character 0.";
+constexpr std::string_view kNul("\0", 1);
+constexpr std::string_view kNamespaceDeclaration = "xmlns";
+
+void require(bool condition) {
+  if (!condition) {
+    raise(ErrorNumber::kInvalidProcedureCall);
+  }
+}
+
+/// libxml2 answers a null pointer where memory is short.
+template <typename Pointer>
+Pointer made(Pointer pointer) {
+  if (pointer == nullptr) {
+    raise(ErrorNumber::kOutOfMemory);
+  }
+  return pointer;
+}
+
+bool isUnprefixedName(const std::string& name) {
+  return !contains(name, kNul) && xmlValidateNCName(xmlTextOf(name), 0) == 0;
+}
+
+bool canBeChild(const xmlNode& node) {
+  switch (node.type) {
+    case XML_ELEMENT_NODE:
+    case XML_TEXT_NODE:
+    case XML_CDATA_SECTION_NODE:
+    case XML_COMMENT_NODE:
+    case XML_PI_NODE:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool standsInside(const xmlNode& node, const xmlNode& other) {
+  const xmlNode* outer = &node;
+  while (outer != nullptr && outer != &other) {
+    outer = outer->parent;
+  }
+  return outer != nullptr;
+}
+
+/// libxml2's own functions would melt neighbouring texts into one and free the other.
+void link(xmlNode& child, xmlNode& parent, xmlNode* next) {
+  xmlNode* const previous = next == nullptr ? parent.last : next->prev;
+  child.parent = &parent;
+  child.next = next;
+  child.prev = previous;
+  (previous == nullptr ? parent.children : previous->next) = &child;
+  (next == nullptr ? parent.last : next->prev) = &child;
+}
+
+}  // namespace
+
+XmlTree::XmlTree() : XmlTree(XmlDocHandle(made(xmlNewDoc(nullptr)))) {}
+
+XmlTree::XmlTree(XmlDocHandle document) : document_(std::move(document)) {}
+
+XmlTree::~XmlTree() {
+  for (xmlNode* node : loose_) {
+    xmlFreeNode(node);
+  }
+}
+
+xmlNode* XmlTree::root() const {
+  return xmlDocGetRootElement(document_.get());
+}
+
+xmlNode& XmlTree::createElement(const std::string& name) {
+  require(isUnprefixedName(name));
+  XmlNodeHandle node(made(xmlNewDocNode(document_.get(), nullptr, xmlTextOf(name), nullptr)));
+  loose_.insert(node.get());
+  return *node.release();
+}
+
+void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
+  require(parent.type == XML_ELEMENT_NODE && canBeChild(child));
+  require(reference == nullptr || reference->parent == &parent);
+  require(!standsInside(parent, child));
+  if (reference == &child) {
+    return;
+  }
+  xmlUnlinkNode(&child);
+  loose_.erase(&child);
+  link(child, parent, reference);
+  if (child.type == XML_ELEMENT_NODE) {
+    xmlDOMWrapReconcileNamespaces(nullptr, &child, 0);
+  }
+}
+
+void XmlTree::takeOut(xmlNode& child) {
+  loose_.insert(&child);
+  xmlUnlinkNode(&child);
+}
+
+void XmlTree::setElementText(xmlNode& element, const std::string& text) {
+  xmlNode* const first = element.children;
+  if (!text.empty() && first != nullptr && first->next == nullptr && first->type == XML_TEXT_NODE) {
+    setContent(*first, text);
+    return;
+  }
+  while (element.children != nullptr) {
+    takeOut(*element.children);
+  }
+  if (!text.empty()) {
+    link(*made(xmlNewDocText(document_.get(), xmlTextOf(text))), element, nullptr);
+  }
+}
+
+void XmlTree::setContent(xmlNode& node, const std::string& text) {
+  require(node.type != XML_COMMENT_NODE || fitsComment(text));
+  require(node.type != XML_PI_NODE || fitsInstruction(text));
+  if (node.type == XML_CDATA_SECTION_NODE) {
+    // The document's encoding may lack a character, and there are no references in CDATA sections.
+    node.type = XML_TEXT_NODE;
+    node.name = xmlStringText;
+  }
+  xmlNodeSetContent(&node, xmlTextOf(text));
+}
+
+void XmlTree::setAttribute(xmlNode& element, const std::string& name, const std::string& value) {
+  if (const xmlAttr* attribute = findAttribute(element, name)) {
+    made(xmlSetNsProp(&element, attribute->ns, attribute->name, xmlTextOf(value)));
+    return;
+  }
+  const std::size_t colon = name.find(':');
+  const std::string local = colon == std::string::npos ? name : name.substr(colon + 1);
+  require(isUnprefixedName(local) && name != kNamespaceDeclaration);
+  xmlNs* nameSpace = nullptr;
+  if (colon != std::string::npos) {
+    nameSpace = xmlSearchNs(document_.get(), &element, xmlTextOf(name.substr(0, colon)));
+    require(nameSpace != nullptr && colon > 0);
+  }
+  made(xmlNewNsProp(&element, nameSpace, xmlTextOf(local), xmlTextOf(value)));
+}
+
+std::vector<xmlNode*> XmlTree::selectFromDocument(std::string_view query) {
+  return select(query, *reinterpret_cast<xmlNode*>(document_.get()));
+}
+
+std::vector<xmlNode*> XmlTree::select(std::string_view query, xmlNode& start) {
+  const XPathResultHandle result = evaluate(query, start);
+  std::vector<xmlNode*> nodes;
+  for (int i = 0; i < xmlXPathNodeSetGetLength(result->nodesetval); ++i) {
+    xmlNode* const node = result->nodesetval->nodeTab[i];
+    if (node->type == XML_ATTRIBUTE_NODE || isVisible(*node)) {
+      nodes.push_back(node);
+    }
+  }
+  return nodes;
+}
+
+XPathResultHandle XmlTree::evaluate(std::string_view query, xmlNode& start) {
+  if (contains(query, kNul)) {
+    throw RunTimeError(kInvalidQueryError, kNulInQuery);
+  }
+  const XmlMessages silence;
+  if (queries_ == nullptr) {
+    queries_.reset(made(xmlXPathNewContext(document_.get())));
+  }
+  queries_->node = &start;
+  xmlResetLastError();
+  XPathResultHandle result(xmlXPathEval(xmlTextOf(std::string(query)), queries_.get()));
+  if (result == nullptr) {
+    throw RunTimeError(kInvalidQueryError, oneLine(made(xmlGetLastError())->message));
+  }
+  if (result->type != XPATH_NODESET) {
+    throw RunTimeError(kInvalidQueryError, kNoNodesAskedFor);
+  }
+  return result;
+}
+
+xmlAttr* findAttribute(const xmlNode& element, std::string_view name) {
+  if (element.type != XML_ELEMENT_NODE) {
+    return nullptr;
+  }
+  xmlAttr* attribute = element.properties;
+  while (attribute != nullptr && !hasName(*attribute, name)) {
+    attribute = attribute->next;
+  }
+  return attribute;
+}
+
+bool isVisible(const xmlNode& node) {
+  return canBeChild(node) && !isBlankText(node);
+}
+
+}  // namespace quorbind

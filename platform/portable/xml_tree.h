@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/portable/xml_handles.h"
+
+namespace quorbind {
+
+/// Owns the nodes of one document: those that stand in it, and those that stand nowhere, because
+/// they were just made or were taken out. No node is freed before the tree.
+///
+/// Nodes are libxml2's own. The operations raise 5 for what would leave no tree.
+class XmlTree {
+ public:
+  /// A tree without a root.
+  XmlTree();
+  explicit XmlTree(XmlDocHandle document);
+  ~XmlTree();
+  XmlTree(const XmlTree&) = delete;
+  XmlTree& operator=(const XmlTree&) = delete;
+
+  [[nodiscard]] const xmlDoc& document() const { return *document_; }
+  /// Null without one.
+  [[nodiscard]] xmlNode* root() const;
+
+  /// Raises 5 for what is no name, and for a name with a prefix: nothing could declare it.
+  [[nodiscard]] xmlNode& createElement(const std::string& name);
+
+  /// Puts `child` into the element `parent`, in front of `reference` or, without one, behind the
+  /// last child. It leaves the place where it stands.
+  void insert(xmlNode& child, xmlNode& parent, xmlNode* reference);
+  void takeOut(xmlNode& child);
+
+  /// Replaces everything in an element by `text`, which must be text that XML can hold.
+  void setElementText(xmlNode& element, const std::string& text);
+  /// The same for a text, a comment or a processing instruction.
+  void setContent(xmlNode& node, const std::string& text);
+  /// Raises 5 for what is no name, and for a prefix that is not declared where the element stands.
+  void setAttribute(xmlNode& element, const std::string& name, const std::string& value);
+
+  /// The nodes that an XPath query finds from `start`, in document order: elements, attributes,
+  /// comments, instructions and texts that are not blank. An invalid query, or one for something
+  /// else than nodes, raises kInvalidQueryError.
+  [[nodiscard]] std::vector<xmlNode*> select(std::string_view query, xmlNode& start);
+  [[nodiscard]] std::vector<xmlNode*> selectFromDocument(std::string_view query);
+
+ private:
+  [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
+
+  XmlDocHandle document_;
+  /// The topmost ones of the nodes that stand nowhere.
+  std::unordered_set<xmlNode*> loose_;
+  /// Made by the first query.
+  XPathContextHandle queries_;
+};
+
+/// The first attribute of that name, which may have a prefix; null without one.
+xmlAttr* findAttribute(const xmlNode& element, std::string_view name);
+
+/// Whether `node` is one that the port knows as a child: not a text of white space alone.
+bool isVisible(const xmlNode& node);
+
+}  // namespace quorbind
