@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorbind::book_names {
+
+// The names in a book XML file, written down once: docs/formats/book-xml.md tells what they hold.
+
+inline constexpr std::string_view kFilePrefix = "Book_";
+inline constexpr std::string_view kFileExtension = ".xml";
+inline constexpr std::string_view kMaster = "Book_Master";
+inline constexpr std::string_view kBook = "Book";
+inline constexpr std::string_view kName = "Book_Name";
+inline constexpr std::string_view kAcro = "Book_Acro";
+inline constexpr std::string_view kKey = "Book_Key";
+inline constexpr std::string_view kKeyId = "id";
+inline constexpr std::string_view kPath = "Book_Path";
+inline constexpr std::string_view kBuildDate = "Book_BuildDate";
+inline constexpr std::string_view kBookFile = "Book_File";
+inline constexpr std::string_view kType = "type";
+inline constexpr std::string_view kCategories = "Book_Categories";
+inline constexpr std::string_view kHeadings = "Book_Headings";
+inline constexpr std::string_view kHeading = "Heading";
+inline constexpr std::string_view kLevel = "level";
+inline constexpr std::string_view kHeadingName = "HName";
+inline constexpr std::string_view kFLinkValue = "FLinkValue";
+inline constexpr std::string_view kHeadingFile = "HFile";
+inline constexpr std::string_view kBookMark = "BookMark";
+
+/// The name of the book XML file of the book with that acronym.
+inline std::string fileOf(std::string_view acronym) {
+  return std::string(kFilePrefix).append(acronym).append(kFileExtension);
+}
+
+}  // namespace quorbind::book_names

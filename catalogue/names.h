@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string_view>
+
+// The names in a server's two lists, written down once: docs/formats/ tells what they hold.
+
+namespace quorbind {
+
+/// How a documentation server's folder is laid out.
+namespace server_names {
+inline constexpr std::string_view kDocsFolder = "Docs";
+inline constexpr std::string_view kSelectionFile = "Quor_Selection.xml";
+inline constexpr std::string_view kDefaultCategoriesFile = "Quor_DefaultCategories.xml";
+}  // namespace server_names
+
+/// A library's master catalogue.
+namespace catalogue_names {
+inline constexpr std::string_view kFile = "Quor_TOC.xml";
+inline constexpr std::string_view kMaster = "Quor_Master";
+inline constexpr std::string_view kBooks = "Quor_Books";
+inline constexpr std::string_view kBook = "Book";
+inline constexpr std::string_view kName = "Book_Name";
+inline constexpr std::string_view kAcro = "Book_Acro";
+inline constexpr std::string_view kKey = "Book_Key";
+inline constexpr std::string_view kKeyId = "id";
+inline constexpr std::string_view kFolder = "Book_Folder";
+inline constexpr std::string_view kBookFile = "Book_File";
+inline constexpr std::string_view kCategories = "Book_Categories";
+inline constexpr std::string_view kCategory = "Book_Category";
+inline constexpr std::string_view kBooksPath = "Quor_Master/Quor_Books";
+inline constexpr std::string_view kBookPath = "Quor_Master/Quor_Books/Book";
+}  // namespace catalogue_names
+
+/// The list of a server's libraries.
+namespace selection_names {
+inline constexpr std::string_view kList = "Quor_Selection_List";
+inline constexpr std::string_view kQuors = "Quors";
+inline constexpr std::string_view kQuor = "Quor";
+inline constexpr std::string_view kName = "Quor_Name";
+inline constexpr std::string_view kLocation = "Quor_Location";
+}  // namespace selection_names
+
+}  // namespace quorbind

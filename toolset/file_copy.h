@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/toolset.h"
+
+namespace quorbind {
+
+class FileSystem;
+class Locale;
+class XmlLibrary;
+
+/// Copies a file, and with a book XML file or an HTML page what belongs to it.
+///
+/// The target is the folder `destination`, made with all folders above it, or the folder that
+/// `destination` lies in when its last part is the source's own file name. A file that stands there
+/// is overwritten. False, and nothing made, when there is no source; False as well when it could
+/// not be brought into place.
+///
+/// To a book XML file belong the documents that its headings name, up to a `#`: those beside it,
+/// else those in the folder above. To a page, be it one of these documents or the source itself,
+/// belong the local files that it links to by `src` and `href` and that lie below its own folder;
+/// pages among these are copied and not read. Everything keeps its place below the target folder.
+/// What is missing or can't be copied is passed over, and changes nothing in the result.
+///
+/// Names in documents are confined: one with a drive, a scheme, a root, a `..` or a device in it is
+/// never looked at.
+class ReferenceFileCopy final : public FileCopy {
+ public:
+  /// Kept by reference.
+  ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const Locale& locale)
+      : files_(files), xml_(xml), locale_(locale) {}
+
+  bool mbCopyFiles(std::string_view destination,
+                   std::string_view source,
+                   int reservedOverwrite,
+                   int reservedDialog) override;
+
+ private:
+  [[nodiscard]] std::string targetFor(std::string_view source, std::string_view destination) const;
+  void copyWhatBelongsTo(const std::string& source, const std::string& target);
+
+  FileSystem& files_;
+  XmlLibrary& xml_;
+  const Locale& locale_;
+};
+
+}  // namespace quorbind
