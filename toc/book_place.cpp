@@ -1,0 +1,43 @@
+#include "toc/book_place.h"
+
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "toc/text_form.h"
+#include "workflow/forms/name_rules.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::string_view kLeadsOut = "Error:Book Folder leads out of the library: ";
+
+std::optional<std::string> refusalOf(const std::string& folder, std::string_view file) {
+  if (auto refusal = refusalOfFolder(folder)) {
+    return refusal;
+  }
+  // An empty folder is the library's own, unless the name begins with `\\` because it leads
+  // elsewhere.
+  const bool leadsOut = folder.empty() ? leadsToNetworkOrDevice(file) : !staysInFolder(folder);
+  if (leadsOut) {
+    return std::string(kLeadsOut).append(file);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
+  const std::string entry = text_form::readBookEntry(platform.files, platform.locale, tocPath);
+  const Pieces pieces(entry, text_form::kMarker);
+  if (pieces.count() <= text_form::kFile) {
+    return {};
+  }
+  const std::string_view file = pieces.at(text_form::kFile);
+  if (!contains(file, "\\")) {
+    return {};
+  }
+  const std::string folder(file.substr(0, file.find('\\')));
+  return {.folder = folder, .refusal = refusalOf(folder, file)};
+}
+
+}  // namespace quorbind

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/platform.h"
+
+namespace quorbind {
+
+/// Where a table of contents itself says that its book belongs.
+struct StatedPlace {
+  /// The folder below the library's; empty for the library's own, nothing when none is stated.
+  std::optional<std::string> folder;
+  /// Why the stated folder may not be used: it leads out of the library, or breaks the rules of the
+  /// folder dialog. Nothing may be written then.
+  std::optional<std::string> refusal;
+};
+
+/// Reads it from a table of contents in the intermediate text form. Raises what opening the file
+/// raises.
+StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath);
+
+}  // namespace quorbind

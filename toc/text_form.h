@@ -1,0 +1,51 @@
+#pragma once
+
+// The intermediate text form of a table of contents: what HTML pages and workbooks are exported to,
+// and what the book XML generator reads. Line 1 is a header; in every further line each field
+// stands between two markers, and neighbouring fields are a blank apart.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "platform/locale.h"
+
+namespace quorbind::text_form {
+
+inline constexpr std::string_view kMarker = "$@@$";
+/// The FLinkValue of an entry that has none.
+inline constexpr std::string_view kNoLink = "#NoLink#";
+/// The BookLinkValue of an entry that can't be linked to from other books.
+inline constexpr std::string_view kNoBookLink = "#NO_BOOKLINK#";
+
+/// Where the fields are found in a line that was cut at every marker.
+enum Piece : std::size_t {
+  kLevel = 1,
+  kName = 3,
+  kFile = 5,
+  kSubLink = 7,
+  kFLinkValue = 9,
+  kBookLinkValue = 11,
+};
+
+/// The fields of one entry.
+struct Entry {
+  std::int32_t level = 0;
+  std::string_view name = {};
+  std::string_view file = {};
+  /// A bookmark with its `#`, or empty.
+  std::string_view subLink = {};
+  std::string_view fLinkValue = kNoLink;
+  std::string_view bookLinkValue = kNoBookLink;
+};
+
+/// One line of the form, without its line end.
+std::string lineOf(const Entry& entry);
+
+/// The line that describes the book itself: the last of the first three lines of the file, with
+/// every `/` as `\`. Raises what opening the file raises; empty for an empty file.
+std::string readBookEntry(FileSystem& files, const Locale& locale, std::string_view path);
+
+}  // namespace quorbind::text_form

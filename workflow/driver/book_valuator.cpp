@@ -1,0 +1,194 @@
+#include "workflow/driver/book_valuator.h"
+
+#include "bookxml/names.h"
+#include "bookxml/toc_to_xml.h"
+#include "platform/error_trap.h"
+#include "platform/file_system.h"
+#include "platform/paths.h"
+#include "platform/toolset.h"
+#include "toc/book_place.h"
+#include "workflow/inputs/book_entry.h"
+#include "workflow/inputs/form_input.h"
+#include "workflow/inputs/input_check.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::int32_t kProgressMaximum = 10;
+constexpr std::int32_t kProgressValidated = 2;
+constexpr std::int32_t kProgressConverted = 4;
+constexpr std::int32_t kProgressEntered = 8;
+
+constexpr std::string_view kStageNotBuilt =
+    "Keywords and categories can not be recorded by this version. Nothing was changed.";
+
+/// The folder of a path, with its `\`; empty for a path without one.
+std::string folderWithSeparator(std::string_view path) {
+  return std::string(path.substr(0, path.size() - fileNameOf(path).size()));
+}
+
+}  // namespace
+
+BookValuator::BookValuator(Module& module, TocCheck& tocCheck, QuorBookEvents* events)
+    : module_(module), platform_(module.platform), tocCheck_(tocCheck), events_(events) {}
+
+bool BookValuator::run(const BookValuatorArguments& arguments) {
+  bool answer = false;
+  const bool finished =
+      trapped(platform_.ui, source::kBookValuator, [&] { answer = addBook(arguments); });
+  if (!finished) {
+    module_.progress.unload();
+  }
+  return finished && answer;
+}
+
+bool BookValuator::addBook(const BookValuatorArguments& arguments) {
+  begin(arguments);
+  if (isAccepted(arguments)) {
+    // The books of a workbook are added one by one while it is checked, not here.
+    if (arguments.vintType == TocCheck::kExcel) {
+      return false;
+    }
+    if (nameBook(arguments) && placeIsAllowed()) {
+      build(arguments);
+    }
+  }
+  end();
+  return true;
+}
+
+void BookValuator::begin(const BookValuatorArguments& arguments) {
+  tocPath_ = arguments.vstrtocpath;
+  cataloguePath_ = arguments.vstrQuorTOcPath;
+  bookFolder_.clear();
+  workingFolder_.clear();
+
+  module_.progress.setMaximum(kProgressMaximum);
+  module_.progress.show();
+
+  ProcessState& state = module_.state;
+  state.currentProductName = arguments.vstrProductName;
+  state.currentCataloguePath = cataloguePath_;
+  state.currentCategoriesPath = arguments.vstrBookCategoryPath;
+  state.currentTocPath = tocPath_;
+  state.cancelled = false;
+  module_.bookInfo.setFileNameLabel(tocPath_);
+}
+
+bool BookValuator::isAccepted(const BookValuatorArguments& arguments) {
+  setStatus(Message::kTocValidationInProgress);
+  return bCheckForValidInput(module_, tocPath_, arguments.vintType) && stagesAreBuilt(arguments) &&
+         tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType);
+}
+
+bool BookValuator::stagesAreBuilt(const BookValuatorArguments& arguments) {
+  const bool built = arguments.strKeyWords.empty() && arguments.strCategory.empty();
+  if (!built) {
+    platform_.ui.show(criticalMessage(std::string(kStageNotBuilt)));
+  }
+  return built;
+}
+
+bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
+  ProcessState& state = module_.state;
+  if (!arguments.vstrBookName.empty()) {
+    state.currentBookName = arguments.vstrBookName;
+  }
+  if (!arguments.vstrBookAcro.empty()) {
+    state.currentBookAcro = arguments.vstrBookAcro;
+  }
+  module_.progress.setValue(kProgressValidated);
+  setStatus(Message::kConversionInProgress);
+  return mbGetFormInput(module_, cataloguePath_, arguments.vintType);
+}
+
+// Asked here as well as by the generator, because a book whose place is refused must not have its
+// older book file copied either.
+bool BookValuator::placeIsAllowed() {
+  const StatedPlace stated = readStatedPlace(platform_, tocPath_);
+  if (stated.refusal) {
+    platform_.ui.show(criticalMessage(*stated.refusal));
+  }
+  return !stated.refusal;
+}
+
+void BookValuator::build(const BookValuatorArguments& arguments) {
+  module_.bookInfo.txtBookName().setText("");
+  module_.bookInfo.txtBookAcro().setText("");
+  module_.progress.show();
+
+  convert(arguments);
+
+  module_.progress.setValue(kProgressConverted);
+  setStatus(Message::kFileCopyingInProgress);
+  copyToLibrary();
+
+  enterInCatalogue(arguments);
+}
+
+void BookValuator::convert(const BookValuatorArguments& arguments) {
+  const ProcessState& state = module_.state;
+  workingFolder_ = folderWithSeparator(tocPath_);
+  bookFolder_ = CTOCToXML(module_).mstrGenerateXMLFromTOC(tocPath_,
+                                                          cataloguePath_,
+                                                          state.currentBookName,
+                                                          state.currentBookAcro,
+                                                          "",
+                                                          arguments.vstrProductName);
+  if (platform_.files.folderExists(workingFolder_ + bookFolder_)) {
+    const std::string folderBesideToc = workingFolder_ + bookFolder_;
+    ignoringErrors([&] {
+      platform_.files.moveFile(workingFolder_ + bookFileName(),
+                               folderBesideToc + "\\" + bookFileName());
+    });
+    workingFolder_ = folderBesideToc;
+  }
+}
+
+void BookValuator::copyToLibrary() {
+  const std::string generated = workingFolder_ + "\\" + bookFileName();
+  const std::string destination = libraryFolder() + bookFolder_;
+  platform_.toolset.createFileCopy()->mbCopyFiles(destination, generated, 0, 0);
+  // A table of contents kept inside the library has its book file made where it belongs.
+  if (!platform_.files.sameFile(generated, destination + "\\" + bookFileName())) {
+    platform_.files.deleteFile(generated);
+  }
+}
+
+void BookValuator::enterInCatalogue(const BookValuatorArguments& arguments) {
+  mbAddBookTocForBook(
+      module_, cataloguePath_, arguments.vstrProductName, bookFolder_, arguments.vstrCategory);
+  module_.state.recordedXmlAcro.clear();
+  module_.progress.setValue(kProgressEntered);
+  setStatus(Message::kAddingBookToCatalogue);
+
+  const std::string folder = libraryFolder() + bookFolder_;
+  if (!bookFolder_.empty() && !platform_.files.folderExists(folder)) {
+    platform_.files.createFolder(folder);
+  }
+  setStatus(Message::kTocAdditionComplete);
+}
+
+void BookValuator::end() {
+  module_.progress.unload();
+  if (events_ != nullptr) {
+    events_->evtGetFolderName(bookFolder_);
+  }
+  module_.state.currentBookName.clear();
+  module_.state.currentBookAcro.clear();
+}
+
+std::string BookValuator::bookFileName() const {
+  return book_names::fileOf(module_.state.currentBookAcro);
+}
+
+std::string BookValuator::libraryFolder() const {
+  return folderWithSeparator(cataloguePath_);
+}
+
+void BookValuator::setStatus(Message message) {
+  module_.progress.setStatus(std::string(text(message)));
+}
+
+}  // namespace quorbind

@@ -1,0 +1,79 @@
+#include "workflow/inputs/catalogue_check.h"
+
+#include "catalogue/names.h"
+#include "platform/error_trap.h"
+#include "platform/toolset.h"
+#include "platform/xml_document.h"
+#include "platform/xpath_query.h"
+#include "resources/messages.h"
+
+namespace quorbind {
+
+namespace {
+
+/// The query for the books whose child `element` is `value`.
+std::string bookBy(std::string_view element, std::string_view value) {
+  return std::string(catalogue_names::kBookPath)
+      .append("[")
+      .append(element)
+      .append(" = ")
+      .append(quotedForQuery(value, '\''))
+      .append("]");
+}
+
+void tellOfDuplicate(Module& module, Message what, const std::string& value) {
+  module.platform.ui.show(criticalMessage((what + value) + Message::kAlreadyExists));
+}
+
+void askAgain(Module& module, const std::string& name, const std::string& acronym) {
+  module.bookInfo.txtBookName().setText(name);
+  module.bookInfo.txtBookAcro().setText(acronym);
+  module.bookInfo.showModal();
+}
+
+/// What was passed in, and the form in which the catalogue would hold it.
+struct Searched {
+  std::string passed;
+  std::string stored;
+};
+
+void checkAgainst(const XmlDocument& catalogue,
+                  Module& module,
+                  const Searched& name,
+                  Searched acronym) {
+  if (catalogue.select(bookBy(catalogue_names::kName, name.stored))) {
+    tellOfDuplicate(module, Message::kErrorBookName, name.passed);
+    askAgain(module, name.passed, acronym.passed);
+    if (module.state.cancelled) {
+      return;
+    }
+    if (module.state.currentBookAcro != acronym.passed) {
+      acronym = {module.state.currentBookAcro, module.state.currentBookAcro};
+    }
+  }
+  if (catalogue.select(bookBy(catalogue_names::kAcro, acronym.stored))) {
+    tellOfDuplicate(module, Message::kErrorBookAcro, acronym.passed);
+    askAgain(module, "", "");
+  }
+}
+
+}  // namespace
+
+bool mbCheckQuorTOCForBook(Module& module,
+                           const std::string& vstrQuorTOcPath,
+                           const std::string& vstrBookName,
+                           const std::string& vstrBookAcro) {
+  return trapped(module.platform.ui, source::kCheckQuorTocForBook, false, [&] {
+    const auto rules = module.platform.toolset.createXmlTextRules();
+    const Searched name{vstrBookName, rules->mstrCheckSpecialCharecters(vstrBookName)};
+    const Searched acronym{vstrBookAcro, rules->mstrCheckSpecialCharecters(vstrBookAcro)};
+    const auto catalogue = module.platform.xml.createDocument();
+    if (!catalogue->load(vstrQuorTOcPath)) {
+      return false;
+    }
+    checkAgainst(*catalogue, module, name, acronym);
+    return true;
+  });
+}
+
+}  // namespace quorbind

@@ -1,0 +1,70 @@
+#include "workflow/inputs/form_input.h"
+
+#include "platform/error_trap.h"
+#include "platform/text.h"
+#include "platform/toolset.h"
+#include "workflow/inputs/catalogue_check.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::int16_t kXmlKind = 1;
+constexpr std::string_view kNameOrAcroMissing = "Book Name/Book Acro can not be null";
+
+void preset(TextBox& box, const std::string& value) {
+  if (!value.empty()) {
+    box.setText(value);
+  }
+}
+
+void presentBookForm(Module& module, std::int16_t vintType) {
+  frmBookInfo& form = module.bookInfo;
+  if (vintType != kXmlKind) {
+    module.progress.hide();
+    form.txtBookName().setText("");
+    form.txtBookAcro().setText("");
+  }
+  preset(form.txtBookName(), module.state.currentBookName);
+  preset(form.txtBookAcro(), module.state.currentBookAcro);
+  form.showModal();
+}
+
+/// Shows the dialog and takes its values over. False when it was left without usable ones.
+bool askForBook(Module& module, std::int16_t vintType, XmlTextRules& rules) {
+  presentBookForm(module, vintType);
+
+  frmBookInfo& form = module.bookInfo;
+  bool activeControl = false;
+  if (ignoringErrors([&] { activeControl = form.activeControlValue(); }) != 0) {
+    return false;
+  }
+  if (trimBlanks(form.txtBookName().text()).empty() ||
+      trimBlanks(form.txtBookAcro().text()).empty()) {
+    module.platform.ui.show(criticalMessage(std::string(kNameOrAcroMissing)));
+    return false;
+  }
+  if (!activeControl) {
+    module.state.currentBookAcro = rules.mstrCheckSpecialCharecters(form.txtBookAcro().text());
+    module.state.currentBookName = rules.mstrCheckSpecialCharecters(form.txtBookName().text());
+  }
+  return true;
+}
+
+}  // namespace
+
+bool mbGetFormInput(Module& module, const std::string& vstrQuorTOcPath, std::int16_t vintType) {
+  return trapped(module.platform.ui, source::kGetFormInput, false, [&] {
+    const ProcessState& state = module.state;
+    const auto rules = module.platform.toolset.createXmlTextRules();
+    const bool bothKnown = !state.currentBookName.empty() && !state.currentBookAcro.empty();
+    if (!bothKnown && !askForBook(module, vintType, *rules)) {
+      return false;
+    }
+    // What the catalogue says is the user's business alone; the run goes on whatever it is.
+    mbCheckQuorTOCForBook(module, vstrQuorTOcPath, state.currentBookName, state.currentBookAcro);
+    return !state.cancelled;
+  });
+}
+
+}  // namespace quorbind
