@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "cli/exit_status.h"
+
+namespace quorbind {
+
+/// A library of a documentation server. The server is a folder of this machine, as the user names
+/// it; the library's name is one that a folder can have.
+struct LibraryArguments {
+  std::string server;
+  std::string library;
+};
+
+struct InitArguments {
+  LibraryArguments place;
+};
+
+struct AddArguments {
+  LibraryArguments place;
+  std::string toc;
+  std::optional<std::string> kind;
+  std::optional<std::string> name;
+  std::optional<std::string> acronym;
+  std::optional<std::string> folder;
+  std::string category;
+  std::string keywords;
+  std::string categories;
+  std::int32_t installType = 0;
+  bool createCategories = false;
+  bool noInput = false;
+  bool json = false;
+};
+
+struct PrepareArguments {
+  std::string toc;
+  std::optional<std::string> output;
+};
+
+struct CheckArguments {
+  std::string toc;
+  std::optional<std::string> kind;
+  bool json = false;
+};
+
+struct ShowArguments {
+  LibraryArguments place;
+  std::optional<std::string> acronym;
+  bool json = false;
+};
+
+using Arguments =
+    std::variant<InitArguments, AddArguments, PrepareArguments, CheckArguments, ShowArguments>;
+
+/// Reads the command line. The exit status instead when there is nothing left to do: help was asked
+/// for and given, or the command line is wrong and the user was told.
+std::variant<Arguments, ExitStatus> parseArguments(int count, const char* const* arguments);
+
+/// The number of the kind that `--kind` names, or else that the extension of `toc` tells; 0, which
+/// is no kind, when neither does.
+std::int16_t kindOf(const std::string& toc, const std::optional<std::string>& kind);
+
+}  // namespace quorbind

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace quorbind {
+
+/// One heading of a book file.
+struct BookHeading {
+  /// 0 for a heading of the first level.
+  std::size_t depth = 0;
+  /// As it was typed.
+  std::string title;
+  /// The document's name, as the book file has it, and the bookmark in it; both may be empty.
+  std::string document;
+  std::string bookmark;
+};
+
+/// Hands over the headings of the book file at `path` in their order. A file that is not there,
+/// can't be read or does not parse is a CommandFailure that says which and where.
+void readHeadings(const Platform& platform,
+                  const std::string& path,
+                  const std::function<void(const BookHeading&)>& visitor);
+
+/// The documents that a book names, each once and in its order.
+struct BookDocuments {
+  std::vector<std::string> present;
+  std::vector<std::string> missing;
+};
+
+/// Looks for the documents of the book file at `path` beside it. Fails as readHeadings does.
+BookDocuments findDocuments(const Platform& platform, const std::string& path);
+
+}  // namespace quorbind

@@ -1,0 +1,177 @@
+#include "cli/init_command.h"
+
+#include <array>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "catalogue/names.h"
+#include "cli/failure.h"
+#include "cli/paths.h"
+#include "cli/wiring.h"
+#include "platform/paths.h"
+#include "platform/portable/visible_text.h"
+#include "platform/runtime_error.h"
+#include "platform/text_file.h"
+#include "platform/xml_writer.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n";
+
+/// What a documentation library usually groups its books by.
+constexpr std::array<std::string_view, 4> kDefaultCategories{
+    "User Guides", "Reference Manuals", "Release Notes", "Training"};
+
+class Initialisation {
+ public:
+  Initialisation(const InitArguments& arguments, Wiring& wiring)
+      : library_(arguments.place.library),
+        paths_(arguments.place.server, arguments.place.library),
+        wiring_(wiring) {}
+
+  void run() {
+    const auto selection = loadSelection();
+    makeFolder(paths_.folder);
+    makeFile(paths_.catalogue, [](XmlWriter& writer) {
+      writer.startElement(catalogue_names::kMaster);
+      writer.textElement(catalogue_names::kBooks, "");
+    });
+    makeFile(paths_.defaultCategories, [](XmlWriter& writer) {
+      writer.startElement("Default_Categories");
+      writeDefaultCategories(writer, "Quor_Developer_Pro");
+      writeDefaultCategories(writer, "Quor_Developer");
+      writer.endElement();
+    });
+    if (selection) {
+      addToSelection(*selection);
+    } else {
+      makeFile(paths_.selection, [this](XmlWriter& writer) { writeSelection(writer); });
+    }
+    if (!changed_) {
+      std::cout << "Nothing to do: " << visibleText(library_) << " is complete.\n";
+    }
+  }
+
+ private:
+  static void writeDefaultCategories(XmlWriter& writer, std::string_view list) {
+    writer.startElement(list);
+    for (const std::string_view category : kDefaultCategories) {
+      writer.textElement("CategoryName", category);
+    }
+    writer.endElement();
+  }
+
+  void writeSelection(XmlWriter& writer) const {
+    using namespace selection_names;
+    writer.startElement(kList);
+    writer.startElement(kQuors);
+    writer.startElement(kQuor);
+    writer.textElement(kName, library_);
+    writer.textElement(kLocation, paths_.location);
+  }
+
+  /// The server's list of libraries, if there is one. It is looked at before anything is made.
+  std::unique_ptr<XmlDocument> loadSelection() {
+    if (!wiring_.files.fileExists(paths_.selection)) {
+      return nullptr;
+    }
+    requireReadable(wiring_.files, paths_.selection, nativeName(paths_.selection));
+    auto document = wiring_.xml.createDocument();
+    if (const XmlLoadResult result = document->load(paths_.selection); !result) {
+      throw loadFailure(paths_.selection, result);
+    }
+    if (!listOf(*document)) {
+      throw CommandFailure(ExitStatus::kNotParseable,
+                           nativeName(paths_.selection) + ": the element " +
+                               std::string(selection_names::kQuors) + " is missing");
+    }
+    return document;
+  }
+
+  static XmlNode listOf(const XmlDocument& selection) {
+    return selection.select(
+        std::string(selection_names::kList).append("/").append(selection_names::kQuors));
+  }
+
+  void addToSelection(XmlDocument& selection) {
+    using namespace selection_names;
+    const XmlNode list = listOf(selection);
+    for (const XmlNode& library : list.children()) {
+      const XmlNode name = library.child(kName);
+      if (name && name.text() == library_) {
+        return;
+      }
+    }
+    const XmlNode library = selection.createElement(kQuor);
+    list.append(library);
+    appendText(selection, library, kName, library_);
+    appendText(selection, library, kLocation, paths_.location);
+    written(paths_.selection, [&] { selection.save(paths_.selection); });
+  }
+
+  static void appendText(XmlDocument& document,
+                         const XmlNode& parent,
+                         std::string_view name,
+                         std::string_view text) {
+    const XmlNode element = document.createElement(name);
+    element.setText(text);
+    parent.append(element);
+  }
+
+  /// Makes a folder with all those above it that are missing.
+  void makeFolder(const std::string& folder) {
+    if (folder.empty() || wiring_.files.folderExists(folder)) {
+      return;
+    }
+    makeFolder(std::string(folderOf(folder)));
+    written(folder, [&] { wiring_.files.createFolder(folder); });
+  }
+
+  template <typename Content>
+  void makeFile(const std::string& path, Content&& writeContent) {
+    if (wiring_.files.fileExists(path)) {
+      return;
+    }
+    written(path, [&] {
+      TextWriter file(wiring_.files, path);
+      file.write(kDeclaration);
+      XmlWriter writer([&file](std::string_view text) { file.write(text); });
+      writeContent(writer);
+      writer.endDocument();
+      file.close();
+    });
+  }
+
+  /// Runs one step that writes, and tells what it wrote.
+  template <typename Step>
+  void written(const std::string& path, Step&& step) {
+    try {
+      step();
+    } catch (const RunTimeError& error) {
+      throw writeFailure(nativeName(path), error);
+    }
+    changed_ = true;
+    std::cout << "wrote " << visibleText(nativeName(path)) << '\n';
+  }
+
+  std::string library_;
+  LibraryPaths paths_;
+  Wiring& wiring_;
+  bool changed_ = false;
+};
+
+}  // namespace
+
+ExitStatus runInit(const InitArguments& arguments) {
+  Wiring wiring(LibraryPaths(arguments.place.server, arguments.place.library).serverRoot,
+                processTerminal(/*mayAsk=*/false));
+  return reportingFailures(wiring.ui, [&] {
+    Initialisation(arguments, wiring).run();
+    return ExitStatus::kDone;
+  });
+}
+
+}  // namespace quorbind

@@ -1,0 +1,60 @@
+#pragma once
+
+// What the subcommands tell on the standard output: text for a reader, or one JSON object for a
+// program. docs/command.md describes both.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "cli/book_file.h"
+#include "cli/catalogue_reader.h"
+#include "cli/exit_status.h"
+#include "platform/portable/terminal_user_interface.h"
+
+namespace quorbind {
+
+/// How an addition ended.
+struct AdditionReport {
+  ExitStatus status = ExitStatus::kInternal;
+  /// The table of contents as the user named it, and its line that was refused; 0 for none.
+  std::string toc;
+  std::size_t line = 0;
+  /// Why the status is not 0; empty when it is.
+  std::string note;
+  bool added = false;
+  std::string library;
+  CatalogueEntry book;
+  /// The book's folder, as the run told.
+  std::string folder;
+  /// What stands in the book's folder of the files that belong to the book, and what does not.
+  std::vector<std::string> files;
+  std::vector<std::string> missing;
+};
+
+/// A document that a table of contents names and that is not there.
+struct MissingDocument {
+  std::size_t line = 0;
+  std::string file;
+};
+
+/// How a check ended.
+struct CheckReport {
+  ExitStatus status = ExitStatus::kInternal;
+  std::string toc;
+  /// The line that was refused; 0 for none.
+  std::size_t line = 0;
+  std::size_t entries = 0;
+  std::vector<MissingDocument> missing;
+};
+
+/// Each tells of a failure on the error output as well.
+void printAddition(const AdditionReport& report,
+                   const std::vector<ShownMessage>& messages,
+                   bool json);
+void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json);
+
+void printBooks(const std::vector<CatalogueEntry>& books, bool json);
+void printBook(const CatalogueEntry& book, const std::vector<BookHeading>& headings, bool json);
+
+}  // namespace quorbind

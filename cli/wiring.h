@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/copy_watch.h"
+#include "platform/portable/portable_file_system.h"
+#include "platform/portable/portable_locale.h"
+#include "platform/portable/terminal_user_interface.h"
+#include "platform/portable/xml_library.h"
+#include "toolset/reference_toolset.h"
+#include "workflow/forms/module.h"
+
+namespace quorbind {
+
+/// The terminal that this process has, if any: boxes, questions and progress go to the error
+/// output, and a person is asked where both that and the input are a terminal and `mayAsk`.
+Terminal processTerminal(bool mayAsk);
+
+/// The component as the command runs it: the portable adapters, the reference tool set, one module.
+class Wiring {
+ public:
+  /// `serverRoot` is the component's name of the server folder; empty where no server is involved.
+  Wiring(const std::string& serverRoot,
+         const Terminal& terminal,
+         std::vector<PreparedAnswer> answers = {});
+
+  PortableFileSystem files;
+  PortableXmlLibrary xml;
+  PortableLocale locale;
+  TerminalUserInterface ui;
+
+ private:
+  ReferenceToolset reference_;
+
+ public:
+  CopyWatch toolset;
+  Module module;
+};
+
+}  // namespace quorbind
