@@ -41,12 +41,17 @@ std::string refusalOfEmptyText(const std::string& text) {
 }
 
 void addPlace(CLI::App& command, LibraryArguments& place) {
-  command.add_option("--server", place.server, "Folder of the documentation server")
+  command
+      .add_option(
+          "--server",
+          place.server,
+          "Folder of the documentation server; required, unless the environment names it as "
+          "QUOR_SERVER")
       ->envname("QUOR_SERVER")
       ->required()
       ->check(refusalOfEmptyText)
       ->option_text("DIR");
-  command.add_option("--library", place.library, "Name of the library on the server")
+  command.add_option("--library", place.library, "Name of the library on the server; required")
       ->required()
       ->check(refusalOfLibraryName)
       ->option_text("NAME");
@@ -100,12 +105,15 @@ void addRecords(CLI::App& command, AddArguments& arguments) {
                   "Categories for the book's entry in the catalogue, separated by ';' or ','")
       ->option_text("LIST");
   command
-      .add_option("--keywords", arguments.keywords, "Search keywords of the book, separated by ';'")
+      .add_option("--keywords",
+                  arguments.keywords,
+                  "Search keywords of the book, separated by ';'; not recorded by this version yet")
       ->option_text("LIST");
   command
       .add_option("--categories",
                   arguments.categories,
-                  "Categories of the library to file the book under, separated by ';' or ','")
+                  "Categories of the library to file the book under, separated by ';' or ','; not "
+                  "recorded by this version yet")
       ->option_text("LIST");
   command.add_option("--install-type", arguments.installType, "Installation type of the library")
       ->option_text("NUMBER");
@@ -155,7 +163,7 @@ CLI::App& addShow(CLI::App& app, ShowArguments& arguments) {
   CLI::App& command =
       *app.add_subcommand("show", "Show the books of a library, or the headings of one book");
   addPlace(command, arguments.place);
-  command.add_option("ACRO", arguments.acronym, "Acronym of the book")->option_text("[TEXT]");
+  command.add_option("ACRO", arguments.acronym, "Acronym of the book")->option_text("TEXT");
   addJson(command, arguments.json);
   return command;
 }

@@ -27,9 +27,12 @@ std::string_view trimAnyOf(std::string_view text, std::string_view characters) {
 }
 
 Pieces::Pieces(std::string_view text, std::string_view separator) {
+  // Enough for a line of a table of contents, so that it takes one allocation.
+  constexpr std::size_t kUsualCount = 16;
   if (text.empty()) {
     return;
   }
+  pieces_.reserve(kUsualCount);
   std::size_t start = 0;
   for (std::size_t found = text.find(separator); found != std::string_view::npos;
        found = text.find(separator, start)) {

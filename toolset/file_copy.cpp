@@ -52,16 +52,13 @@ std::optional<std::string> nameBelow(std::string_view text) {
   return name.empty() ? std::nullopt : std::optional(std::move(name));
 }
 
-/// File names, told apart as the file system tells them apart.
+/// File names, without regard to letter case like the file system's.
 class NameSet {
  public:
   explicit NameSet(const Locale& locale) : locale_(locale) {}
 
   /// Whether the name is new.
   bool add(std::string_view name) { return names_.insert(locale_.upperCase(name)).second; }
-  [[nodiscard]] bool has(std::string_view name) const {
-    return names_.contains(locale_.upperCase(name));
-  }
 
  private:
   const Locale& locale_;
@@ -118,29 +115,38 @@ class FolderListings {
   FolderListings(FileSystem& files, const Locale& locale) : files_(files), locale_(locale) {}
 
   [[nodiscard]] bool hasFile(const std::string& path) {
-    const std::vector<std::string>& names = upperCaseNamesIn(std::string(folderPartOf(path)));
-    return std::binary_search(names.begin(), names.end(), locale_.upperCase(fileNameOf(path))) &&
-           files_.fileExists(path);
+    const Listing& listing = listingOf(std::string(folderPartOf(path)));
+    return mayHold(listing, fileNameOf(path)) && files_.fileExists(path);
   }
 
  private:
-  /// Sorted; none for a folder that can't be listed.
-  const std::vector<std::string>& upperCaseNamesIn(const std::string& folder) {
-    const auto [entry, isNew] = listings_.try_emplace(folder);
-    std::vector<std::string>& names = entry->second;
-    if (isNew) {
-      ignoringErrors([&] { names = files_.namesIn(folder); });
-      for (std::string& name : names) {
+  /// Names in upper case, sorted; nothing for a folder that can't be listed.
+  using Listing = std::optional<std::vector<std::string>>;
+
+  [[nodiscard]] bool mayHold(const Listing& listing, std::string_view name) const {
+    return !listing ||
+           std::binary_search(listing->begin(), listing->end(), locale_.upperCase(name));
+  }
+  const Listing& listingOf(const std::string& folder) {
+    const auto found = listings_.find(folder);
+    return found != listings_.end() ? found->second
+                                    : listings_.emplace(folder, list(folder)).first->second;
+  }
+  [[nodiscard]] Listing list(const std::string& folder) const {
+    Listing listing;
+    ignoringErrors([&] { listing = files_.namesIn(folder); });
+    if (listing) {
+      for (std::string& name : *listing) {
         name = locale_.upperCase(name);
       }
-      std::sort(names.begin(), names.end());
+      std::sort(listing->begin(), listing->end());
     }
-    return names;
+    return listing;
   }
 
   FileSystem& files_;
   const Locale& locale_;
-  std::unordered_map<std::string, std::vector<std::string>> listings_;
+  std::unordered_map<std::string, Listing> listings_;
 };
 
 /// Makes a folder and those above it. One that can't be made shows in the copy that needs it.
@@ -159,37 +165,39 @@ void bringIntoPlace(FileSystem& files, std::string_view source, std::string_view
   }
 }
 
-/// Brings documents from their folders into one target folder, as far as they can be had.
+/// Brings documents from their folders into one target folder, as far as they can be had. Their
+/// names are those below the folders; the folders end in `\`.
 class DocumentCopy {
  public:
-  /// `targetFolder` and all folders further down end in `\`.
   DocumentCopy(FileSystem& files, const Locale& locale, std::string targetFolder)
       : files_(files),
         locale_(locale),
         listings_(files, locale),
         targetFolder_(std::move(targetFolder)),
-        inPlace_(locale),
-        lookedAt_(locale) {}
+        settled_(locale) {}
+
+  /// Takes note of a file from `folder` that is in place already.
+  void add(const std::string& folder, const std::string& name) {
+    settled_.add(name);
+    addPage(folder, name);
+  }
 
   /// Copies the document `name` from the first of `folders` that has it.
-  void copy(std::string_view name, const std::vector<std::string>& folders) {
-    for (const std::string& folder : folders) {
-      if (listings_.hasFile(folder + std::string(name))) {
-        if (copyFrom(folder, name) && isPage(name)) {
-          addPage(folder, name);
-        }
-        return;
-      }
+  void copy(const std::string& name, const std::vector<std::string>& folders) {
+    const auto folder = std::find_if(folders.begin(), folders.end(), [&](const auto& candidate) {
+      return listings_.hasFile(candidate + name);
+    });
+    if (folder == folders.end()) {
+      return;
+    }
+    settled_.add(name);
+    if (bring(*folder, name)) {
+      addPage(*folder, name);
     }
   }
 
-  /// Of a page that is in place, copies the linked files with the others.
-  void addPage(std::string_view folder, std::string_view name) {
-    pages_.push_back({std::string(folder), std::string(name)});
-  }
-
-  /// Copies what the pages link to. Comes last, so that no link puts another file in the place of a
-  /// document.
+  /// Copies what the pages among the documents link to. Comes last, so that no link puts another
+  /// file in the place of a document.
   void copyLinkedFiles() {
     for (const Page& page : pages_) {
       ignoringErrors([&] { copyLinkedFilesOf(page); });
@@ -202,15 +210,16 @@ class DocumentCopy {
     std::string name;  ///< below the folder
   };
 
-  bool copyFrom(const std::string& folder, std::string_view name) {
-    const bool isCopied =
-        ignoringErrors([&] {
-          bringIntoPlace(files_, folder + std::string(name), targetFolder_ + std::string(name));
-        }) == 0;
-    if (isCopied) {
-      inPlace_.add(name);
+  void addPage(const std::string& folder, const std::string& name) {
+    if (isPage(name)) {
+      pages_.push_back({folder, name});
     }
-    return isCopied;
+  }
+
+  /// Answers whether it succeeded.
+  bool bring(const std::string& folder, const std::string& name) {
+    return ignoringErrors([&] { bringIntoPlace(files_, folder + name, targetFolder_ + name); }) ==
+           0;
   }
 
   void copyLinkedFilesOf(const Page& page) {
@@ -223,8 +232,8 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (!inPlace_.has(name) && lookedAt_.add(folder + name) && listings_.hasFile(folder + name)) {
-      copyFrom(folder, name);
+    if (listings_.hasFile(folder + name) && settled_.add(name)) {
+      bring(folder, name);
     }
   }
 
@@ -233,10 +242,8 @@ class DocumentCopy {
   FolderListings listings_;
   std::string targetFolder_;
   std::vector<Page> pages_;
-  /// By their names below the target folder.
-  NameSet inPlace_;
-  /// Linked files by their full names.
-  NameSet lookedAt_;
+  /// What was found, and so has been copied or can't be.
+  NameSet settled_;
 };
 
 /// Where the documents of a book XML file in `folder` (with its `\`) are looked for.
@@ -286,11 +293,9 @@ std::string ReferenceFileCopy::targetFor(std::string_view source,
 }
 
 void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source, const std::string& target) {
-  const std::string_view folder = folderPartOf(source);
+  const std::string folder(folderPartOf(source));
   DocumentCopy documents(files_, locale_, std::string(folderPartOf(target)));
-  if (isPage(source)) {
-    documents.addPage(folder, fileNameOf(source));
-  }
+  documents.add(folder, std::string(fileNameOf(source)));
   DocumentNames named(locale_);
   if (xml_.scan(source, named)) {
     const auto folders = documentFolders(folder);

@@ -23,9 +23,12 @@ constexpr const char* kNameTooLong = "A name is too long.";
 /// types refused there are no others.
 constexpr int kOptions = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_COMPACT;
 
+/// How many pointers libxml2 has for an attribute.
+constexpr int kAttributeFields = 5;
+
 /// libxml2 gives its table of attributes twice the room that it needs and some more, so a table of
 /// this size has too many in it. That of the namespaces in force holds two fields of each.
-constexpr int kTooLargeAttributeTable = 3 * 5 * kMaximumXmlAttributes;
+constexpr int kTooLargeAttributeTable = 3 * kAttributeFields * kMaximumXmlAttributes;
 constexpr int kTooManyNamespaceFields = 2 * kMaximumXmlAttributes;
 
 std::string tooDeep() {
@@ -44,6 +47,11 @@ bool breaksTheDocument(const xmlError& error) {
 }
 
 }  // namespace
+
+BoundedXmlParser::Attribute BoundedXmlParser::StartTag::attribute(int index) const {
+  const xmlChar** const fields = attributes + std::ptrdiff_t{index} * kAttributeFields;
+  return {fields[0], fields[1], fields[2], fields[3], fields[4]};
+}
 
 BoundedXmlParser::BoundedXmlParser() : context_(xmlNewParserCtxt()) {
   if (context_ == nullptr) {
@@ -165,7 +173,7 @@ void BoundedXmlParser::checkBounds(const StartTag& tag) {
 void BoundedXmlParser::checkNames(const StartTag& tag) {
   std::size_t longest = viewOf(tag.localName).size();
   for (int i = 0; i < tag.attributeCount; ++i) {
-    longest = std::max(longest, viewOf(tag.attributes[i * kAttributeFields]).size());
+    longest = std::max(longest, viewOf(tag.attribute(i).localName).size());
   }
   if (longest > kMaximumXmlNameLength) {
     refuse(kNameTooLong);

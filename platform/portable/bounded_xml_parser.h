@@ -43,6 +43,14 @@ class BoundedXmlParser {
   XmlLoadResult parse(FileSystem& files, std::string_view path);
 
  protected:
+  struct Attribute {
+    const xmlChar* localName;
+    const xmlChar* prefix;
+    const xmlChar* uri;
+    const xmlChar* valueBegin;
+    const xmlChar* valueEnd;
+  };
+
   /// A start tag in the form in which libxml2 hands it over.
   struct StartTag {
     const xmlChar* localName;
@@ -52,7 +60,9 @@ class BoundedXmlParser {
     const xmlChar** namespaces;
     int attributeCount;
     int defaultedCount;
-    const xmlChar** attributes;  ///< local name, prefix, URI, begin and end of value; of each
+    const xmlChar** attributes;  ///< the fields of each, one behind the other
+
+    [[nodiscard]] Attribute attribute(int index) const;
   };
 
   struct EndTag {
@@ -60,9 +70,6 @@ class BoundedXmlParser {
     const xmlChar* prefix;
     const xmlChar* uri;
   };
-
-  /// How many elements of StartTag::attributes belong to one attribute.
-  static constexpr int kAttributeFields = 5;
 
   virtual void startElement(const StartTag& tag) = 0;
   virtual void endElement(const EndTag& tag) = 0;

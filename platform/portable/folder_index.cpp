@@ -1,13 +1,12 @@
 #include "platform/portable/folder_index.h"
 
 #include <sys/stat.h>
-#include <unicode/uchar.h>
 
 #include <utility>
 #include <vector>
 
 #include "platform/portable/system_call.h"
-#include "platform/text_encoding.h"
+#include "platform/portable/upper_case.h"
 
 namespace quorbind {
 
@@ -20,35 +19,17 @@ using namespace std::chrono_literals;
 constexpr auto kFineTick = 100ms;
 constexpr auto kCoarseTick = 2500ms;
 
-/// Character by character. Bytes that are not UTF-8 stay as they are.
-std::string upperCaseForm(std::string_view name) {
-  std::string result;
-  result.reserve(name.size());
-  while (!name.empty()) {
-    const Utf8Character character = firstUtf8Character(name);
-    if (character.length == 0) {
-      result.push_back(name.front());
-      name.remove_prefix(1);
-    } else {
-      const UChar32 upper = u_toupper(static_cast<UChar32>(character.codePoint));
-      appendUtf8(result, static_cast<char32_t>(upper));
-      name.remove_prefix(character.length);
-    }
-  }
-  return result;
-}
-
 }  // namespace
 
 void FolderListing::add(const std::string& name) {
-  const auto [found, isNew] = spellings_.try_emplace(upperCaseForm(name), name);
+  const auto [found, isNew] = spellings_.try_emplace(simpleUpperCase(name), name);
   if (!isNew && name < found->second) {
     found->second = name;
   }
 }
 
 const std::string* FolderListing::spellingOf(std::string_view name) const {
-  const auto found = spellings_.find(upperCaseForm(name));
+  const auto found = spellings_.find(simpleUpperCase(name));
   return found == spellings_.end() ? nullptr : &found->second;
 }
 

@@ -15,9 +15,10 @@ namespace {
 
 constexpr std::size_t kMaximumSpellingsKept = 1000;
 
-bool standsAsSpelled(const std::string& path) {
+PathFinder::Place placeAsSpelled(std::string path) {
   struct stat status {};
-  return ::lstat(path.c_str(), &status) == 0;
+  const bool stands = ::lstat(path.c_str(), &status) == 0;
+  return {std::move(path), stands, stands && S_ISREG(status.st_mode)};
 }
 
 PathFinder::Place placeIn(const std::string& folder,
@@ -35,7 +36,8 @@ PathFinder::Place PathFinder::find(std::string path) {
   if (path.size() >= PATH_MAX) {
     raise(ErrorNumber::kBadFileName);
   }
-  return standsAsSpelled(path) ? Place{std::move(path), true} : findInAnyCase(std::move(path));
+  Place asSpelled = placeAsSpelled(std::move(path));
+  return asSpelled.stands ? std::move(asSpelled) : findInAnyCase(std::move(asSpelled.path));
 }
 
 // `path` does not stand as spelled.
@@ -73,9 +75,9 @@ std::optional<PathFinder::Place> PathFinder::findInOtherSpelling(const std::stri
 // Nothing when the folder has gone, or can't be listed.
 std::optional<PathFinder::Place> PathFinder::findIn(const std::string& folder,
                                                     const std::string& name) {
-  std::string path = pathIn(folder, name);
-  if (standsAsSpelled(path)) {
-    return Place{std::move(path), true};
+  Place asSpelled = placeAsSpelled(pathIn(folder, name));
+  if (asSpelled.stands) {
+    return asSpelled;
   }
   const FolderListing* names = index_.listingOf(folder);
   return names == nullptr ? std::nullopt : std::optional(placeIn(folder, name, *names));

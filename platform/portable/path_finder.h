@@ -20,6 +20,8 @@ class PathFinder {
     std::string path;
     /// Whether something stood there, be it a link that leads nowhere.
     bool stands = false;
+    /// Whether it is a plain file already known as one; otherwise it has to be asked.
+    bool isKnownFile = false;
   };
 
   /// `root` is the part of all paths that is taken as it is, without a `/` at its end.

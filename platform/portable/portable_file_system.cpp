@@ -141,7 +141,7 @@ PortableFileSystem::PortableFileSystem(const fs::path& driveRoot)
 bool PortableFileSystem::fileExists(std::string_view path) {
   try {
     const PathFinder::Place place = locateFile(nameOf(path));
-    return place.stands && isFile(statusOf(place.path));
+    return place.isKnownFile || (place.stands && isFile(statusOf(place.path)));
   } catch (const RunTimeError&) {
     return false;
   }

@@ -32,9 +32,6 @@ void requireSuccess(UErrorCode status) {
 
 }  // namespace
 
-PortableLocale::PortableLocale() = default;
-PortableLocale::~PortableLocale() = default;
-
 void PortableLocale::CloseCollator::operator()(UCollator* collator) const {
   ucol_close(collator);
 }

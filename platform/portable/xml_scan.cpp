@@ -30,9 +30,9 @@ class ScanParser final : public BoundedXmlParser {
 
     [[nodiscard]] std::string_view value(std::string_view name) const override {
       for (int i = 0; i < tag_.attributeCount; ++i) {
-        const xmlChar** const attribute = tag_.attributes + i * kAttributeFields;
-        if (isNamed(attribute[1], attribute[0], name)) {
-          return viewOf(attribute[3], attribute[4]);
+        const Attribute attribute = tag_.attribute(i);
+        if (isNamed(attribute.prefix, attribute.localName, name)) {
+          return viewOf(attribute.valueBegin, attribute.valueEnd);
         }
       }
       return {};
