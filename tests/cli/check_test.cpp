@@ -1,0 +1,162 @@
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+class Check : public CommandTest {
+ protected:
+  /// Checks `toc.txt` and expects that nothing changes.
+  [[nodiscard]] Outcome check(const Words& more = {}) const {
+    const Tree before = disk.contents();
+    const Outcome outcome = quorbind(joined({"check", "toc.txt"}, more));
+    EXPECT_EQ(disk.contents(), before);
+    return outcome;
+  }
+};
+
+TEST_F(Check, TellsHowManyEntriesWereAccepted) {
+  writeBook();
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "toc.txt: accepted, 4 entries.\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Check, ListsEveryDocumentThatIsNotThereWithItsLine) {
+  writeToc(
+      "\"1\" \"Book\" \"Manual\\cover.htm\" \"\"\n"
+      "\"2\" \"One\" \"Manual\\one.htm#a\" \"\"\n"
+      "\"2\" \"None\" \"\" \"\"\n"
+      "\"2\" \"One\" \"Manual/one.htm\" \"\"\n"
+      "\"2\" \"Top\" \"top.htm\" \"\"\n");
+  disk.write("Manual/cover.htm", "");
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "toc.txt:4: missing: Manual\\one.htm#a\n"
+            "toc.txt:6: missing: Manual/one.htm\n"
+            "toc.txt:7: missing: top.htm\n"
+            "toc.txt: accepted, 5 entries.\n");
+}
+
+TEST_F(Check, LooksForDocumentsWithoutRegardToLetterCase) {
+  writeToc("\"1\" \"Book\" \"MANUAL\\Cover.HTM\" \"\"\n");
+  disk.write("Manual/cover.htm", "");
+  EXPECT_EQ(check().out, "toc.txt: accepted, 1 entry.\n");
+}
+
+TEST_F(Check, LooksNowhereButBelowTheFolderOfTheTable) {
+  disk.write("outside.htm", "");
+  disk.write("sub/toc.txt",
+             std::string(kHeader) +
+                 "\n\n"
+                 "\"1\" \"Book\" \"..\\outside.htm\" \"\"\n"
+                 "\"2\" \"Root\" \"\\etc\\passwd\" \"\"\n"
+                 "\"2\" \"Drive\" \"C:\\etc\\passwd\" \"\"\n"
+                 "\"2\" \"Share\" \"\\\\server\\share\\a.htm\" \"\"\n"
+                 "\"2\" \"Device\" \"Manual\\nul.htm\" \"\"\n");
+  disk.write("sub/Manual/nul.htm", "");
+  EXPECT_EQ(quorbind({"check", "sub/toc.txt"}).out,
+            "sub/toc.txt:3: missing: ..\\outside.htm\n"
+            "sub/toc.txt:4: missing: \\etc\\passwd\n"
+            "sub/toc.txt:5: missing: C:\\etc\\passwd\n"
+            "sub/toc.txt:6: missing: \\\\server\\share\\a.htm\n"
+            "sub/toc.txt:7: missing: Manual\\nul.htm\n"
+            "sub/toc.txt: accepted, 5 entries.\n");
+}
+
+TEST_F(Check, RefusesALineWithTheBoxOfTheRule) {
+  writeToc(
+      "\"1\" \"Book\" \"Manual\\cover.htm\" \"\"\n"
+      "\"3\" \"Alarms\" \"a.htm\" \"\"\n");
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "toc.txt:3: missing: Manual\\cover.htm\n");
+  EXPECT_EQ(outcome.err,
+            "critical: Line: \"3\" \"Alarms\" \"a.htm\" \"\"\n"
+            "Error:Invalid Node Level Sequence \n"
+            "offending line: \"3\" \"Alarms\" \"a.htm\" \"\"\n"
+            "quorbind: toc.txt:4: not accepted\n");
+}
+
+TEST_F(Check, RefusesAnEmptyTable) {
+  disk.write("toc.txt", "");
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: Error: Text File is Empty\n"
+            "quorbind: toc.txt: not accepted\n");
+}
+
+TEST_F(Check, RefusesAnExtensionThatIsNotTheKinds) {
+  writeBook();
+  const Outcome outcome = check({"--kind", "excel"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: TOC file is not a EXCEL file\n"
+            "quorbind: toc.txt: not accepted\n");
+}
+
+TEST_F(Check, SaysPlainlyWhichKindsItCanNotCheck) {
+  disk.write("toc.htm", "<html></html>");
+  const Outcome outcome = quorbind({"check", "toc.htm"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: Only text tables of contents can be added by this version. Nothing was "
+            "changed.\n"
+            "quorbind: toc.htm: not accepted\n");
+}
+
+TEST_F(Check, ATableThatIsNotThereIsMissingInput) {
+  const Outcome outcome = check();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "critical: TOC not found at Path\n"
+            "toc.txt\n"
+            "quorbind: toc.txt: not accepted\n");
+}
+
+TEST_F(Check, ReportsAsOneObject) {
+  writeToc("\"1\" \"Book\" \"Manual\\cover.htm\" \"\"\n");
+  const Outcome outcome = check({"--json"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"status\": 0,\n"
+            "  \"accepted\": true,\n"
+            "  \"entries\": 1,\n"
+            "  \"missing\": [\n"
+            "    {\n"
+            "      \"line\": 3,\n"
+            "      \"file\": \"Manual\\\\cover.htm\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"messages\": []\n"
+            "}\n");
+}
+
+TEST_F(Check, ReportsARefusalAsOneObject) {
+  writeToc("\"2\" \"Book\" \"\" \"\"\n");
+  const Outcome outcome = check({"--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"status\": 1,\n"
+            "  \"accepted\": false,\n"
+            "  \"entries\": 0,\n"
+            "  \"missing\": [],\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"Line: \\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\\rError:Invalid Node "
+            "Level Sequence \",\n"
+            "      \"clipboard\": \"\\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"line\": 3\n"
+            "}\n");
+}
+
+}  // namespace
+}  // namespace quorbind::testing

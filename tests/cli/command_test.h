@@ -1,0 +1,101 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/text.h"
+#include "tests/cli/command.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quorbind::testing {
+
+using Words = std::vector<std::string>;
+using Tree = std::map<std::string, std::string>;
+
+/// Runs the command in a folder of its own, with the server in `server` and the library `Plant`. In
+/// what the command writes, the folder's name is replaced by `DISK`.
+class CommandTest : public ::testing::Test {
+ protected:
+  Outcome quorbind(const Words& arguments) const {
+    return runHere(joined({quorbindExecutable()}, arguments));
+  }
+
+  [[nodiscard]] Outcome runHere(const Words& words) const {
+    Outcome outcome =
+        run({.words = words, .folder = disk.path().string(), .environment = environment});
+    for (std::string* text : {&outcome.out, &outcome.err}) {
+      *text = replaceAll(*text, disk.path().string(), "DISK");
+    }
+    return outcome;
+  }
+
+  void initLibrary() const {
+    ASSERT_EQ(quorbind({"init", "--server", "server", "--library", "Plant"}).status, 0);
+  }
+
+  /// `quorbind add toc.txt` to the library, with more arguments.
+  [[nodiscard]] Outcome add(const Words& more = {}) const { return quorbind(addWords(more)); }
+  [[nodiscard]] static Words addWords(const Words& more) {
+    return joined({"add", "toc.txt", "--server", "server", "--library", "Plant"}, more);
+  }
+  /// The same for a book whose name and acronym are given.
+  [[nodiscard]] Outcome addAlarms(const Words& more = {}) const {
+    return add(joined({"--name", "Alarms", "--acro", "ALM"}, more));
+  }
+
+  /// A table of contents from its entries: the header and the empty line are put in front.
+  void writeToc(std::string_view entries) const {
+    disk.write("toc.txt", std::string(kHeader) + "\n\n" + std::string(entries));
+  }
+  /// A book of three headings, with its documents.
+  void writeBook() const {
+    writeToc(
+        "\"1\" \"Alarm Handling\" \"Manual\\cover.htm\" \"\"\n"
+        "\"2\" \"Alarms\" \"Manual\\alarms.htm\" \"\"\n"
+        "\"3\" \"Reset & Test\" \"Manual\\alarms.htm#reset\" \"\"\n"
+        "\"2\" \"Trends\" \"Manual\\trends.htm\" \"#top\"\n");
+    for (const char* document : {"cover", "alarms", "trends"}) {
+      disk.write(std::string("Manual/") + document + ".htm", "<p>text</p>");
+    }
+  }
+
+  [[nodiscard]] Tree serverTree() const { return below("server/"); }
+  /// The names only.
+  [[nodiscard]] std::vector<std::string> filesBelow(const std::string& folder) const {
+    std::vector<std::string> names;
+    for (const auto& [name, content] : below(folder)) {
+      if (content != "(folder)") {
+        names.push_back(name);
+      }
+    }
+    return names;
+  }
+
+  static Words joined(Words words, const Words& more) {
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+  }
+
+  static constexpr std::string_view kHeader =
+      "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"";
+
+  TemporaryFolder disk;
+  std::map<std::string, std::string> environment;
+
+ private:
+  [[nodiscard]] Tree below(const std::string& folder) const {
+    Tree tree;
+    for (const auto& [name, content] : disk.contents()) {
+      if (name.rfind(folder, 0) == 0) {
+        tree.emplace(name.substr(folder.size()), content);
+      }
+    }
+    return tree;
+  }
+};
+
+}  // namespace quorbind::testing

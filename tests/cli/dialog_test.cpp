@@ -1,0 +1,147 @@
+#include "tests/cli/command_test.h"
+#include "tests/cli/terminal_session.h"
+
+namespace quorbind::testing {
+namespace {
+
+/// The dialogs, with a person at a terminal.
+class Dialogs : public CommandTest {
+ protected:
+  void SetUp() override {
+    initLibrary();
+    writeBook();
+  }
+
+  [[nodiscard]] Command addCommand(const Words& more = {}) const {
+    return {.words = joined({quorbindExecutable()}, addWords(more)),
+            .folder = disk.path().string(),
+            .environment = environment};
+  }
+  [[nodiscard]] std::string books() const {
+    return quorbind({"show", "--server", "server", "--library", "Plant"}).out;
+  }
+};
+
+TEST_F(Dialogs, AskForNameAndAcronymAndOfferTheNameOfTheFirstEntry) {
+  TerminalSession session(addCommand());
+  session.waitFor("Book Information\nEnter Book Information for :\ntoc.txt\n");
+  session.waitFor("Book Name: [Alarm Handling] ");
+  session.typeLine("");
+  session.waitFor("Book Acro: ");
+  session.typeLine("ALM");
+  session.waitFor("Added Alarm Handling (ALM) to Plant, folder Manual: 3 files.\n");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, AskOnlyForWhatTheFlagsLeaveOpen) {
+  TerminalSession session(addCommand({"--name", "Alarms"}));
+  session.waitFor("toc.txt\nBook Acro: ");
+  session.typeLine("ALM");
+  session.waitFor("Added Alarms (ALM)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, StayOpenWithAMessageUntilTheValuesWillDo) {
+  TerminalSession session(addCommand());
+  session.waitFor("Book Name: [Alarm Handling] ");
+  session.typeLine("Alarms");
+  session.waitFor("Book Acro: ");
+  session.typeLine("A/B");
+  session.waitFor("Book Acro can not contain  (/\\:*?\"<>)\n");
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("");
+  session.waitFor("Book Acro: [A/B] ");
+  session.typeLine("AB");
+  session.waitFor("Added Alarms (AB)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, AskAgainForANameThatTheCatalogueHas) {
+  EXPECT_EQ(addAlarms().status, 0);
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "NEW"}));
+  session.waitFor("Error:Book Name Alarms already Exists\n");
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("More Alarms");
+  session.waitFor("Book Acro: [NEW] ");
+  session.typeLine("");
+  session.waitFor("Added More Alarms (NEW)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, AskForAFolderThatTheTableDoesNotName) {
+  writeToc("\"1\" \"Book\" \"cover.htm\" \"\"\n");
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "ALM"}));
+  session.waitFor("Enter Book Folder\nBook Folder: ");
+  session.typeLine("Manual");
+  session.waitFor("Added Alarms (ALM) to Plant, folder Manual: 1 file.\n");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, TheEndOfInputCancelsAndNothingIsAdded) {
+  const Tree before = disk.contents();
+  TerminalSession session(addCommand());
+  session.waitFor("Book Name: [Alarm Handling] ");
+  session.endInput();
+  session.waitFor("quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(session.finish().status, 1);
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Dialogs, AFolderDialogThatIsClosedIsShownAgain) {
+  writeToc("\"1\" \"Book\" \"cover.htm\" \"\"\n");
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "ALM"}));
+  session.waitFor("Book Folder: ");
+  session.endInput();
+  session.waitFor("Book Folder: ");
+  session.typeLine("Manual");
+  session.waitFor("Added Alarms (ALM)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_F(Dialogs, AreNotShownWithNoInput) {
+  TerminalSession session(addCommand({"--no-input"}));
+  session.waitFor("quorbind: toc.txt: nothing was added: give --name and --acro\n");
+  EXPECT_EQ(session.finish().status, 6);
+}
+
+TEST_F(Dialogs, ADuplicateIsNotAskedForWithNoInput) {
+  EXPECT_EQ(addAlarms().status, 0);
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "NEW", "--no-input"}));
+  session.waitFor("already Exists\n");
+  EXPECT_EQ(session.finish().status, 1);
+}
+
+TEST_F(Dialogs, AnInterruptTakesThePreparedCopyAlong) {
+  const Tree before = disk.contents();
+  TerminalSession session(addCommand());
+  session.waitFor("Book Name: [Alarm Handling] ");
+  EXPECT_NE(disk.contents(), before) << "there is no copy that could be left behind";
+  session.interrupt();
+  EXPECT_EQ(session.finish().signal, SIGINT);
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Dialogs, ProgressIsShownOnATerminalAndCleared) {
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "ALM"}));
+  const Outcome outcome = session.finish();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.out.find("[########............] File copying in progress..."),
+            std::string::npos)
+      << outcome.out;
+  EXPECT_NE(outcome.out.find(" \rAdded Alarms (ALM)"), std::string::npos) << outcome.out;
+}
+
+TEST_F(Dialogs, ColoursAreLeftOutWhenTheUserWantsNone) {
+  writeToc("");
+  disk.write("toc.txt", "");
+  TerminalSession coloured(addCommand());
+  EXPECT_NE(coloured.finish().out.find("\x1B[1;31mcritical:\x1B[0m Error: Text File is Empty"),
+            std::string::npos);
+
+  environment["NO_COLOR"] = "1";
+  TerminalSession plain(addCommand());
+  EXPECT_EQ(plain.finish().out.find('\x1B'), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quorbind::testing

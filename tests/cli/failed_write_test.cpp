@@ -1,0 +1,224 @@
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The command as a user who may read everything below the folder and write what a test allows.
+class WithoutPermission : public CommandTest {
+ protected:
+  void SetUp() override {
+    if (geteuid() != 0) {
+      GTEST_SKIP() << "only root can run a command as another user";
+    }
+    fs::permissions(toolbox_.path(), fs::perms::others_exec, fs::perm_options::add);
+    fs::copy_file(quorbindExecutable(), executable());
+    initLibrary();
+    writeBook();
+    fs::permissions(disk.path(), fs::perms::others_all, fs::perm_options::add);
+    fs::permissions(disk.path() / "Manual", fs::perms::others_all, fs::perm_options::add);
+  }
+
+  [[nodiscard]] Outcome quorbindAsNobody(const Words& arguments) const {
+    return runHere(asNobody(joined({executable()}, arguments)));
+  }
+
+  void allow(const std::string& name) const {
+    for (const auto& entry : fs::recursive_directory_iterator(disk.path() / name)) {
+      fs::permissions(entry.path(), fs::perms::others_all, fs::perm_options::add);
+    }
+    fs::permissions(disk.path() / name, fs::perms::others_all, fs::perm_options::add);
+  }
+  void forbid(const std::string& name) const {
+    fs::permissions(disk.path() / name, fs::perms::others_write, fs::perm_options::remove);
+  }
+
+  /// The cases below prove nothing unless a plain write is refused, too.
+  void expectThatAPlainWriteIsRefused(const std::string& name) const {
+    ASSERT_NE(runHere(asNobody({"touch", name})).status, 0) << name;
+  }
+
+  [[nodiscard]] Outcome addAsNobody() const {
+    return quorbindAsNobody(addWords({"--name", "Alarms", "--acro", "ALM"}));
+  }
+
+ private:
+  /// The executable itself may stand where that user has no way in.
+  [[nodiscard]] std::string executable() const { return (toolbox_.path() / "quorbind").string(); }
+
+  TemporaryFolder toolbox_;
+};
+
+TEST_F(WithoutPermission, ALibraryFolderThatCanNotBeWritten) {
+  expectThatAPlainWriteIsRefused("server/Docs/Plant/new");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Plant: Permission denied\n"
+            "quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, ACatalogueThatCanNotBeWritten) {
+  allow("server");
+  forbid("server/Docs/Plant/Quor_TOC.xml");
+  expectThatAPlainWriteIsRefused("server/Docs/Plant/Quor_TOC.xml");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, ABookFolderThatCanNotBeWrittenLeavesTheCatalogueAsItWas) {
+  disk.makeFolder("server/Docs/Plant/Manual");
+  allow("server");
+  forbid("server/Docs/Plant/Manual");
+  expectThatAPlainWriteIsRefused("server/Docs/Plant/Manual/new");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "quorbind: toc.txt: the book file could not be written; nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, AFolderOfTheTableThatCanNotBeWritten) {
+  allow("server");
+  forbid(".");
+  expectThatAPlainWriteIsRefused("new");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/: Permission denied\n"
+            "quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, ATableThatCanNotBeReadIsMissingInput) {
+  allow("server");
+  fs::permissions(disk.path() / "toc.txt", fs::perms::owner_all);
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "critical: toc.txt: Permission denied\n"
+            "quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, ACatalogueThatCanNotBeReadIsMissingInput) {
+  allow("server");
+  fs::permissions(disk.path() / "server/Docs/Plant/Quor_TOC.xml", fs::perms::owner_all);
+  EXPECT_EQ(addAsNobody().status, 3);
+}
+
+TEST_F(WithoutPermission, AServerFolderThatCanNotBeWrittenMakesNoLibrary) {
+  expectThatAPlainWriteIsRefused("server/Docs/new");
+  const Tree before = disk.contents();
+  const Outcome outcome = quorbindAsNobody({"init", "--server", "server", "--library", "Tools"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Tools: Permission denied\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+/// A server on a disk of 256 KiB that is full.
+class FullDisk : public CommandTest {
+ protected:
+  void SetUp() override {
+    disk.makeFolder("server");
+    if (mount("tmpfs", server().c_str(), "tmpfs", 0, "size=256k") != 0) {
+      GTEST_SKIP() << "a small disk can't be mounted here: " << std::strerror(errno);
+    }
+    mounted_ = true;
+    initLibrary();
+    writeBook();
+  }
+  void TearDown() override {
+    if (mounted_) {
+      umount2(server().c_str(), MNT_DETACH);
+    }
+  }
+
+  [[nodiscard]] std::string server() const { return (disk.path() / "server").string(); }
+
+  /// A book whose file is longer than the catalogue.
+  void writeLongBook() const {
+    std::string entries = "\"1\" \"Book\" \"Manual\\cover.htm\" \"\"\n";
+    for (int i = 0; i < 100; ++i) {
+      entries += "\"2\" \"A heading with a long title\" \"Manual\\alarms.htm\" \"\"\n";
+    }
+    writeToc(entries);
+  }
+
+  /// The catalogue apart, of which a test knows more: what came to the library came whole.
+  void expectOnlyWholeFiles() const {
+    for (const auto& [name, content] : serverTree()) {
+      EXPECT_FALSE(name.ends_with(".tmp")) << name;
+      if (name.ends_with("Book_ALM.xml")) {
+        EXPECT_NE(fromUtf16File(content).find("</Book_Master>"), std::string::npos);
+      }
+    }
+  }
+
+  /// Leaves `pages` pages of the disk free.
+  void fillBut(std::size_t pages) const {
+    std::ofstream file(disk.path() / "server/filler", std::ios::binary);
+    const std::string page(4096, 'x');
+    while (file.write(page.data(), static_cast<std::streamsize>(page.size())).flush()) {
+    }
+    file.close();
+    const auto size = fs::file_size(disk.path() / "server/filler");
+    fs::resize_file(disk.path() / "server/filler", size - size % 4096 - pages * 4096);
+  }
+
+ private:
+  bool mounted_ = false;
+};
+
+TEST_F(FullDisk, EveryFileIsOldOrNewAndTheCatalogueNamesOnlyBooksThatArrived) {
+  writeLongBook();
+  const std::string catalogue = disk.read("server/Docs/Plant/Quor_TOC.xml");
+  int entriesTakenOut = 0;
+  for (std::size_t pages = 0; pages < 60; ++pages) {
+    fillBut(pages);
+    const Outcome outcome = addAlarms();
+    if (outcome.status == 0) {
+      EXPECT_TRUE(disk.has("server/Docs/Plant/Manual/Book_ALM.xml"));
+      EXPECT_GT(entriesTakenOut, 0) << "there was never room for the entry alone";
+      return;
+    }
+    EXPECT_EQ(outcome.status, 5) << pages << outcome.err;
+    EXPECT_EQ(disk.read("server/Docs/Plant/Quor_TOC.xml"), catalogue) << pages;
+    expectOnlyWholeFiles();
+    entriesTakenOut += outcome.err ==
+                               "quorbind: toc.txt: the book file could not be written; nothing "
+                               "was added\n"
+                           ? 1
+                           : 0;
+    fs::remove_all(disk.path() / "server/Docs/Plant/Manual");
+    fs::remove(disk.path() / "server/filler");
+  }
+  ADD_FAILURE() << "the book never fits";
+}
+
+TEST_F(FullDisk, MakesNoLibrary) {
+  const std::string selection = disk.read("server/Docs/Quor_Selection.xml");
+  fillBut(0);
+  const Outcome outcome = quorbind({"init", "--server", "server", "--library", "Tools"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_NE(outcome.err.find(": Disk full\n"), std::string::npos) << outcome.err;
+  EXPECT_EQ(disk.read("server/Docs/Quor_Selection.xml"), selection);
+}
+
+}  // namespace
+}  // namespace quorbind::testing

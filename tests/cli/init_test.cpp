@@ -1,0 +1,132 @@
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+class Init : public CommandTest {
+ protected:
+  [[nodiscard]] Outcome init(const std::string& library) const {
+    return quorbind({"init", "--server", "server", "--library", library});
+  }
+  [[nodiscard]] std::string text(const std::string& name) const {
+    return replaceAll(fromUtf16File(disk.read(name)), "\r\n", "\n");
+  }
+};
+
+TEST_F(Init, MakesTheServersListTheDefaultCategoriesAndTheCatalogue) {
+  const Outcome outcome = init("Plant");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "wrote DISK/server\n"
+            "wrote DISK/server/Docs\n"
+            "wrote DISK/server/Docs/Plant\n"
+            "wrote DISK/server/Docs/Plant/Quor_TOC.xml\n"
+            "wrote DISK/server/Docs/Quor_DefaultCategories.xml\n"
+            "wrote DISK/server/Docs/Quor_Selection.xml\n");
+  EXPECT_EQ(outcome.err, "");
+
+  EXPECT_EQ(text("server/Docs/Quor_Selection.xml"),
+            "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"
+            "<Quor_Selection_List>\n"
+            "\t<Quors>\n"
+            "\t\t<Quor>\n"
+            "\t\t\t<Quor_Name>Plant</Quor_Name>\n"
+            "\t\t\t<Quor_Location>Docs\\Plant</Quor_Location>\n"
+            "\t\t</Quor>\n"
+            "\t</Quors>\n"
+            "</Quor_Selection_List>\n");
+  EXPECT_EQ(text("server/Docs/Plant/Quor_TOC.xml"),
+            "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"
+            "<Quor_Master>\n"
+            "\t<Quor_Books/>\n"
+            "</Quor_Master>\n");
+  EXPECT_EQ(text("server/Docs/Quor_DefaultCategories.xml"),
+            "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"
+            "<Default_Categories>\n"
+            "\t<Quor_Developer_Pro>\n"
+            "\t\t<CategoryName>User Guides</CategoryName>\n"
+            "\t\t<CategoryName>Reference Manuals</CategoryName>\n"
+            "\t\t<CategoryName>Release Notes</CategoryName>\n"
+            "\t\t<CategoryName>Training</CategoryName>\n"
+            "\t</Quor_Developer_Pro>\n"
+            "\t<Quor_Developer>\n"
+            "\t\t<CategoryName>User Guides</CategoryName>\n"
+            "\t\t<CategoryName>Reference Manuals</CategoryName>\n"
+            "\t\t<CategoryName>Release Notes</CategoryName>\n"
+            "\t\t<CategoryName>Training</CategoryName>\n"
+            "\t</Quor_Developer>\n"
+            "</Default_Categories>\n");
+}
+
+TEST_F(Init, RunAgainChangesNoByte) {
+  initLibrary();
+  const Tree before = disk.contents();
+  const Outcome outcome = init("Plant");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "Nothing to do: Plant is complete.\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Init, ASecondLibraryIsAddedToTheServersList) {
+  initLibrary();
+  const std::string categories = disk.read("server/Docs/Quor_DefaultCategories.xml");
+  const Outcome outcome = init("Tools");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "wrote DISK/server/Docs/Tools\n"
+            "wrote DISK/server/Docs/Tools/Quor_TOC.xml\n"
+            "wrote DISK/server/Docs/Quor_Selection.xml\n");
+  EXPECT_EQ(text("server/Docs/Quor_Selection.xml"),
+            "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"
+            "<Quor_Selection_List>\n"
+            "\t<Quors>\n"
+            "\t\t<Quor>\n"
+            "\t\t\t<Quor_Name>Plant</Quor_Name>\n"
+            "\t\t\t<Quor_Location>Docs\\Plant</Quor_Location>\n"
+            "\t\t</Quor>\n"
+            "\t\t<Quor>\n"
+            "\t\t\t<Quor_Name>Tools</Quor_Name>\n"
+            "\t\t\t<Quor_Location>Docs\\Tools</Quor_Location>\n"
+            "\t\t</Quor>\n"
+            "\t</Quors>\n"
+            "</Quor_Selection_List>\n");
+  EXPECT_EQ(disk.read("server/Docs/Quor_DefaultCategories.xml"), categories);
+}
+
+TEST_F(Init, FoldersThatStandInAnotherLetterCaseAreUsed) {
+  disk.makeFolder("server/docs");
+  EXPECT_EQ(init("Plant").status, 0);
+  EXPECT_TRUE(disk.has("server/docs/Plant/Quor_TOC.xml"));
+  EXPECT_FALSE(disk.has("server/Docs"));
+}
+
+TEST_F(Init, AListThatDoesNotParseIsNotTouchedAndNothingIsMade) {
+  disk.write("server/Docs/Quor_Selection.xml", "<Quor_Selection_List>\n<Quors>\n");
+  const Tree before = disk.contents();
+  const Outcome outcome = init("Plant");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.err.rfind("critical: DISK/server/Docs/Quor_Selection.xml:", 0), 0U)
+      << outcome.err;
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Init, AListWithoutItsContainerIsNotTouchedAndNothingIsMade) {
+  disk.write("server/Docs/Quor_Selection.xml", "<Quor_Selection_List/>");
+  const Tree before = disk.contents();
+  const Outcome outcome = init("Plant");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Quor_Selection.xml: the element Quors is missing\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Init, AFileInTheWayOfAFolderIsAFailedWrite) {
+  disk.write("server", "a file");
+  const Outcome outcome = init("Plant");
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err.rfind("critical: DISK/server", 0), 0U) << outcome.err;
+  EXPECT_EQ(disk.read("server"), "a file");
+}
+
+}  // namespace
+}  // namespace quorbind::testing

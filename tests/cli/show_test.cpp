@@ -1,0 +1,120 @@
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+class Show : public CommandTest {
+ protected:
+  void SetUp() override {
+    initLibrary();
+    writeBook();
+  }
+  [[nodiscard]] Outcome show(const Words& more = {}) const {
+    return quorbind(joined({"show", "--server", "server", "--library", "Plant"}, more));
+  }
+};
+
+TEST_F(Show, AnEmptyCatalogueIsAnEmptyTable) {
+  const Outcome outcome = show();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "ACRONYM  NAME  FOLDER\n");
+}
+
+TEST_F(Show, TheCatalogueIsATableInWhichNamesStandAsTheyWereTyped) {
+  EXPECT_EQ(add({"--name", "Ger\xC3\xA4te & <Netze>", "--acro", "GN"}).status, 0);
+  EXPECT_EQ(addAlarms().status, 0);
+  EXPECT_EQ(show().out,
+            "ACRONYM  NAME              FOLDER\n"
+            "GN       Ger\xC3\xA4te & <Netze>  Manual\n"
+            "ALM      Alarms            Manual\n");
+}
+
+TEST_F(Show, ABookIsItsHeadingTree) {
+  EXPECT_EQ(addAlarms().status, 0);
+  EXPECT_EQ(show({"ALM"}).out,
+            "Alarms (ALM), folder Manual\n"
+            "  Alarms  alarms.htm\n"
+            "    Reset & Test  alarms.htm#reset\n"
+            "  Trends  trends.htm#top\n");
+}
+
+TEST_F(Show, TheCatalogueAsAnObject) {
+  EXPECT_EQ(addAlarms().status, 0);
+  EXPECT_EQ(show({"--json"}).out,
+            "{\n"
+            "  \"books\": [\n"
+            "    {\n"
+            "      \"acronym\": \"ALM\",\n"
+            "      \"name\": \"Alarms\",\n"
+            "      \"folder\": \"Manual\",\n"
+            "      \"file\": \"Book_ALM.xml\"\n"
+            "    }\n"
+            "  ]\n"
+            "}\n");
+}
+
+TEST_F(Show, ABookAsAnObject) {
+  writeToc(
+      "\"1\" \"Book\" \"Manual\\cover.htm\" \"\"\n"
+      "\"2\" \"A & B\" \"Manual\\a.htm\" \"#b\"\n");
+  EXPECT_EQ(addAlarms().status, 0);
+  EXPECT_EQ(show({"ALM", "--json"}).out,
+            "{\n"
+            "  \"acronym\": \"ALM\",\n"
+            "  \"name\": \"Alarms\",\n"
+            "  \"folder\": \"Manual\",\n"
+            "  \"file\": \"Book_ALM.xml\",\n"
+            "  \"headings\": [\n"
+            "    {\n"
+            "      \"level\": 1,\n"
+            "      \"title\": \"A & B\",\n"
+            "      \"file\": \"a.htm\",\n"
+            "      \"bookmark\": \"#b\"\n"
+            "    }\n"
+            "  ]\n"
+            "}\n");
+}
+
+TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
+  const Outcome outcome = show({"ALM"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "critical: there is no book ALM in Plant\n");
+}
+
+TEST_F(Show, ABookFileThatIsNotThereIsMissingInput) {
+  EXPECT_EQ(addAlarms().status, 0);
+  std::filesystem::remove(disk.path() / "server/Docs/Plant/Manual/Book_ALM.xml");
+  const Outcome outcome = show({"ALM"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml: File not found\n");
+}
+
+TEST_F(Show, ABookFileThatDoesNotParseIsNamedWithItsLine) {
+  EXPECT_EQ(addAlarms().status, 0);
+  disk.write("server/Docs/Plant/Manual/Book_ALM.xml", "<Book_Master>\n");
+  const Outcome outcome = show({"ALM"});
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.err.rfind("critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml:", 0), 0U)
+      << outcome.err;
+}
+
+TEST_F(Show, AnEntryThatLeadsOutOfTheLibraryIsNotFollowed) {
+  disk.write("server/Docs/secret.xml", "<Book_Master/>");
+  disk.write("server/Docs/Plant/Quor_TOC.xml",
+             "<Quor_Master><Quor_Books><Book><Book_Name>x</Book_Name><Book_Acro>X</Book_Acro>"
+             "<Book_Folder>..</Book_Folder><Book_File>secret.xml</Book_File></Book></Quor_Books>"
+             "</Quor_Master>");
+  const Outcome outcome = show({"X"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Plant/Quor_TOC.xml: the book file ..\\secret.xml is not "
+            "in the library\n");
+}
+
+TEST_F(Show, ALibraryThatIsNotThereIsMissingInput) {
+  EXPECT_EQ(quorbind({"show", "--server", "server", "--library", "Tools"}).status, 3);
+  EXPECT_EQ(quorbind({"show", "--server", "nowhere", "--library", "Plant"}).status, 3);
+}
+
+}  // namespace
+}  // namespace quorbind::testing

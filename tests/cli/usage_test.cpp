@@ -1,0 +1,77 @@
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+using Usage = CommandTest;
+
+TEST_F(Usage, WithoutASubcommandIsWrong) {
+  const Outcome outcome = quorbind({});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "A subcommand is required\n"
+            "Run with --help for more information.\n");
+}
+
+TEST_F(Usage, AFlagThatIsNotKnownIsWrong) {
+  EXPECT_EQ(quorbind({"show", "--servre", "server", "--library", "Plant"}).status, 2);
+}
+
+TEST_F(Usage, AKindThatIsNotKnownIsWrong) {
+  EXPECT_EQ(quorbind({"check", "toc.txt", "--kind", "word"}).status, 2);
+}
+
+TEST_F(Usage, AnInstallTypeThatIsNoNumberIsWrong) {
+  EXPECT_EQ(add({"--install-type", "pro"}).status, 2);
+}
+
+TEST_F(Usage, ALibraryThatCanNotBeAFolderIsWrong) {
+  for (const char* name : {"..", ".", "a/b", "a\\b", "C:", "nul", "a*b", "a\"b", "R&D", "", " x"}) {
+    const Outcome outcome = quorbind({"init", "--server", "server", "--library", name});
+    EXPECT_EQ(outcome.status, 2) << name;
+    EXPECT_TRUE(disk.contents().empty()) << name;
+  }
+}
+
+TEST_F(Usage, TheServerComesFromTheEnvironmentWhenItIsNotGiven) {
+  initLibrary();
+  EXPECT_EQ(quorbind({"show", "--library", "Plant"}).status, 2);
+  environment["QUOR_SERVER"] = "server";
+  EXPECT_EQ(quorbind({"show", "--library", "Plant"}).status, 0);
+}
+
+TEST_F(Usage, TheVersionIsToldOnTheStandardOutput) {
+  const Outcome outcome = quorbind({"--version"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "quorbind 0.1.0\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Usage, HelpOfTheWholeCommandNamesTheSubcommandsAndTheExitStatuses) {
+  const Outcome outcome = quorbind({"--help"});
+  EXPECT_EQ(outcome.status, 0);
+  for (const char* text : {"init ", "add ", "prepare ", "check ", "show ", "Exit status: 0 done"}) {
+    EXPECT_NE(outcome.out.find(text), std::string::npos) << text;
+  }
+}
+
+TEST_F(Usage, EverySubcommandHasHelp) {
+  for (const char* subcommand : {"init", "add", "prepare", "check", "show"}) {
+    const Outcome outcome = quorbind({subcommand, "--help"});
+    EXPECT_EQ(outcome.status, 0) << subcommand;
+    EXPECT_NE(outcome.out.find(std::string("Usage: quorbind ") + subcommand), std::string::npos)
+        << outcome.out;
+  }
+}
+
+TEST_F(Usage, AStandardOutputThatTakesNothingIsAFailedWrite) {
+  initLibrary();
+  const Outcome outcome = runHere(
+      {"sh", "-c", quorbindExecutable() + " show --server server --library Plant > /dev/full"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err, "quorbind: the standard output could not be written\n");
+}
+
+}  // namespace
+}  // namespace quorbind::testing

@@ -1,0 +1,285 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/text_file.h"
+#include "tests/contract/adapters.h"
+#include "tests/support/raised_error.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quorbind::testing {
+
+namespace {
+
+using namespace std::string_literals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// More than a reader or a writer can hold at once, unless it holds whole files.
+constexpr std::size_t kManyBytes = 200'000;
+
+class TextFileContract : public ::testing::Test {
+ protected:
+  TextReader read(std::string_view bytes) {
+    disk_.write("a.txt", bytes);
+    return {adapters_->files(), adapters_->locale(), "C:\\a.txt"};
+  }
+
+  std::vector<std::string> linesOf(std::string_view bytes) {
+    TextReader reader = read(bytes);
+    std::vector<std::string> lines;
+    while (!reader.atEnd()) {
+      lines.emplace_back(reader.readLine());
+    }
+    return lines;
+  }
+
+  std::string textOf(std::string_view bytes) { return read(bytes).readAll(); }
+
+  std::string inSystemCodePage(std::string_view bytes) {
+    return adapters_->locale().fromSystemCodePage(bytes);
+  }
+
+  TextWriter write(std::string_view path) { return {adapters_->files(), path}; }
+
+  TemporaryFolder disk_;
+  std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
+};
+
+std::string swapped(std::string bytes) {
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    std::swap(bytes[at], bytes[at + 1]);
+  }
+  return bytes;
+}
+
+// Encodings
+
+TEST_F(TextFileContract, AMarkDecidesForUtf16InLittleEndianOrder) {
+  EXPECT_THAT(linesOf("\xFF\xFE"
+                      "h\0\xE9\0\n\0\x3D\xD8\x00\xDE"s),
+              ElementsAre("hé", "😀"));
+}
+
+TEST_F(TextFileContract, AMarkDecidesForUtf16InBigEndianOrder) {
+  EXPECT_THAT(linesOf("\xFE\xFF"
+                      "\0h\0\xE9\0\n\xD8\x3D\xDE\x00"s),
+              ElementsAre("hé", "😀"));
+}
+
+TEST_F(TextFileContract, AMarkDecidesForUtf8) {
+  EXPECT_THAT(linesOf("\xEF\xBB\xBFhé\n😀"), ElementsAre("hé", "😀"));
+}
+
+TEST_F(TextFileContract, WithoutAMarkValidUtf8IsUtf8) {
+  EXPECT_THAT(linesOf("hé\n😀"), ElementsAre("hé", "😀"));
+}
+
+TEST_F(TextFileContract, WithoutAMarkAnythingElseIsInTheSystemsCodePage) {
+  EXPECT_THAT(linesOf("plain\nh\xE9\x80\n"), ElementsAre("plain", inSystemCodePage("h\xE9\x80")));
+}
+
+TEST_F(TextFileContract, OneByteAnywhereMakesTheWholeFileTextInTheCodePage) {
+  const std::string manyLines(kManyBytes, '\n');
+
+  const std::string text = textOf("h\xC3\xA9" + manyLines + "h\xE9");
+
+  EXPECT_EQ(text, inSystemCodePage("h\xC3\xA9") + manyLines + inSystemCodePage("h\xE9"));
+}
+
+TEST_F(TextFileContract, ACharacterCutOffByTheEndIsNoUtf8) {
+  EXPECT_EQ(textOf("h\xC3"), inSystemCodePage("h\xC3"));
+  EXPECT_EQ(textOf("h\xF0\x9F\x98"), inSystemCodePage("h\xF0\x9F\x98"));
+}
+
+TEST_F(TextFileContract, ACharacterMayStandAcrossAnyBoundaryOfThePiecesRead) {
+  for (std::size_t before = 65'530; before <= 65'540; ++before) {
+    const std::string text = std::string(before, 'x') + "😀é\nend";
+    EXPECT_TRUE(textOf(text) == text) << before;
+    EXPECT_TRUE(textOf(utf16File(text)) == text) << before;
+  }
+}
+
+TEST_F(TextFileContract, HalfAMarkIsNoMark) {
+  EXPECT_THAT(linesOf("\xFF"), ElementsAre(inSystemCodePage("\xFF")));
+  EXPECT_THAT(linesOf("\xEF\xBB"), ElementsAre(inSystemCodePage("\xEF\xBB")));
+}
+
+TEST_F(TextFileContract, AMarkAloneIsAnEmptyFile) {
+  EXPECT_THAT(linesOf("\xFF\xFE"), IsEmpty());
+  EXPECT_THAT(linesOf("\xFE\xFF"), IsEmpty());
+  EXPECT_THAT(linesOf("\xEF\xBB\xBF"), IsEmpty());
+}
+
+TEST_F(TextFileContract, WhatHasNoMeaningInTheEncodingReadsAsReplacementCharacters) {
+  EXPECT_THAT(linesOf("\xFF\xFE"
+                      "\x3D\xD8"
+                      "a\0\n\0\x00\xDE"s),
+              ElementsAre("\uFFFDa", "\uFFFD"));
+  EXPECT_THAT(linesOf("\xFF\xFE"
+                      "a\0b"s),
+              ElementsAre("a\uFFFD"));
+  EXPECT_THAT(linesOf("\xEF\xBB\xBFh\xE9\nb\n"), ElementsAre("h\uFFFD", "b"));
+}
+
+// Lines
+
+TEST_F(TextFileContract, ALineFeedEndsALineWithTheCarriageReturnBeforeIt) {
+  EXPECT_THAT(linesOf("a\r\nb\nc"), ElementsAre("a", "b", "c"));
+}
+
+TEST_F(TextFileContract, ACarriageReturnAloneIsText) {
+  EXPECT_THAT(linesOf("a\rb\r\r\nc\r"), ElementsAre("a\rb\r", "c\r"));
+}
+
+TEST_F(TextFileContract, AnEndOfLineAtTheEndBeginsNoFurtherLine) {
+  EXPECT_THAT(linesOf("a\r\n"), ElementsAre("a"));
+  EXPECT_THAT(linesOf("\n"), ElementsAre(""));
+  EXPECT_THAT(linesOf("a\n\r\n\n"), ElementsAre("a", "", ""));
+}
+
+TEST_F(TextFileContract, AnEmptyFileHasNoLines) {
+  EXPECT_THAT(linesOf(""), IsEmpty());
+}
+
+TEST_F(TextFileContract, ReadingBehindTheEndRaises62) {
+  TextReader reader = read("a\n");
+  EXPECT_EQ(reader.readLine(), "a");
+  EXPECT_TRUE(reader.atEnd());
+
+  EXPECT_EQ(errorRaisedBy([&] { reader.readLine(); }), 62);
+  EXPECT_EQ(errorRaisedBy([&] { reader.readLine(); }), 62);
+}
+
+TEST_F(TextFileContract, LinesOfUtf16EndAtLineFeedsAndNotAtBytesThatLookLikeOne) {
+  const std::string text = "\u0A0Aa\u010A\u0A00\r\nb\u0A0A\n";
+
+  EXPECT_THAT(linesOf(utf16File(text)), ElementsAre("\u0A0Aa\u010A\u0A00", "b\u0A0A"));
+  EXPECT_THAT(linesOf(swapped(utf16File(text))), ElementsAre("\u0A0Aa\u010A\u0A00", "b\u0A0A"));
+}
+
+TEST_F(TextFileContract, ALineEndMayStandAcrossAnyBoundaryOfThePiecesRead) {
+  for (std::size_t length = 65'530; length <= 65'540; ++length) {
+    const std::string line(length, 'x');
+    const std::string half(length / 2, 'x');
+    EXPECT_TRUE(linesOf(line + "\r\nend") == (std::vector{line, "end"s})) << length;
+    EXPECT_TRUE(linesOf(utf16File(half + "\r\nend")) == (std::vector{half, "end"s})) << length;
+    EXPECT_TRUE(linesOf(swapped(utf16File(half + "\r\nend"))) == (std::vector{half, "end"s}))
+        << length;
+  }
+}
+
+TEST_F(TextFileContract, ALineMayBeLong) {
+  const std::string line(8'000'000, 'x');
+
+  EXPECT_TRUE(linesOf("first\n" + line + "\r\nlast\n") == (std::vector{"first"s, line, "last"s}));
+}
+
+TEST_F(TextFileContract, ManyLinesComeInOrder) {
+  std::string text;
+  std::vector<std::string> expected;
+  while (text.size() < kManyBytes) {
+    expected.push_back("line " + std::to_string(expected.size()));
+    text += expected.back() + "\r\n";
+  }
+
+  EXPECT_EQ(linesOf(text), expected);
+  EXPECT_EQ(linesOf(utf16File(text)), expected);
+  expected.push_back(inSystemCodePage("\x9F"));
+  EXPECT_EQ(linesOf(text + "\x9F"), expected);
+}
+
+// Whole files
+
+TEST_F(TextFileContract, TheWholeFileKeepsItsLineEnds) {
+  EXPECT_EQ(textOf("\xEF\xBB\xBF"
+                   "a\r\nb\rc\n\n"),
+            "a\r\nb\rc\n\n");
+  EXPECT_EQ(textOf(utf16File("é\r\nb")), "é\r\nb");
+}
+
+TEST_F(TextFileContract, TheWholeRestBeginsBehindTheLinesRead) {
+  TextReader reader = read("a\r\nb\r\nc");
+  reader.readLine();
+
+  EXPECT_EQ(reader.readAll(), "b\r\nc");
+  EXPECT_TRUE(reader.atEnd());
+  EXPECT_EQ(reader.readAll(), "");
+}
+
+TEST_F(TextFileContract, AMissingFileRaises53) {
+  EXPECT_EQ(errorRaisedBy([&] {
+              const TextReader reader(adapters_->files(), adapters_->locale(), "C:\\missing.txt");
+            }),
+            53);
+}
+
+// Writing
+
+TEST_F(TextFileContract, WhatIsWrittenIsLittleEndianUtf16WithAMark) {
+  TextWriter writer = write("C:\\b.txt");
+  writer.write("hé");
+  writer.writeLine("😀");
+  writer.close();
+
+  EXPECT_EQ(disk_.read("b.txt"),
+            "\xFF\xFE"
+            "h\0\xE9\0\x3D\xD8\x00\xDE\r\0\n\0"s);
+}
+
+TEST_F(TextFileContract, LineEndsInsideWhatIsWrittenStay) {
+  TextWriter writer = write("C:\\b.txt");
+  writer.write("a\nb\r");
+  writer.writeLine("");
+  writer.close();
+
+  EXPECT_EQ(fromUtf16File(disk_.read("b.txt")), "a\nb\r\r\n");
+}
+
+TEST_F(TextFileContract, BytesThatAreNoUtf8AreWrittenAsReplacementCharacters) {
+  TextWriter writer = write("C:\\b.txt");
+  writer.write("h\xE9\xE9!");
+  writer.close();
+
+  EXPECT_EQ(fromUtf16File(disk_.read("b.txt")), "h\uFFFD\uFFFD!");
+}
+
+TEST_F(TextFileContract, AnEmptyTextFileIsItsMark) {
+  write("C:\\b.txt").close();
+
+  EXPECT_EQ(disk_.read("b.txt"), "\xFF\xFE");
+}
+
+TEST_F(TextFileContract, MuchTextIsWrittenWhole) {
+  TextWriter writer = write("C:\\b.txt");
+  std::string expected;
+  for (int line = 0; expected.size() < kManyBytes; ++line) {
+    writer.writeLine("Zeile " + std::to_string(line) + " müht sich");
+    expected += "Zeile " + std::to_string(line) + " müht sich\r\n";
+  }
+  writer.close();
+
+  EXPECT_EQ(fromUtf16File(disk_.read("b.txt")), expected);
+}
+
+TEST_F(TextFileContract, AWriterDestroyedBeforeItIsClosedHasWrittenNothing) {
+  disk_.write("b.txt", "old");
+  {
+    TextWriter writer = write("C:\\b.txt");
+    writer.write(std::string(kManyBytes, 'x'));
+  }
+  EXPECT_THAT(disk_.contents(), ElementsAre(std::pair("b.txt"s, "old"s)));
+}
+
+TEST_F(TextFileContract, WritingIntoAMissingFolderRaises76) {
+  EXPECT_EQ(errorRaisedBy([&] { write("C:\\Missing\\b.txt"); }), 76);
+}
+
+}  // namespace
+
+}  // namespace quorbind::testing

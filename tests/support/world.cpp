@@ -1,0 +1,50 @@
+#include "tests/support/world.h"
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace quorbind::testing {
+
+void BreakableToolset::require(bool whole) {
+  if (!whole) {
+    raise(ErrorNumber::kCannotCreateObject);
+  }
+}
+
+std::unique_ptr<LibraryServices> BreakableToolset::createLibraryServices() {
+  require(!broken_);
+  return toolset_.createLibraryServices();
+}
+
+std::unique_ptr<XmlTextRules> BreakableToolset::createXmlTextRules() {
+  require(!broken_);
+  return toolset_.createXmlTextRules();
+}
+
+std::unique_ptr<LinkFileServices> BreakableToolset::createLinkFileServices() {
+  require(!broken_);
+  return toolset_.createLinkFileServices();
+}
+
+std::unique_ptr<ProductServices> BreakableToolset::createProductServices() {
+  require(!broken_);
+  return toolset_.createProductServices();
+}
+
+std::unique_ptr<FileCopy> BreakableToolset::createFileCopy() {
+  require(!broken_ && !fileCopyBroken_);
+  return toolset_.createFileCopy();
+}
+
+World::World()
+    : adapters_(makeAdapters(disk.path())),
+      locale_(adapters_->locale()),
+      reference_(adapters_->makeToolset(user)),
+      toolset(*reference_),
+      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale_}) {}
+
+std::string World::text(std::string_view name) const {
+  return replaceAll(fromUtf16File(disk.read(name)), "\r\n", "\n");
+}
+
+}  // namespace quorbind::testing

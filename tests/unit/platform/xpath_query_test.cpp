@@ -1,0 +1,29 @@
+#include "platform/xpath_query.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/raised_error.h"
+
+namespace quorbind::testing {
+
+namespace {
+
+TEST(QuotedForQuery, PutsAValueBetweenTheQuotes) {
+  EXPECT_EQ(quotedForQuery("Alarms", '\''), "'Alarms'");
+  EXPECT_EQ(quotedForQuery("Alarms", '"'), "\"Alarms\"");
+  EXPECT_EQ(quotedForQuery("", '\''), "''");
+}
+
+TEST(QuotedForQuery, LeavesTheOtherQuoteInAValueAlone) {
+  EXPECT_EQ(quotedForQuery("the \"new\" one", '\''), "'the \"new\" one'");
+  EXPECT_EQ(quotedForQuery("Driver's Guide", '"'), "\"Driver's Guide\"");
+}
+
+TEST(QuotedForQuery, RefusesAValueThatWouldEndTheLiteral) {
+  EXPECT_EQ(errorRaisedBy([] { (void)quotedForQuery("' or '1'='1", '\''); }), kInvalidQueryError);
+  EXPECT_EQ(errorRaisedBy([] { (void)quotedForQuery("a\"b", '"'); }), kInvalidQueryError);
+}
+
+}  // namespace
+
+}  // namespace quorbind::testing

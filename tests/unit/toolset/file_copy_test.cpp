@@ -1,0 +1,182 @@
+#include "toolset/file_copy.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "platform/runtime_error.h"
+#include "tests/contract/adapters.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::Each;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+/// A file system that tells what it was asked about, and whose copies can be made to fail.
+class WatchedFileSystem final : public FileSystem {
+ public:
+  explicit WatchedFileSystem(FileSystem& files) : files_(files) {}
+
+  /// From now on copies to this name end with this error.
+  void failCopyTo(std::string_view path, ErrorNumber error) { failures_.emplace(path, error); }
+  /// From now on no folder can be listed.
+  void failToList() { canList_ = false; }
+  /// Every name that was part of a call, in order.
+  [[nodiscard]] const std::vector<std::string>& asked() const { return asked_; }
+  [[nodiscard]] auto timesAsked(std::string_view path) const {
+    return std::count(asked_.begin(), asked_.end(), path);
+  }
+  [[nodiscard]] auto copiesTo(std::string_view path) const {
+    return std::count(copied_.begin(), copied_.end(), path);
+  }
+
+  [[nodiscard]] bool fileExists(std::string_view path) override {
+    return files_.fileExists(note(path));
+  }
+  [[nodiscard]] bool folderExists(std::string_view path) override {
+    return files_.folderExists(note(path));
+  }
+  void createFolder(std::string_view path) override { files_.createFolder(note(path)); }
+  void copyFile(std::string_view from, std::string_view to) override {
+    note(from);
+    copied_.emplace_back(note(to));
+    if (const auto failure = failures_.find(std::string(to)); failure != failures_.end()) {
+      raise(failure->second);
+    }
+    files_.copyFile(from, to);
+  }
+  void moveFile(std::string_view from, std::string_view to) override {
+    files_.moveFile(note(from), note(to));
+  }
+  void deleteFile(std::string_view path) override { files_.deleteFile(note(path)); }
+  [[nodiscard]] std::string absolutePath(std::string_view path) override {
+    return files_.absolutePath(path);
+  }
+  [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override {
+    return files_.sameFile(note(left), note(right));
+  }
+  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
+    if (!canList_) {
+      raise(ErrorNumber::kPermissionDenied);
+    }
+    return files_.namesIn(note(folder));
+  }
+  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
+    return files_.open(note(path));
+  }
+  [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override {
+    return files_.replace(note(path));
+  }
+
+ private:
+  std::string_view note(std::string_view path) {
+    asked_.emplace_back(path);
+    return path;
+  }
+
+  FileSystem& files_;
+  std::map<std::string, ErrorNumber, std::less<>> failures_;
+  bool canList_ = true;
+  std::vector<std::string> asked_;
+  std::vector<std::string> copied_;
+};
+
+class FileCopyTest : public ::testing::Test {
+ protected:
+  /// Copies a book file with these headings from in/ to lib/.
+  bool copyBook(const std::string& headings) {
+    disk_.write("in/Book_B.xml", "<Book_Master>" + headings + "</Book_Master>");
+    return copy_.mbCopyFiles("C:\\lib", "C:\\in\\Book_B.xml", 0, 0);
+  }
+
+  TemporaryFolder disk_;
+  std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
+  WatchedFileSystem files_{adapters_->files()};
+  ReferenceFileCopy copy_{files_, adapters_->xml(), adapters_->locale()};
+};
+
+TEST_F(FileCopyTest, CopiesADocumentOnceHoweverManyHeadingsNameIt) {
+  disk_.write("in/intro.htm", "");
+  std::string headings;
+  for (int heading = 0; heading < 1000; ++heading) {
+    headings += "<HFile>" + std::string(heading % 2 == 0 ? "intro" : "INTRO") + ".htm#" +
+                std::to_string(heading) + "</HFile>";
+  }
+  EXPECT_TRUE(copyBook(headings));
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\intro.htm"), 1);
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\INTRO.htm"), 0);
+}
+
+TEST_F(FileCopyTest, CopiesALinkedFileOnceHoweverManyPagesLinkToIt) {
+  disk_.write("in/one.htm", "<img src=logo.png><a href=two.htm>");
+  disk_.write("in/two.htm", "<img src=LOGO.png><a href=one.htm>");
+  disk_.write("in/logo.png", "");
+  EXPECT_TRUE(copyBook("<HFile>one.htm</HFile><HFile>two.htm</HFile>"));
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\logo.png"), 1);
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\LOGO.png"), 0);
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\two.htm"), 1);
+}
+
+TEST_F(FileCopyTest, ListsEachFolderOnceHoweverManyDocumentsAreMissing) {
+  disk_.write("in/page.htm", "<img src=missing.png><img src=img/missing.png>");
+  std::string headings = "<HFile>page.htm</HFile>";
+  for (int heading = 0; heading < 1000; ++heading) {
+    headings += "<HFile>page" + std::to_string(heading) + ".htm</HFile>";
+  }
+  EXPECT_TRUE(copyBook(headings));
+  EXPECT_EQ(files_.timesAsked("C:\\in\\"), 1);
+  EXPECT_EQ(files_.timesAsked("C:\\"), 1);
+  EXPECT_EQ(files_.timesAsked("C:\\in\\img\\"), 1);
+  EXPECT_LT(files_.asked().size(), 20U);
+}
+
+TEST_F(FileCopyTest, FindsDocumentsInAFolderThatCannotBeListed) {
+  disk_.write("in/intro.htm", "");
+  files_.failToList();
+  EXPECT_TRUE(copyBook("<HFile>intro.htm</HFile><HFile>missing.htm</HFile>"));
+  EXPECT_TRUE(disk_.has("lib/intro.htm"));
+}
+
+TEST_F(FileCopyTest, AsksNothingAboutNamesThatLeadElsewhere) {
+  disk_.write("in/page.htm",
+              "<a href='../secret.htm'><a href='//server/secret'><a href='%5c%5cserver%5csecret'>"
+              "<a href='nul'><a href='C:secret'><a href='http://server/secret'>");
+  EXPECT_TRUE(
+      copyBook("<HFile>page.htm</HFile><HFile>..\\secret.htm</HFile>"
+               "<HFile>\\\\server\\share\\secret.htm</HFile><HFile>\\\\.\\C:\\secret.htm</HFile>"
+               "<HFile>deep\\.. \\secret.htm</HFile><HFile>CON</HFile><HFile>nul.htm</HFile>"
+               "<HFile>deep/COM1.txt</HFile><HFile>page.htm:secret</HFile>"
+               "<HFile>D:\\secret.htm</HFile><HFile>file:///C:/secret.htm</HFile>"));
+  EXPECT_THAT(files_.asked(), Each(StartsWith("C:")));
+  for (const char* part : {"secret", "server", "CON", "nul", "COM1", ".."}) {
+    EXPECT_THAT(files_.asked(), Each(Not(HasSubstr(part))));
+  }
+}
+
+TEST_F(FileCopyTest, FailsWhenTheDiskIsFullForTheFileItself) {
+  disk_.write("in/intro.htm", "");
+  files_.failCopyTo("C:\\lib\\Book_B.xml", ErrorNumber::kDiskFull);
+  EXPECT_FALSE(copyBook("<HFile>intro.htm</HFile>"));
+  EXPECT_FALSE(disk_.has("lib/intro.htm"));
+}
+
+TEST_F(FileCopyTest, SucceedsWhenOnlyADocumentCouldNotBeCopied) {
+  disk_.write("in/intro.htm", "<img src=logo.png>");
+  disk_.write("in/logo.png", "");
+  disk_.write("in/setup.htm", "");
+  files_.failCopyTo("C:\\lib\\intro.htm", ErrorNumber::kPermissionDenied);
+  EXPECT_TRUE(copyBook("<HFile>intro.htm</HFile><HFile>setup.htm</HFile>"));
+  EXPECT_FALSE(disk_.has("lib/intro.htm"));
+  EXPECT_FALSE(disk_.has("lib/logo.png"));
+  EXPECT_TRUE(disk_.has("lib/setup.htm"));
+}
+
+}  // namespace
+}  // namespace quorbind::testing

@@ -1,0 +1,329 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/catalogue_text.h"
+#include "tests/support/world.h"
+#include "toc/text_form.h"
+#include "workflow/driver/quor_book.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+/// Notes the event between the other things that happen.
+class NotingEvents final : public QuorBookEvents {
+ public:
+  explicit NotingEvents(ScriptedUserInterface& user) : user_(user) {}
+  void evtGetFolderName(std::string_view sFolderName) override {
+    user_.note("event [" + std::string(sFolderName) + "]");
+  }
+
+ private:
+  ScriptedUserInterface& user_;
+};
+
+class AddBook : public ::testing::Test {
+ protected:
+  AddBook() {
+    world_.disk.write("lib/Quor_TOC.xml", catalogueWith(bookEntry("Alarms", "ALM")));
+    writeToc("Manual\\");
+  }
+
+  /// A table of contents of a book and two headings, as the generator and the rules both read it.
+  void writeToc(const std::string& folder) {
+    std::string text = "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"\r\n\r\n";
+    for (const auto& [level, name, file] : {std::tuple{1, "Pump Station", "cover.htm"},
+                                            std::tuple{2, "Start", "start.htm"},
+                                            std::tuple{3, "Cold start", "cold.htm"}}) {
+      const std::string path = folder + file;
+      text += "\"" + std::to_string(level) + "\" \"" + name + "\" \"" + path + "\" \"\" " +
+              text_form::lineOf({.level = level, .name = name, .file = path}) + "\r\n";
+    }
+    world_.disk.write("in/toc.txt", text);
+  }
+
+  bool run(const std::string& name = "Pump Station", const std::string& acronym = "PST") {
+    arguments_.vstrBookName = name;
+    arguments_.vstrBookAcro = acronym;
+    const BookValuatorArguments& a = arguments_;
+    return book_.Book_Valuator(a.vstrtocpath,
+                               a.vstrQuorTOcPath,
+                               a.vintType,
+                               a.vstrProductName,
+                               a.vstrBookName,
+                               a.vstrBookAcro,
+                               a.vstrCategory,
+                               a.vstrKeywordsPath,
+                               a.vstrBookCategoryPath,
+                               a.strKeyWords,
+                               a.strCategory,
+                               a.spath,
+                               a.vlngInstallType,
+                               a.blnChkCateFlag,
+                               a.strServerPath);
+  }
+  [[nodiscard]] std::string catalogue() const { return world_.disk.read("lib/Quor_TOC.xml"); }
+
+  World world_;
+  NotingEvents events_{world_.user};
+  Quor_Book book_{world_.module, &events_};
+  BookValuatorArguments arguments_{.vstrtocpath = "C:\\in\\toc.txt",
+                                   .vstrQuorTOcPath = "C:\\lib\\Quor_TOC.xml",
+                                   .vintType = 4,
+                                   .vstrProductName = "Prod",
+                                   .vstrBookName = {},
+                                   .vstrBookAcro = {},
+                                   .vstrCategory = {},
+                                   .vstrKeywordsPath = "C:\\lib\\Quor_SearchKeywords.xml",
+                                   .vstrBookCategoryPath = "C:\\lib\\Quor_BookCategories.xml",
+                                   .strKeyWords = {},
+                                   .strCategory = {},
+                                   .spath = {},
+                                   .vlngInstallType = 0,
+                                   .blnChkCateFlag = false,
+                                   .strServerPath = "C:\\"};
+};
+
+TEST_F(AddBook, GoesThroughItsStagesInOrder) {
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("progress 0/10 ",
+                          "progress 0/10 Toc Validation in Progress...",
+                          "progress 2/10 Toc Validation in Progress...",
+                          "progress 2/10 TOC to XML Conversion in Progress...",
+                          "progress 2/10 TOC to XML Conversion in Progress...",
+                          "progress 4/10 TOC to XML Conversion in Progress...",
+                          "progress 4/10 File copying in progress...",
+                          "progress 8/10 File copying in progress...",
+                          "progress 8/10 Adding Book to Quor_TOC.XML....",
+                          "progress 8/10 Toc Addition Complete",
+                          "progress unloaded",
+                          "event [Manual]"));
+}
+
+TEST_F(AddBook, BringsTheBookFileIntoTheLibraryAndLeavesNoneBehind) {
+  EXPECT_TRUE(run());
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+  EXPECT_FALSE(world_.disk.has("in/Book_PST.xml"));
+  EXPECT_THAT(world_.text("lib/Manual/Book_PST.xml"),
+              HasSubstr("<Book_Path>Prod\\Manual</Book_Path>"));
+}
+
+TEST_F(AddBook, BringsTheDocumentsThatStandInTheBooksFolder) {
+  world_.disk.write("in/Manual/start.htm", "start page");
+  world_.disk.write("in/Manual/other.htm", "not named");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.read("lib/Manual/start.htm"), "start page");
+  EXPECT_FALSE(world_.disk.has("lib/Manual/other.htm"));
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+  EXPECT_FALSE(world_.disk.has("in/Manual/Book_PST.xml"));
+}
+
+TEST_F(AddBook, RegistersTheBookAsTheLastOfTheCatalogue) {
+  arguments_.vstrCategory = "Operation";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(catalogue(),
+              HasSubstr("</Book>\r\n"
+                        "\t\t<Book>\r\n"
+                        "\t\t\t<Book_Name>Pump Station</Book_Name>\r\n"
+                        "\t\t\t<Book_Acro>PST</Book_Acro>\r\n"
+                        "\t\t\t<Book_Key id=\"\">Prod</Book_Key>\r\n"
+                        "\t\t\t<Book_Folder>Manual</Book_Folder>\r\n"
+                        "\t\t\t<Book_File>Book_PST.xml</Book_File>\r\n"
+                        "\t\t\t<Book_Categories>\r\n"
+                        "\t\t\t\t<Book_Category>Operation</Book_Category>\r\n"
+                        "\t\t\t</Book_Categories>\r\n"
+                        "\t\t</Book>\r\n"
+                        "\t</Quor_Books>"));
+}
+
+TEST_F(AddBook, AsksForNameAcronymAndFolderThatNobodyGave) {
+  writeToc("");
+  world_.user.answerWith([](ModalForm& form) {
+    EXPECT_EQ(form.labelText("lblFileName"), "C:\\in\\toc.txt");
+    EXPECT_EQ(form.boxText("txtBookName"), "Pump Station") << "from the table of contents";
+    form.type("txtBookAcro", "PST");
+    form.click("cmdOk");
+  });
+  world_.user.answerWith(enterFolder("Manual"));
+  EXPECT_TRUE(run("", ""));
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("progress 0/10 ",
+                          "progress 0/10 Toc Validation in Progress...",
+                          "progress 2/10 Toc Validation in Progress...",
+                          "progress 2/10 TOC to XML Conversion in Progress...",
+                          "progress hidden",
+                          "form frmBookInfo",
+                          "progress 2/10 TOC to XML Conversion in Progress...",
+                          "form frmBookFolder",
+                          "progress 4/10 TOC to XML Conversion in Progress...",
+                          "progress 4/10 File copying in progress...",
+                          "progress 8/10 File copying in progress...",
+                          "progress 8/10 Adding Book to Quor_TOC.XML....",
+                          "progress 8/10 Toc Addition Complete",
+                          "progress unloaded",
+                          "event [Manual]"));
+}
+
+TEST_F(AddBook, ForgetsNameAndAcronymAtItsEnd) {
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.state().currentBookName, "");
+  EXPECT_EQ(world_.state().currentBookAcro, "");
+  EXPECT_EQ(world_.module.bookInfo.txtBookName().text(), "");
+}
+
+TEST_F(AddBook, StoresWhatTheOtherOperationsReadFromTheProcess) {
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.state().currentProductName, "Prod");
+  EXPECT_EQ(world_.state().currentTocPath, "C:\\in\\toc.txt");
+  EXPECT_EQ(world_.state().currentCataloguePath, "C:\\lib\\Quor_TOC.xml");
+  EXPECT_EQ(world_.state().currentCategoriesPath, "C:\\lib\\Quor_BookCategories.xml");
+}
+
+TEST_F(AddBook, AnswersTrueAndRaisesTheEventForATableOfContentsThatIsNotThere) {
+  arguments_.vstrtocpath = "C:\\in\\none.txt";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: TOC not found at Path\rC:\\in\\none.txt", "event []"));
+  EXPECT_THAT(catalogue(), Not(HasSubstr("PST")));
+}
+
+TEST_F(AddBook, AnswersTrueAndRaisesTheEventForAWrongExtension) {
+  arguments_.vintType = 1;
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("progress 0/10 ",
+                          "progress 0/10 Toc Validation in Progress...",
+                          "critical: TOC file is not a XML file",
+                          "progress unloaded",
+                          "event []"));
+}
+
+TEST_F(AddBook, AnswersTrueAndRaisesTheEventForACancelledDialog) {
+  world_.user.answerWith(pressCancel());
+  const auto before = world_.disk.contents();
+  EXPECT_TRUE(run("", ""));
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("form frmBookInfo", "event []"));
+  EXPECT_EQ(world_.disk.contents(), before);
+}
+
+TEST_F(AddBook, ClearsTheCancelFlagOfTheRunBefore) {
+  world_.state().cancelled = true;
+  EXPECT_TRUE(run());
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+}
+
+TEST_F(AddBook, LeavesEverythingAsItWasWhenARuleIsBroken) {
+  world_.disk.write("in/toc.txt", "\"a\" \"b\" \"c\" \"d\"\n\n\"2\" \"B\" \"\" \"\"\n");
+  const auto before = world_.disk.contents();
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.contents(), before);
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: Line: \"2\" \"B\" \"\" \"\"\r"
+                          "Error:Invalid Node Level Sequence ",
+                          "clipboard: \"2\" \"B\" \"\" \"\"",
+                          "event []"));
+}
+
+TEST_F(AddBook, LeavesEverythingAsItWasWhenTheStatedFolderLeadsOut) {
+  writeToc("..\\");
+  world_.disk.write("in/Book_PST.xml", "the author's own");
+  const auto before = world_.disk.contents();
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.contents(), before);
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: Error:Book Folder leads out of the library: ..\\cover.htm",
+                          "event []"));
+}
+
+TEST_F(AddBook, AsksAgainForADuplicateNameAndAcceptsWhatIsEnteredThen) {
+  world_.user.answerWith(enterBook("Alarms 2", "AL2"));
+  EXPECT_TRUE(run("Alarms", "AL2"));
+  EXPECT_THAT(
+      world_.user.recordWithoutProgress(),
+      ElementsAre(
+          "critical: Error:Book Name Alarms already Exists", "form frmBookInfo", "event [Manual]"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Name>Alarms 2</Book_Name>"));
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_AL2.xml"));
+}
+
+TEST_F(AddBook, KeepsABookFileThatWasMadeWhereItBelongs) {
+  arguments_.vstrtocpath = "C:\\lib\\toc.txt";
+  world_.disk.write("lib/toc.txt", world_.disk.read("in/toc.txt"));
+  world_.disk.makeFolder("lib/Manual");
+  EXPECT_TRUE(run());
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
+}
+
+TEST_F(AddBook, EndsWithoutTheEventWhenThereIsNoCopyComponent) {
+  world_.toolset.breakFileCopy();
+  EXPECT_FALSE(run());
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: Error(429): ActiveX component can't create object\r"
+                          "Quorbind: Quor_Book::Book_Valuator"));
+  EXPECT_EQ(world_.user.record().back(), "progress unloaded");
+  EXPECT_EQ(world_.state().currentBookAcro, "PST") << "the next run starts from it";
+}
+
+// The book file can't be made, so there is none to delete either, and the run ends before the
+// catalogue.
+TEST_F(AddBook, EndsWithoutTheEventWhenNoBookFileCouldBeMade) {
+  const auto before = world_.disk.contents();
+  EXPECT_FALSE(run("Pump", "no\\such\\folder"));
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: Error(76): Path not found\r"
+                          "Quorbind:CTOCToXML::GenereateXMLFromTOC",
+                          "critical: Error(76): Path not found\r"
+                          "Quorbind: Quor_Book::Book_Valuator"));
+  EXPECT_EQ(world_.user.record().back(), "progress unloaded");
+  EXPECT_EQ(world_.disk.contents(), before);
+}
+
+TEST_F(AddBook, GoesOnAfterASubOperationReportedAnError) {
+  world_.disk.write("lib/Quor_TOC.xml", "<Quor_Master>");
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("critical: Error(91): Object variable or With block variable not set\r"
+                          "Quorbind: Quor_Book::mbAddBookTocForBook",
+                          "event [Manual]"));
+  EXPECT_EQ(catalogue(), "<Quor_Master>");
+}
+
+TEST_F(AddBook, EndsAWorkbookThroughTheCommonEndAfterItsCheck) {
+  arguments_.vintType = 3;
+  arguments_.vstrtocpath = "C:\\in\\toc.xls";
+  world_.disk.write("in/toc.xls", "workbook");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.user.recordWithoutProgress().back(), "event []");
+}
+
+TEST_F(AddBook, SaysPlainlyThatKeywordsAndCategoriesAreNotRecordedYet) {
+  const auto before = world_.disk.contents();
+  arguments_.strKeyWords = "pump";
+  EXPECT_TRUE(run());
+  arguments_.strKeyWords = "";
+  arguments_.strCategory = "Operation";
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.contents(), before);
+  const std::string box =
+      "critical: Keywords and categories can not be recorded by this version. "
+      "Nothing was changed.";
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre(box, "event []", box, "event []"));
+}
+
+TEST_F(AddBook, StartsASecondRunWithTheLevelOfTheFirst) {
+  EXPECT_TRUE(run());
+  world_.user.forget();
+  EXPECT_TRUE(run("Other", "OTH"));
+  EXPECT_THAT(world_.user.recordWithoutProgress().at(0),
+              ::testing::EndsWith("\rError:Invalid Node Level Sequence "));
+}
+
+}  // namespace
+}  // namespace quorbind::testing

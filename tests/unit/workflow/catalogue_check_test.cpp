@@ -1,0 +1,142 @@
+#include "workflow/inputs/catalogue_check.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/catalogue_text.h"
+#include "tests/support/world.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CatalogueCheck : public ::testing::Test {
+ protected:
+  CatalogueCheck() {
+    world_.disk.write("Quor_TOC.xml",
+                      catalogueWith(bookEntry("Alarms", "ALM") + bookEntry("Trends", "TRD") +
+                                    bookEntry("R&amp;amp;D&amp;apos;s", "RD")));
+  }
+  bool check(const std::string& name, const std::string& acronym) {
+    return mbCheckQuorTOCForBook(world_.module, "C:\\Quor_TOC.xml", name, acronym);
+  }
+  [[nodiscard]] const std::vector<std::string>& record() const { return world_.user.record(); }
+
+  World world_;
+};
+
+TEST_F(CatalogueCheck, SaysNothingAboutANewBook) {
+  EXPECT_TRUE(check("New", "NEW"));
+  EXPECT_THAT(record(), IsEmpty());
+}
+
+TEST_F(CatalogueCheck, AnswersFalseForACatalogueThatDoesNotLoad) {
+  world_.disk.write("Quor_TOC.xml", "<Quor_Master>");
+  EXPECT_FALSE(check("Alarms", "ALM"));
+  EXPECT_THAT(record(), IsEmpty());
+}
+
+TEST_F(CatalogueCheck, TellsOfARegisteredNameAndShowsTheDialogOnceMore) {
+  world_.user.answerWith([](ModalForm& form) {
+    EXPECT_EQ(form.boxText("txtBookName"), "Alarms");
+    EXPECT_EQ(form.boxText("txtBookAcro"), "NEW");
+    form.type("txtBookName", "Alarms 2");
+    form.click("cmdOk");
+  });
+  EXPECT_TRUE(check("Alarms", "NEW"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists", "form frmBookInfo"));
+  EXPECT_EQ(world_.state().currentBookName, "Alarms 2");
+}
+
+TEST_F(CatalogueCheck, AcceptsADuplicateNameThatIsEnteredInThatDialog) {
+  world_.user.answerWith(enterBook("Trends", "NEW"));
+  EXPECT_TRUE(check("Alarms", "NEW"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists", "form frmBookInfo"));
+  EXPECT_EQ(world_.state().currentBookName, "Trends");
+}
+
+TEST_F(CatalogueCheck, TellsOfARegisteredAcronymAndShowsAnEmptyDialog) {
+  world_.user.answerWith([](ModalForm& form) {
+    EXPECT_EQ(form.boxText("txtBookName"), "");
+    EXPECT_EQ(form.boxText("txtBookAcro"), "");
+    form.type("txtBookName", "New");
+    form.type("txtBookAcro", "TRD");
+    form.click("cmdOk");
+  });
+  EXPECT_TRUE(check("New", "ALM"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Acro ALM already Exists", "form frmBookInfo"));
+  EXPECT_EQ(world_.state().currentBookAcro, "TRD");
+}
+
+TEST_F(CatalogueCheck, LooksUpTheAcronymThatWasEnteredAfterADuplicateName) {
+  world_.user.answerWith(enterBook("New", "TRD"));
+  world_.user.answerWith(enterBook("New", "NEW"));
+  EXPECT_TRUE(check("Alarms", "NEW"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists",
+                          "form frmBookInfo",
+                          "critical: Error:Book Acro TRD already Exists",
+                          "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, AsksAtMostTwiceForABookThatIsThereWhole) {
+  world_.user.answerWith(enterBook("Alarms", "ALM"));
+  world_.user.answerWith(enterBook("Alarms", "ALM"));
+  EXPECT_TRUE(check("Alarms", "ALM"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists",
+                          "form frmBookInfo",
+                          "critical: Error:Book Acro ALM already Exists",
+                          "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, ReturnsAfterCancelWithoutLookingUpTheAcronym) {
+  world_.user.answerWith(pressCancel());
+  EXPECT_TRUE(check("Alarms", "ALM"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists", "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, GoesOnWithTheValuesHeldAfterTheCloseBox) {
+  world_.user.answerWith(closeForm());
+  world_.user.answerWith(enterBook("New", "NEW"));
+  EXPECT_TRUE(check("Alarms", "TRD"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists",
+                          "form frmBookInfo",
+                          "critical: Error:Book Acro TRD already Exists",
+                          "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, FindsNamesInTheFormInWhichTheyAreStored) {
+  world_.user.answerWith(enterBook("New", "NEW"));
+  EXPECT_TRUE(check("R&D's", "NEW"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name R&D's already Exists", "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, IsExactAboutLetterCase) {
+  EXPECT_TRUE(check("ALARMS", "alm"));
+  EXPECT_THAT(record(), IsEmpty());
+}
+
+TEST_F(CatalogueCheck, AnswersTrueForACatalogueThatHoldsNoBooks) {
+  world_.disk.write("Quor_TOC.xml", "<Other/>");
+  EXPECT_TRUE(check("Alarms", "ALM"));
+}
+
+TEST_F(CatalogueCheck, ReportsAMissingToolSet) {
+  world_.toolset.breakDown();
+  EXPECT_FALSE(check("Alarms", "ALM"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(429): ActiveX component can't create object\r"
+                          "Quorbind: Quor_Book::mbcheckQuorTocForBook"));
+}
+
+}  // namespace
+}  // namespace quorbind::testing
