@@ -17,7 +17,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-16"?>)";
 constexpr std::string_view kMakerComment = "Quorbind Documentation Tools, Library Tools Group";
 constexpr std::string_view kGroupComment = "Library Tools Group, Authoring Tools";
 constexpr std::string_view kTitleComment = "Quor Book Data File ";
@@ -121,7 +120,7 @@ void CTOCToXML::writeFile(const std::string& tocPath,
                           const std::string& bookPath,
                           const Book& book) {
   DocumentFile file(platform_.files, bookPath);
-  file.write(std::string(kDeclaration).append("\r\n"));
+  file.write(std::string(kUnicodeDeclaration).append("\r\n"));
   XmlWriter writer([&file](std::string_view text) { file.write(text); });
   maddComment(writer);
   writer.startElement(book_names::kMaster);

@@ -8,6 +8,8 @@ namespace quorbind {
 
 /// How a documentation server's folder is laid out.
 namespace server_names {
+/// What the names of the server's and the libraries' own files begin with.
+inline constexpr std::string_view kFilePrefix = "Quor_";
 inline constexpr std::string_view kDocsFolder = "Docs";
 inline constexpr std::string_view kSelectionFile = "Quor_Selection.xml";
 inline constexpr std::string_view kDefaultCategoriesFile = "Quor_DefaultCategories.xml";

@@ -73,12 +73,7 @@ ExitStatus Addition::addBook() {
     return ExitStatus::kRefused;
   }
   requireFolderInLibrary();
-  std::string handedOver = toc.path;
-  if (kind == TocCheck::kText) {
-    handedOver = readyToc(toc);
-    considerFolder(handedOver);
-  }
-  return judge(callComponent(handedOver, kind));
+  return judge(callComponent(kind == TocCheck::kText ? readyToc(toc) : toc.path, kind));
 }
 
 /// Does what adding will do to the catalogue, without an effect.
@@ -119,9 +114,14 @@ void Addition::requireFolderInLibrary() const {
 std::string Addition::readyToc(const TocFile& toc) {
   const TocSurvey survey = surveyTextToc(wiring_.module.platform, toc.path);
   report_.line = survey.refusedLine;
+  if (!survey.accepted) {
+    // It goes on as it stands, so that the boxes show the author's own line.
+    return toc.path;
+  }
   requireReadableDepth(survey, toc.name);
-  // One that is refused goes on as it stands, so that the boxes show the author's own line.
-  return survey.accepted && !survey.hasMarks ? preparedCopyOf(toc) : toc.path;
+  std::string ready = survey.hasMarks ? toc.path : preparedCopyOf(toc);
+  considerFolder(ready);
+  return ready;
 }
 
 std::string Addition::preparedCopyOf(const TocFile& toc) {
@@ -135,7 +135,7 @@ std::string Addition::preparedCopyOf(const TocFile& toc) {
   } catch (const RunTimeError& error) {
     throw writeFailure(folder, error);
   }
-  const std::string path = withBackslashes(preparedCopy_->path());
+  std::string path = withBackslashes(preparedCopy_->path());
   wiring_.ui.showPathAs(path, toc.name);
   return path;
 }
@@ -160,9 +160,11 @@ void Addition::considerFolder(const std::string& tocPath) {
 /// book's folder there; after the copy it is deleted. A file of that name that stands there already
 /// is not this run's to overwrite, install or delete.
 void Addition::requireFreeBookFile(const std::string& tocPath, const std::string& folder) {
-  const std::string besideToc = std::string(folderOf(tocPath)) + "\\";
-  const std::string bookFile = book_names::fileOf(*arguments_.acronym);
-  for (const std::string& path : {besideToc + bookFile, besideToc + folder + "\\" + bookFile}) {
+  const std::string besideToc(folderOf(tocPath));
+  const std::string bookFile = "\\" + book_names::fileOf(*arguments_.acronym);
+  const std::string inBookFolder = besideToc + "\\" + folder;
+  for (const std::string& place : {besideToc, inBookFolder}) {
+    const std::string path = place + bookFile;
     if (wiring_.files.fileExists(path)) {
       throw CommandFailure(ExitStatus::kRefused,
                            nativeName(path) + ": the file is in the way; move it or delete it");

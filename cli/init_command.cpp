@@ -19,7 +19,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n";
 
 /// What a documentation library usually groups its books by.
 constexpr std::array<std::string_view, 4> kDefaultCategories{
@@ -137,7 +136,7 @@ class Initialisation {
     }
     written(path, [&] {
       TextWriter file(wiring_.files, path);
-      file.write(kDeclaration);
+      file.writeLine(kUnicodeDeclaration);
       XmlWriter writer([&file](std::string_view text) { file.write(text); });
       writeContent(writer);
       writer.endDocument();

@@ -1,13 +1,13 @@
 #include "cli/temporary_file.h"
 
 #include <fcntl.h>
-#include <signal.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <csignal>
+#include <cstdlib>
 
 #include "platform/runtime_error.h"
 

@@ -68,6 +68,10 @@ std::string_view fileNameOf(std::string_view path) {
   return path.substr(path.rfind('\\') + 1);
 }
 
+std::string_view folderPartOf(std::string_view path) {
+  return path.substr(0, path.size() - fileNameOf(path).size());
+}
+
 bool leadsToNetworkOrDevice(std::string_view path) {
   const std::string beginning = withBackslashes(path.substr(0, kLongestLeadOut));
   if (anyOf(kLeadsOutOfDrives, [&](auto leadOut) { return beginning.starts_with(leadOut); })) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bookxml/names.h"
+#include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
@@ -30,9 +31,11 @@ bool isPage(std::string_view name) {
   return upper.ends_with(kPageExtensions[0]) || upper.ends_with(kPageExtensions[1]);
 }
 
-/// The folder part of a name, with its `\`; empty for a name without one.
-std::string_view folderPartOf(std::string_view name) {
-  return name.substr(0, name.size() - fileNameOf(name).size());
+/// Whether a file of that name is one of those that a library keeps its books in. A book's folder
+/// can be the library's own, and no document may take the place of the catalogue.
+bool isLibraryFile(std::string_view name) {
+  const std::string upper = upperCaseAscii(fileNameOf(name));
+  return upper.starts_with(upperCaseAscii(server_names::kFilePrefix)) && upper.ends_with(".XML");
 }
 
 /// A document's name for a file as a name below some folder; nothing for one that leads elsewhere.
@@ -95,7 +98,7 @@ class DocumentNames final : public XmlScanHandler {
  private:
   void add(std::string_view text) {
     auto name = nameBelow(text);
-    if (name && known_.add(*name)) {
+    if (name && !isLibraryFile(*name) && known_.add(*name)) {
       names_.push_back(*std::move(name));
     }
   }
@@ -232,7 +235,7 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (listings_.hasFile(folder + name) && settled_.add(name)) {
+    if (!isLibraryFile(name) && listings_.hasFile(folder + name) && settled_.add(name)) {
       bring(folder, name);
     }
   }

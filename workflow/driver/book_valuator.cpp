@@ -23,11 +23,6 @@ constexpr std::int32_t kProgressEntered = 8;
 constexpr std::string_view kStageNotBuilt =
     "Keywords and categories can not be recorded by this version. Nothing was changed.";
 
-/// The folder of a path, with its `\`; empty for a path without one.
-std::string folderWithSeparator(std::string_view path) {
-  return std::string(path.substr(0, path.size() - fileNameOf(path).size()));
-}
-
 }  // namespace
 
 BookValuator::BookValuator(Module& module, TocCheck& tocCheck, QuorBookEvents* events)
@@ -129,7 +124,7 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
 
 void BookValuator::convert(const BookValuatorArguments& arguments) {
   const ProcessState& state = module_.state;
-  workingFolder_ = folderWithSeparator(tocPath_);
+  workingFolder_ = folderPartOf(tocPath_);
   bookFolder_ = CTOCToXML(module_).mstrGenerateXMLFromTOC(tocPath_,
                                                           cataloguePath_,
                                                           state.currentBookName,
@@ -184,7 +179,7 @@ std::string BookValuator::bookFileName() const {
 }
 
 std::string BookValuator::libraryFolder() const {
-  return folderWithSeparator(cataloguePath_);
+  return std::string(folderPartOf(cataloguePath_));
 }
 
 void BookValuator::setStatus(Message message) {

@@ -8,6 +8,13 @@ namespace quorbind::testing {
 
 namespace {
 
+TEST(FolderPartOf, IsEverythingUpToTheLastSeparator) {
+  EXPECT_EQ(folderPartOf("C:\\in\\toc.txt"), "C:\\in\\");
+  EXPECT_EQ(folderPartOf("\\toc.txt"), "\\");
+  EXPECT_EQ(folderPartOf("toc.txt"), "");
+  EXPECT_EQ(folderPartOf("C:\\in\\"), "C:\\in\\");
+}
+
 TEST(WithBackslashes, TurnsEverySlash) {
   EXPECT_EQ(withBackslashes("Docs/Library\\a.txt/"), "Docs\\Library\\a.txt\\");
   EXPECT_EQ(withBackslashes(""), "");

@@ -160,6 +160,19 @@ TEST_F(FileCopyTest, AsksNothingAboutNamesThatLeadElsewhere) {
   }
 }
 
+TEST_F(FileCopyTest, NeverPutsADocumentInThePlaceOfTheLibrarysOwnFiles) {
+  disk_.write("in/page.htm", "<a href=quor_toc.XML>");
+  disk_.write("in/Quor_TOC.xml", "another catalogue");
+  disk_.write("in/Quor_LinkID.xml", "other links");
+  disk_.write("lib/Quor_TOC.xml", "the catalogue");
+  EXPECT_TRUE(
+      copyBook("<HFile>page.htm</HFile><HFile>Quor_TOC.xml</HFile>"
+               "<HFile>Quor_LinkID.xml#top</HFile>"));
+  EXPECT_EQ(disk_.read("lib/Quor_TOC.xml"), "the catalogue");
+  EXPECT_FALSE(disk_.has("lib/Quor_LinkID.xml"));
+  EXPECT_TRUE(disk_.has("lib/page.htm"));
+}
+
 TEST_F(FileCopyTest, FailsWhenTheDiskIsFullForTheFileItself) {
   disk_.write("in/intro.htm", "");
   files_.failCopyTo("C:\\lib\\Book_B.xml", ErrorNumber::kDiskFull);
