@@ -169,6 +169,18 @@ TEST_F(AddRefusal, AFileInThePlaceOfTheBookFileIsNeverTouched) {
   EXPECT_EQ(addAlarms().status, 0);
 }
 
+TEST_F(AddRefusal, ABrokenRuleIsToldBeforeAFileInTheWay) {
+  writeToc("\"2\" \"Alarms\" \"a.htm\" \"\"\n");
+  disk.write("Book_ALM.xml", "the author's own");
+  const Outcome outcome = addAlarms();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: Line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
+            "Error:Invalid Node Level Sequence \n"
+            "offending line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
+            "quorbind: toc.txt:3: nothing was added\n");
+}
+
 TEST_F(AddRefusal, KindsAndRecordsOfLaterVersionsAreRefusedPlainly) {
   disk.write("toc.xml", "<Book_Master/>");
   const Tree before = disk.contents();
