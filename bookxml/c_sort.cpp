@@ -49,21 +49,17 @@ bool cSort::sortRange(Names& names, std::int32_t low, std::int32_t high) {
     if (distance(low, high) <= kShortRange) {
       return bubbleSort(names, low, high);
     }
-    std::int32_t pivot = 0;
-    if (!mlPartition(names, low, high, pivot)) {
+    const auto pivot = mlPartition(names, low, high);
+    if (!pivot) {
       return false;
     }
-    if (distance(low, pivot) > distance(pivot, high)) {
-      if (!sortRange(names, index(std::int64_t{pivot} + 1), high)) {
-        return false;
-      }
-      high = index(std::int64_t{pivot} - 1);
-    } else {
-      if (!sortRange(names, low, index(std::int64_t{pivot} - 1))) {
-        return false;
-      }
-      low = index(std::int64_t{pivot} + 1);
+    const std::int32_t leftEnd = index(std::int64_t{*pivot} - 1);
+    const std::int32_t rightStart = index(std::int64_t{*pivot} + 1);
+    const bool leftIsLarger = distance(low, *pivot) > distance(*pivot, high);
+    if (!(leftIsLarger ? sortRange(names, rightStart, high) : sortRange(names, low, leftEnd))) {
+      return false;
     }
+    (leftIsLarger ? high : low) = leftIsLarger ? leftEnd : rightStart;
   }
   return true;
 }
@@ -86,9 +82,10 @@ bool cSort::bubbleSort(Names& names, std::int32_t low, std::int32_t high) {
   });
 }
 
-bool cSort::mlPartition(Names& names, std::int32_t low, std::int32_t high, std::int32_t& pivot) {
+std::optional<std::int32_t> cSort::mlPartition(Names& names, std::int32_t low, std::int32_t high) {
   const Locale& locale = platform_.locale;
-  return trapped(platform_.ui, source::kPartition, [&] {
+  using Index = std::optional<std::int32_t>;
+  return trapped(platform_.ui, source::kPartition, Index(), [&]() -> Index {
     // Bounds outside the array must fail before the first element is moved, so that none is lost.
     at(names, low);
     at(names, high);
@@ -107,8 +104,7 @@ bool cSort::mlPartition(Names& names, std::int32_t low, std::int32_t high, std::
       if (left >= right) {
         at(names, low) = at(names, right);
         at(names, right) = pivotName;
-        pivot = right;
-        return;
+        return right;
       }
       std::swap(at(names, left), at(names, right));
       ++left;

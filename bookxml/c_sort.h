@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,10 +28,11 @@ class cSort {
  private:
   using Names = std::vector<std::string>;
 
+  /// Answers whether it succeeded; a failure has been told.
   bool sortRange(Names& names, std::int32_t low, std::int32_t high);
   bool bubbleSort(Names& names, std::int32_t low, std::int32_t high);
-  /// Answers whether it succeeded; `pivot` is then the final index of the pivot.
-  bool mlPartition(Names& names, std::int32_t low, std::int32_t high, std::int32_t& pivot);
+  /// Answers the final index of the pivot; nothing after a failure, which has been told.
+  std::optional<std::int32_t> mlPartition(Names& names, std::int32_t low, std::int32_t high);
 
   const Platform& platform_;
 };

@@ -19,7 +19,6 @@ namespace quorbind {
 
 namespace {
 
-
 /// What a documentation library usually groups its books by.
 constexpr std::array<std::string_view, 4> kDefaultCategories{
     "User Guides", "Reference Manuals", "Release Notes", "Training"};

@@ -35,6 +35,7 @@ inline constexpr ErrorSource kValidateTocFile{"Quorbind: Quor_Book::mbValidateTo
 inline constexpr ErrorSource kValidateTextToc{"Quorbind: Quor_Book::mbValidateTextToc"};
 inline constexpr ErrorSource kCheckTTocForValidity{"Quorbind: Quor_Book::mbcheckTTocForValidity"};
 inline constexpr ErrorSource kCheckFilePath{"Quorbind: Quor_Book::mbCheckFilePath"};
+inline constexpr ErrorSource kHtmlExportToText{"Quorbind: Quor_Book::mHTMLExportToText"};
 
 inline constexpr ErrorSource kBookInfoOk{"cmdOk_Click of Form frmBookInfo",
                                          ErrorWording::kInProcedure};

@@ -27,8 +27,9 @@ std::optional<std::string> refusalOf(const std::string& folder, std::string_view
 }  // namespace
 
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
-  const std::string entry = text_form::readBookEntry(platform.files, platform.locale, tocPath);
-  const Pieces pieces(entry, text_form::kMarker);
+  const text_form::BookEntry entry =
+      text_form::readBookEntry(platform.files, platform.locale, tocPath);
+  const Pieces pieces(entry.text, text_form::kMarker);
   if (pieces.count() <= text_form::kFile) {
     return {};
   }
@@ -37,7 +38,7 @@ StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) 
     return {};
   }
   const std::string folder(file.substr(0, file.find('\\')));
-  return {.folder = folder, .refusal = refusalOf(folder, file)};
+  return {.line = entry.line, .folder = folder, .refusal = refusalOf(folder, file)};
 }
 
 }  // namespace quorbind

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,8 @@ namespace quorbind {
 
 /// Where a table of contents itself says that its book belongs.
 struct StatedPlace {
+  /// The line that states it, counted from 1.
+  std::size_t line = 0;
   /// The folder below the library's; empty for the library's own, nothing when none is stated.
   std::optional<std::string> folder;
   /// Why the stated folder may not be used: it leads out of the library, or breaks the rules of the

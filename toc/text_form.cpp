@@ -23,12 +23,12 @@ std::string lineOf(const Entry& entry) {
   return line;
 }
 
-std::string readBookEntry(FileSystem& files, const Locale& locale, std::string_view path) {
-  constexpr int kLinesBeforeSecondEntry = 3;
+BookEntry readBookEntry(FileSystem& files, const Locale& locale, std::string_view path) {
+  constexpr std::size_t kLinesBeforeSecondEntry = 3;
   TextReader reader(files, locale, path);
-  std::string entry;
-  for (int line = 0; line < kLinesBeforeSecondEntry && !reader.atEnd(); ++line) {
-    entry = withBackslashes(reader.readLine());
+  BookEntry entry;
+  while (entry.line < kLinesBeforeSecondEntry && !reader.atEnd()) {
+    entry = {entry.line + 1, withBackslashes(reader.readLine())};
   }
   return entry;
 }

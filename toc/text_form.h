@@ -44,8 +44,13 @@ struct Entry {
 /// One line of the form, without its line end.
 std::string lineOf(const Entry& entry);
 
-/// The line that describes the book itself: the last of the first three lines of the file, with
-/// every `/` as `\`. Raises what opening the file raises; empty for an empty file.
-std::string readBookEntry(FileSystem& files, const Locale& locale, std::string_view path);
+/// The line that describes the book itself.
+struct BookEntry {
+  std::size_t line = 0;  ///< counted from 1; 0 for an empty file
+  std::string text;      ///< with every `/` as `\`
+};
+
+/// Reads it: the last of the first three lines of the file. Raises what opening the file raises.
+BookEntry readBookEntry(FileSystem& files, const Locale& locale, std::string_view path);
 
 }  // namespace quorbind::text_form

@@ -13,6 +13,7 @@ constexpr std::string_view kQuote = "\"";
 constexpr std::size_t kPieces = 9;
 enum Piece : std::size_t { kLevel = 1, kName = 3, kFile = 5, kSubLink = 7 };
 
+constexpr std::string_view kEmptyFile = "Error: Text File is Empty";
 constexpr std::string_view kBadHeader = "Error: Text File Does not adhere to Quor TOC Content Spec";
 constexpr std::string_view kBadLine = "Error: Does not adhere to Quor TOC Content Spec";
 constexpr std::string_view kEmptyLine = "Error:Empty Line in TOC is not valid";
@@ -59,6 +60,10 @@ bool walkTextToc(TextReader& reader, TextTocListener& listener) {
     }
   }
   return true;
+}
+
+TocViolation emptyTextToc() {
+  return {std::string(kEmptyFile), /*offersLine=*/false};
 }
 
 std::optional<TocViolation> checkTextEntry(std::string_view line,

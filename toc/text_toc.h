@@ -50,6 +50,9 @@ class TextTocListener {
 /// line raises 62.
 bool walkTextToc(TextReader& reader, TextTocListener& listener);
 
+/// What a walk that ended with error 62 means for the user.
+TocViolation emptyTextToc();
+
 /// Holds an entry against the rules of one entry. `previousLevel` is the level of the entry before
 /// it, 0 in front of the first, and becomes this one's as soon as the level is accepted. The fields
 /// go to `entry`. Answers the first rule broken.

@@ -2,6 +2,7 @@
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/locale.h"
 #include "platform/paths.h"
 #include "platform/text_file.h"
 #include "resources/messages.h"
@@ -10,13 +11,15 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kEmptyFile = "Error: Text File is Empty";
 constexpr std::string_view kKindNotBuilt =
     "Only text tables of contents can be added by this version. Nothing was changed.";
 /// Documents of a text table of contents are looked up from the root of the current drive, wherever
 /// the table itself lies.
 constexpr std::string_view kRootFolder = "\\";
 constexpr char kBookmarkSign = '#';
+/// An export is named like its table of contents. In `.HTML` the last letter stays behind.
+constexpr std::string_view kHtmlExtension = ".HTM";
+constexpr std::string_view kExportEnding = "_Temp.txt";
 
 }  // namespace
 
@@ -71,7 +74,7 @@ bool TocCheck::mbValidateTextToc(std::string_view tocPath) {
       if (!error.is(ErrorNumber::kInputPastEndOfFile)) {
         throw;
       }
-      ui.show(criticalMessage(std::string(kEmptyFile)));
+      tell({}, emptyTextToc());
       return false;
     }
   });
@@ -119,6 +122,27 @@ bool TocCheck::documentExists(std::string_view folder, std::string_view fileName
   const std::string path = std::string(folder).append(fileName);
   return !leadsToNetworkOrDevice(path) &&
          module_.platform.files.fileExists(module_.platform.files.absolutePath(path));
+}
+
+bool TocCheck::mHTMLExportToText(std::string& tocPath, std::string_view text) {
+  const Platform& platform = module_.platform;
+  return trapped(platform.ui, source::kHtmlExportToText, false, [&] {
+    tocPath = replaceAll(platform.locale.upperCase(tocPath), kHtmlExtension, kExportEnding);
+    try {
+      TextWriter file(platform.files, tocPath);
+      file.write(text);
+      file.close();
+      return true;
+    } catch (const RunTimeError& error) {
+      if (!error.is(ErrorNumber::kPermissionDenied)) {
+        throw;
+      }
+      platform.ui.show({.text = (Message::kTemporaryFileUnderThis + folderOf(tocPath)).append(" ") +
+                                Message::kNoPermissionAtLocation,
+                        .icon = MessageIcon::kInformation});
+      return false;
+    }
+  });
 }
 
 void TocCheck::mDisplayErrorMessage(std::string_view message, std::string_view offendingText) {

@@ -35,6 +35,11 @@ class TocCheck {
   /// answer is always True.
   bool mbCheckFilePath(std::string_view line, std::string_view fileName, std::string_view folder);
 
+  /// Writes `text`, the export of an HTML table of contents, as a "Unicode text" file, and changes
+  /// `tocPath` to its name: the upper-cased path with every `.HTM` as `_Temp.txt`. Where the folder
+  /// does not allow a file, the user is told of the folder.
+  bool mHTMLExportToText(std::string& tocPath, std::string_view text);
+
   /// Shows `message`, then leaves `offendingText` on the clipboard, so that the user can paste it
   /// into an editor and find it.
   void mDisplayErrorMessage(std::string_view message, std::string_view offendingText);

@@ -161,10 +161,14 @@ void makeFolder(FileSystem& files, std::string_view folder) {
   ignoringErrors([&] { files.createFolder(folder); });
 }
 
-void bringIntoPlace(FileSystem& files, std::string_view source, std::string_view target) {
+void copyInto(FileSystem& files, std::string_view source, std::string_view target) {
   makeFolder(files, folderOf(target));
+  files.copyFile(source, target);
+}
+
+void bringIntoPlace(FileSystem& files, std::string_view source, std::string_view target) {
   if (!files.sameFile(source, target)) {
-    files.copyFile(source, target);
+    copyInto(files, source, target);
   }
 }
 
@@ -268,18 +272,19 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
   if (!files_.fileExists(source)) {
     return false;
   }
-  std::string from;
-  std::string to;
-  const std::int32_t error = ignoringErrors([&] {
-    from = files_.absolutePath(source);
-    to = targetFor(from, destination);
-    bringIntoPlace(files_, from, to);
+  bool isInPlace = false;
+  ignoringErrors([&] {
+    const std::string from = files_.absolutePath(source);
+    const std::string to = targetFor(from, destination);
+    if (files_.sameFile(from, to)) {
+      isInPlace = true;
+      return;
+    }
+    copyInto(files_, from, to);
+    isInPlace = true;
+    copyWhatBelongsTo(from, to);
   });
-  if (error != 0) {
-    return false;
-  }
-  ignoringErrors([&] { copyWhatBelongsTo(from, to); });
-  return true;
+  return isInPlace;
 }
 
 std::string ReferenceFileCopy::targetFor(std::string_view source,

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kFileMissing = "The system cannot locate the object specified.";
 constexpr const char* kDocumentType = "A document type declaration is not allowed.";
-constexpr const char* kTooManyAttributes = "An element has too many attributes.";
+constexpr const char* kTooManyAttributes = "An element has too many attributes or namespaces.";
 constexpr const char* kNameTooLong = "A name is too long.";
 
 /// XML_PARSE_NOENT has the references of XML itself replaced in attributes as well; with document

@@ -15,12 +15,22 @@ namespace {
 
 constexpr const char* kNoTopLevelElement = "XML document must have a top level element.";
 
-/// Has libxml2's own handlers build the tree.
+/// Has libxml2's own handlers build the tree, but for CDATA sections: they would melt neighbouring
+/// ones into one.
 class TreeParser final : public BoundedXmlParser {
  public:
+  TreeParser() { context().sax->cdataBlock = &onCdata; }
+
   using BoundedXmlParser::takeDocument;
 
  private:
+  static void onCdata(void* context, const xmlChar* text, int length) {
+    auto& parser = static_cast<TreeParser&>(of(context));
+    parser.guarded([&] {
+      xmlAddChild(parser.context().node, xmlNewCDataBlock(parser.context().myDoc, text, length));
+    });
+  }
+
   void startElement(const StartTag& tag) override {
     xmlSAX2StartElementNs(&context(),
                           tag.localName,

@@ -117,11 +117,7 @@ void NodeBody::insertBefore(const XmlNode& child, const XmlNode& reference) {
 }
 
 void NodeBody::removeChild(const XmlNode& child) {
-  xmlNode& node = nodeOf(child);
-  if (node.parent != &node_ || node.type == XML_ATTRIBUTE_NODE) {
-    raise(ErrorNumber::kInvalidProcedureCall);
-  }
-  tree_.takeOut(node);
+  tree_.remove(nodeOf(child), node_);
 }
 
 xmlNode& NodeBody::nodeOf(const XmlNode& reference) const {

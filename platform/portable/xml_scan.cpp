@@ -19,7 +19,6 @@ class ScanParser final : public BoundedXmlParser {
     handlers.cdataBlock = &onText;
     handlers.comment = nullptr;
     handlers.processingInstruction = nullptr;
-    handlers.reference = nullptr;
   }
 
  private:

@@ -53,6 +53,10 @@ bool canBeChild(const xmlNode& node) {
   }
 }
 
+bool isChildOf(const xmlNode& node, const xmlNode& parent) {
+  return node.parent == &parent && canBeChild(node);
+}
+
 bool standsInside(const xmlNode& node, const xmlNode& other) {
   const xmlNode* outer = &node;
   while (outer != nullptr && outer != &other) {
@@ -96,7 +100,7 @@ xmlNode& XmlTree::createElement(const std::string& name) {
 
 void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
   require(parent.type == XML_ELEMENT_NODE && canBeChild(child));
-  require(reference == nullptr || reference->parent == &parent);
+  require(reference == nullptr || isChildOf(*reference, parent));
   require(!standsInside(parent, child));
   if (reference == &child) {
     return;
@@ -107,6 +111,11 @@ void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
   if (child.type == XML_ELEMENT_NODE) {
     xmlDOMWrapReconcileNamespaces(nullptr, &child, 0);
   }
+}
+
+void XmlTree::remove(xmlNode& child, const xmlNode& parent) {
+  require(isChildOf(child, parent));
+  takeOut(child);
 }
 
 void XmlTree::takeOut(xmlNode& child) {

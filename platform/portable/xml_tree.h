@@ -32,7 +32,8 @@ class XmlTree {
   /// Puts `child` into the element `parent`, in front of `reference` or, without one, behind the
   /// last child. It leaves the place where it stands.
   void insert(xmlNode& child, xmlNode& parent, xmlNode* reference);
-  void takeOut(xmlNode& child);
+  /// Takes a child of `parent` out of it.
+  void remove(xmlNode& child, const xmlNode& parent);
 
   /// Replaces everything in an element by `text`, which must be text that XML can hold.
   void setElementText(xmlNode& element, const std::string& text);
@@ -48,6 +49,7 @@ class XmlTree {
   [[nodiscard]] std::vector<xmlNode*> selectFromDocument(std::string_view query);
 
  private:
+  void takeOut(xmlNode& child);
   [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
 
   XmlDocHandle document_;

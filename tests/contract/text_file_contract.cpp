@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -49,6 +50,50 @@ class TextFileContract : public ::testing::Test {
 
   TemporaryFolder disk_;
   std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
+};
+
+/// A disk with one file, which it gives out in pieces of a few bytes.
+class TricklingFiles final : public FileSystem {
+ public:
+  TricklingFiles(std::string bytes, std::size_t pieceSize)
+      : bytes_(std::move(bytes)), pieceSize_(pieceSize) {}
+
+  std::unique_ptr<ByteReader> open(std::string_view /*path*/) override {
+    return std::make_unique<Reader>(bytes_, pieceSize_);
+  }
+
+  bool fileExists(std::string_view /*path*/) override { return true; }
+  bool folderExists(std::string_view /*path*/) override { return false; }
+  void createFolder(std::string_view /*path*/) override { refuse(); }
+  void copyFile(std::string_view /*from*/, std::string_view /*to*/) override { refuse(); }
+  void moveFile(std::string_view /*from*/, std::string_view /*to*/) override { refuse(); }
+  void deleteFile(std::string_view /*path*/) override { refuse(); }
+  std::string absolutePath(std::string_view path) override { return std::string(path); }
+  bool sameFile(std::string_view /*left*/, std::string_view /*right*/) override { return true; }
+  std::vector<std::string> namesIn(std::string_view /*folder*/) override { refuse(); }
+  std::unique_ptr<FileReplacement> replace(std::string_view /*path*/) override { refuse(); }
+
+ private:
+  class Reader final : public ByteReader {
+   public:
+    Reader(std::string_view bytes, std::size_t pieceSize) : bytes_(bytes), pieceSize_(pieceSize) {}
+    std::size_t read(char* buffer, std::size_t size) override {
+      const std::size_t count = bytes_.copy(buffer, std::min(size, pieceSize_), position_);
+      position_ += count;
+      return count;
+    }
+    void rewind() override { position_ = 0; }
+
+   private:
+    std::string_view bytes_;
+    std::size_t pieceSize_;
+    std::size_t position_ = 0;
+  };
+
+  [[noreturn]] static void refuse() { raise(ErrorNumber::kPermissionDenied); }
+
+  std::string bytes_;
+  std::size_t pieceSize_;
 };
 
 std::string swapped(std::string bytes) {
@@ -157,10 +202,11 @@ TEST_F(TextFileContract, ReadingBehindTheEndRaises62) {
 }
 
 TEST_F(TextFileContract, LinesOfUtf16EndAtLineFeedsAndNotAtBytesThatLookLikeOne) {
-  const std::string text = "\u0A0Aa\u010A\u0A00\r\nb\u0A0A\n";
+  const std::string first = "\u0A0Aa\u010A\u0A00\u0A41\u0100\u0A41";
+  const std::string text = first + "\r\nb\u0A0A\n";
 
-  EXPECT_THAT(linesOf(utf16File(text)), ElementsAre("\u0A0Aa\u010A\u0A00", "b\u0A0A"));
-  EXPECT_THAT(linesOf(swapped(utf16File(text))), ElementsAre("\u0A0Aa\u010A\u0A00", "b\u0A0A"));
+  EXPECT_THAT(linesOf(utf16File(text)), ElementsAre(first, "b\u0A0A"));
+  EXPECT_THAT(linesOf(swapped(utf16File(text))), ElementsAre(first, "b\u0A0A"));
 }
 
 TEST_F(TextFileContract, ALineEndMayStandAcrossAnyBoundaryOfThePiecesRead) {
@@ -171,6 +217,25 @@ TEST_F(TextFileContract, ALineEndMayStandAcrossAnyBoundaryOfThePiecesRead) {
     EXPECT_TRUE(linesOf(utf16File(half + "\r\nend")) == (std::vector{half, "end"s})) << length;
     EXPECT_TRUE(linesOf(swapped(utf16File(half + "\r\nend"))) == (std::vector{half, "end"s}))
         << length;
+  }
+}
+
+TEST_F(TextFileContract, AFileReadsAlikeInWhateverPiecesItComes) {
+  const std::string text = "hé\r\n😀\n\n\u0A0A\r";
+  for (const std::string& bytes : {text,
+                                   "\xEF\xBB\xBF" + text,
+                                   utf16File(text),
+                                   swapped(utf16File(text)),
+                                   "h\xE9\r\n\n\x80"s}) {
+    const std::vector<std::string> lines = linesOf(bytes);
+    for (const std::size_t pieceSize : {1U, 2U, 3U, 5U}) {
+      TricklingFiles files(bytes, pieceSize);
+      TextReader reader(files, adapters_->locale(), "a.txt");
+      for (const std::string& line : lines) {
+        EXPECT_EQ(reader.readLine(), line) << pieceSize;
+      }
+      EXPECT_TRUE(reader.atEnd()) << pieceSize;
+    }
   }
 }
 

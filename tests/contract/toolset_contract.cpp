@@ -407,7 +407,7 @@ TEST_F(FileCopyContract, OverwritesWhatStandsThere) {
 
 TEST_F(FileCopyContract, SucceedsWithoutAnyWorkWhenTheFileIsInPlace) {
   writeBook({"page.htm"});
-  disk_.write("in/Manual/page.htm", "text");
+  disk_.write("in/page.htm", "one folder up, where documents are looked for as well");
   const auto asItStands = disk_.contents();
   EXPECT_TRUE(copy("C:\\in\\MANUAL", "C:\\in\\Manual\\Book_B.xml"));
   EXPECT_EQ(disk_.contents(), asItStands);

@@ -710,6 +710,7 @@ TEST_F(XmlContract, WhatWouldBeNoTreeIsRefused) {
   EXPECT_EQ(errorRaisedBy([&] { text.append(b); }), kInvalidCall);
   EXPECT_EQ(errorRaisedBy([&] { b.append(other->createElement("d")); }), kInvalidCall);
   EXPECT_EQ(errorRaisedBy([&] { a.insertBefore(document_->createElement("d"), c); }), kInvalidCall);
+  EXPECT_EQ(errorRaisedBy([&] { a.insertBefore(b, a.attribute("x")); }), kInvalidCall);
   EXPECT_EQ(saved(), "<a x=\"1\">text<b><c/></b></a>\r\n");
 }
 
@@ -813,6 +814,11 @@ TEST_F(XmlContract, LineEndsInsideACommentAreSavedLikeAllOthers) {
 TEST_F(XmlContract, CharacterDataSectionsAreKept) {
   EXPECT_EQ(savedAfterLoading("<a><b><![CDATA[<1> & ]]></b></a>"),
             "<a>\r\n\t<b><![CDATA[<1> & ]]></b>\r\n</a>\r\n");
+}
+
+TEST_F(XmlContract, NeighbouringCharacterDataSectionsStayTwo) {
+  EXPECT_EQ(savedAfterLoading("<a><![CDATA[1]]]]><![CDATA[>2]]></a>"),
+            "<a><![CDATA[1]]]]><![CDATA[>2]]></a>\r\n");
 }
 
 TEST_F(XmlContract, NamespacesAreKept) {

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/runtime_error.h"
+
 namespace quorbind::testing {
 
 namespace {
@@ -37,6 +39,9 @@ void ScriptedUserInterface::forget() {
 }
 
 void ScriptedUserInterface::show(const UserMessage& message) {
+  if (std::exchange(failNextShow_, false)) {
+    raise(ErrorNumber::kOutOfMemory);
+  }
   messages_.push_back(message);
   std::string line(iconWord(message.icon));
   if (message.title) {
@@ -72,6 +77,9 @@ void ScriptedUserInterface::unloadProgress() {
 }
 
 void ScriptedUserInterface::putOnClipboard(std::string_view text) {
+  if (clipboardIsLocked_) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
   record_.push_back("clipboard: " + std::string(text));
 }
 

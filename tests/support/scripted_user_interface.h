@@ -31,6 +31,10 @@ class ScriptedUserInterface final : public UserInterface {
   /// Adds a line of the test's own, to see where in the order something else happened.
   void note(std::string line) { record_.push_back(std::move(line)); }
   void forget();
+  /// The next message box can't be shown: error 7.
+  void failNextShow() { failNextShow_ = true; }
+  /// The clipboard can't be reached: error 70.
+  void lockClipboard() { clipboardIsLocked_ = true; }
 
   void show(const UserMessage& message) override;
   void showModal(ModalForm& form) override;
@@ -43,6 +47,8 @@ class ScriptedUserInterface final : public UserInterface {
   std::deque<Answer> answers_;
   std::vector<std::string> record_;
   std::vector<UserMessage> messages_;
+  bool failNextShow_ = false;
+  bool clipboardIsLocked_ = false;
 };
 
 /// Answers for the two dialogs.

@@ -5,6 +5,12 @@
 
 namespace quorbind::testing {
 
+void FixedClockLocale::requireWhole() const {
+  if (broken_) {
+    raise(ErrorNumber::kInvalidProcedureCall);
+  }
+}
+
 void BreakableToolset::require(bool whole) {
   if (!whole) {
     raise(ErrorNumber::kCannotCreateObject);
@@ -38,10 +44,10 @@ std::unique_ptr<FileCopy> BreakableToolset::createFileCopy() {
 
 World::World()
     : adapters_(makeAdapters(disk.path())),
-      locale_(adapters_->locale()),
       reference_(adapters_->makeToolset(user)),
+      locale(adapters_->locale()),
       toolset(*reference_),
-      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale_}) {}
+      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale}) {}
 
 std::string World::text(std::string_view name) const {
   return replaceAll(fromUtf16File(disk.read(name)), "\r\n", "\n");

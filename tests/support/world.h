@@ -19,7 +19,13 @@ class FixedClockLocale final : public Locale {
  public:
   explicit FixedClockLocale(const Locale& locale) : locale_(locale) {}
 
-  [[nodiscard]] LocalTime now() const override { return {2026, 1, 2, 15, 4, 5}; }
+  /// From now on dates and upper case can't be had: error 5.
+  void breakDown() { broken_ = true; }
+
+  [[nodiscard]] LocalTime now() const override {
+    requireWhole();
+    return {2026, 1, 2, 15, 4, 5};
+  }
   [[nodiscard]] std::string generalDate(const LocalTime& time) const override {
     return locale_.generalDate(time);
   }
@@ -27,6 +33,7 @@ class FixedClockLocale final : public Locale {
     return locale_.compareText(left, right);
   }
   [[nodiscard]] std::string upperCase(std::string_view text) const override {
+    requireWhole();
     return locale_.upperCase(text);
   }
   [[nodiscard]] std::string fromSystemCodePage(std::string_view bytes) const override {
@@ -34,7 +41,10 @@ class FixedClockLocale final : public Locale {
   }
 
  private:
+  void requireWhole() const;
+
   const Locale& locale_;
+  bool broken_ = false;
 };
 
 /// A tool set that a test can make fail.
@@ -72,10 +82,10 @@ class World {
 
  private:
   std::unique_ptr<Adapters> adapters_;
-  FixedClockLocale locale_;
   std::unique_ptr<Toolset> reference_;
 
  public:
+  FixedClockLocale locale;
   BreakableToolset toolset;
   Module module;
 

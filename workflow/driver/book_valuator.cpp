@@ -54,8 +54,8 @@ bool BookValuator::addBook(const BookValuatorArguments& arguments) {
 }
 
 void BookValuator::begin(const BookValuatorArguments& arguments) {
-  tocPath_ = arguments.vstrtocpath;
-  cataloguePath_ = arguments.vstrQuorTOcPath;
+  tocPath_ = withBackslashes(arguments.vstrtocpath);
+  cataloguePath_ = withBackslashes(arguments.vstrQuorTOcPath);
   bookFolder_.clear();
   workingFolder_.clear();
 

@@ -324,6 +324,17 @@ TEST_F(BookXml, ReportsATableOfContentsThatIsNotThere) {
                           "Quorbind:CTOCToXML::GenereateXMLFromTOC"));
 }
 
+TEST_F(BookXml, IsStillWrittenWithoutAClockAndSaysWhatFailed) {
+  world_.locale.breakDown();
+  EXPECT_EQ(generate(withLevels({1, 2})), "Manual");
+  EXPECT_EQ(tree(), "(H1)");
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("critical: Error(5): Invalid procedure call or argument\r"
+                          "Quorbind:CTOCToXML::maddComment",
+                          "critical: Error(5): Invalid procedure call or argument\r"
+                          "Quorbind:CTOCToXML::mGenerateBookNode"));
+}
+
 TEST_F(BookXml, IsStillWrittenWithoutTheToolSetAndSaysWhatIsMissing) {
   world_.toolset.breakDown();
   EXPECT_EQ(generate(withLevels({1, 2})), "Manual");

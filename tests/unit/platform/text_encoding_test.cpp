@@ -159,6 +159,7 @@ TEST(Utf16, ReadsSurrogatesWithoutTheirOtherHalfAsReplacementCharacters) {
             "\uFFFDa");
   EXPECT_EQ(fromUtf16("\x3D\xD8\x3D\xD8\x00\xDE"s), "\uFFFD😀");
   EXPECT_EQ(fromUtf16("a\0\x3D\xD8"s), "a\uFFFD");
+  EXPECT_EQ(fromUtf16(std::string_view("\x3D\xD8\x00\xDE", 2)), "\uFFFD");
 }
 
 TEST(Utf16, ReadsALastOddByteAsAReplacementCharacter) {

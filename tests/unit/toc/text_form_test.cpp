@@ -37,25 +37,26 @@ class BookEntryLine : public ::testing::Test {
  protected:
   std::string readFrom(std::string_view text) {
     world_.disk.write("toc.txt", text);
-    return text_form::readBookEntry(
-        world_.platform().files, world_.platform().locale, "C:\\toc.txt");
+    const text_form::BookEntry entry =
+        text_form::readBookEntry(world_.platform().files, world_.platform().locale, "C:\\toc.txt");
+    return std::to_string(entry.line) + ": " + entry.text;
   }
 
   World world_;
 };
 
 TEST_F(BookEntryLine, IsTheThirdLine) {
-  EXPECT_EQ(readFrom("h\n\nentry\nnext\n"), "entry");
+  EXPECT_EQ(readFrom("h\n\nentry\nnext\n"), "3: entry");
 }
 
 TEST_F(BookEntryLine, IsTheLastLineOfAShorterFile) {
-  EXPECT_EQ(readFrom("h\nsecond\n"), "second");
-  EXPECT_EQ(readFrom("h\n"), "h");
-  EXPECT_EQ(readFrom(""), "");
+  EXPECT_EQ(readFrom("h\nsecond\n"), "2: second");
+  EXPECT_EQ(readFrom("h\n"), "1: h");
+  EXPECT_EQ(readFrom(""), "0: ");
 }
 
 TEST_F(BookEntryLine, IsReadWithBackslashes) {
-  EXPECT_EQ(readFrom("h\n\n$@@$Manual/cover.htm$@@$"), "$@@$Manual\\cover.htm$@@$");
+  EXPECT_EQ(readFrom("h\n\n$@@$Manual/cover.htm$@@$"), "3: $@@$Manual\\cover.htm$@@$");
 }
 
 TEST_F(BookEntryLine, OfAMissingFileIsAnError) {

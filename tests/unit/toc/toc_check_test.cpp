@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/read_only_files.h"
 #include "tests/support/world.h"
 
 namespace quorbind::testing {
@@ -135,7 +136,8 @@ TEST_F(TextToc, RefusesLevelZero) {
 
 TEST_F(TextToc, RefusesAJumpByTwo) {
   EXPECT_FALSE(validateLevels({"1", "2", "3", "2", "4"}));
-  EXPECT_THAT(record().at(0), ::testing::StartsWith("critical: Line: \"4\""));
+  EXPECT_EQ(record().at(0),
+            "critical: Line: \"4\" \"Heading\" \"\" \"\"\rError:Invalid Node Level Sequence ");
   EXPECT_EQ(check_.mintPrevLevel(), 2);
 }
 
@@ -146,6 +148,8 @@ TEST_F(TextToc, RefusesASecondLevelOne) {
 
 TEST_F(TextToc, MustBeginWithLevelOne) {
   EXPECT_FALSE(validateLevels({"2"}));
+  EXPECT_EQ(record().at(0),
+            "critical: Line: \"2\" \"Heading\" \"\" \"\"\rError:Invalid Node Level Sequence ");
 }
 
 TEST_F(TextToc, DoesNotRefuseNegativeLevels) {
@@ -219,6 +223,104 @@ TEST_F(TextToc, IsReadInEveryEncoding) {
   EXPECT_EQ(world_.state().currentBookName, "Grüße");
 }
 
+TEST_F(TextToc, ReportsADocumentNameThatNoFileCanHaveAndGoesOn) {
+  EXPECT_TRUE(
+      validate(std::string(kHeader) + entry("1", "B", std::string_view("a\0b", 3)) + entry("2")));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(52): Bad file name or number\r"
+                          "Quorbind: Quor_Book::mbCheckFilePath"));
+}
+
+TEST_F(TextToc, ReportsAClipboardThatCanNotBeReached) {
+  world_.user.lockClipboard();
+  EXPECT_FALSE(validateLevels({"0"}));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Line: \"0\" \"Heading\" \"\" \"\"\r"
+                          "Error:Invalid Node Level Sequence ",
+                          "critical: Error(70): Permission denied\r"
+                          "Quorbind: Quor_Book::mDisplayErrorMessage"));
+}
+
+TEST_F(TextToc, ReportsABoxThatCouldNotBeShown) {
+  world_.user.failNextShow();
+  EXPECT_FALSE(validate(std::string(kHeader) + "\n"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(7): Out of memory\r"
+                          "Quorbind: Quor_Book::mbValidateTextToc"));
+}
+
+class HtmlExport : public ::testing::Test {
+ protected:
+  /// Exports, and answers whether it succeeded; `path_` is then the path it was changed to.
+  bool write(std::string path, std::string_view text) {
+    path_ = std::move(path);
+    return check_.mHTMLExportToText(path_, text);
+  }
+
+  World world_;
+  TocCheck check_{world_.module};
+  std::string path_;
+};
+
+TEST_F(HtmlExport, StandsBesideThePageUnderItsUpperCasedName) {
+  world_.disk.makeFolder("Docs");
+  EXPECT_TRUE(write("C:\\Docs\\toc.htm", "line\r\nGrüße"));
+  EXPECT_EQ(path_, "C:\\DOCS\\TOC_Temp.txt");
+  EXPECT_EQ(world_.disk.read("Docs/TOC_Temp.txt"), utf16File("line\r\nGrüße"));
+}
+
+TEST_F(HtmlExport, KeepsTheLastLetterOfTheLongerExtension) {
+  EXPECT_TRUE(write("C:\\toc.html", ""));
+  EXPECT_EQ(path_, "C:\\TOC_Temp.txtL");
+  EXPECT_EQ(world_.disk.read("TOC_Temp.txtL"), utf16File(""));
+}
+
+TEST_F(HtmlExport, ReplacesEveryOccurrenceOfTheExtension) {
+  world_.disk.makeFolder("a_Temp.txt");
+  EXPECT_TRUE(write("C:\\a.htm\\toc.htm", ""));
+  EXPECT_EQ(path_, "C:\\A_Temp.txt\\TOC_Temp.txt");
+}
+
+TEST_F(HtmlExport, ReplacesAnOlderExport) {
+  world_.disk.write("TOC_Temp.txt", "old");
+  EXPECT_TRUE(write("C:\\toc.htm", "new"));
+  EXPECT_EQ(world_.disk.read("TOC_Temp.txt"), utf16File("new"));
+}
+
+TEST_F(HtmlExport, ReportsAFolderThatIsNotThere) {
+  EXPECT_FALSE(write("C:\\none\\toc.htm", ""));
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("critical: Error(76): Path not found\r"
+                          "Quorbind: Quor_Book::mHTMLExportToText"));
+}
+
+TEST_F(HtmlExport, NamesTheFolderThatAllowsNoFile) {
+  ReadOnlyFiles files(world_.platform().files);
+  Module module(Platform{files,
+                         world_.platform().xml,
+                         world_.platform().ui,
+                         world_.platform().toolset,
+                         world_.platform().locale});
+  TocCheck check(module);
+  std::string path = "C:\\Docs\\toc.htm";
+  EXPECT_FALSE(check.mHTMLExportToText(path, ""));
+  EXPECT_THAT(world_.user.record(),
+              ElementsAre("information: A temporary text file has to be created under this C:\\DOCS"
+                          "  location,folder in the above does not have a valid permission, please "
+                          "go and set the permission"));
+}
+
+TEST(TocFile, WhoseBoxCouldNotBeShownIsReported) {
+  World world;
+  TocCheck check(world.module);
+  std::string path = "C:\\none.txt";
+  world.user.failNextShow();
+  EXPECT_FALSE(check.mbValidateTocFile(path, TocCheck::kText));
+  EXPECT_THAT(world.user.record(),
+              ElementsAre("critical: Error(7): Out of memory\r"
+                          "Quorbind: Quor_Book::mbValidateTocFile"));
+}
+
 TEST(TocFile, ThatIsNotThereIsNamed) {
   World world;
   TocCheck check(world.module);
@@ -241,10 +343,13 @@ TEST(TocFile, OfAKindThatThisVersionLacksIsRefusedPlainly) {
   world.disk.write("toc.htm", "<K1>");
   TocCheck check(world.module);
   std::string path = "C:\\toc.htm";
-  EXPECT_FALSE(check.mbValidateTocFile(path, TocCheck::kHtml));
-  EXPECT_THAT(world.user.record(),
-              ElementsAre("critical: Only text tables of contents can be added by this version. "
-                          "Nothing was changed."));
+  for (const auto kind : {TocCheck::kXml, TocCheck::kHtml, TocCheck::kExcel}) {
+    world.user.forget();
+    EXPECT_FALSE(check.mbValidateTocFile(path, kind));
+    EXPECT_THAT(world.user.record(),
+                ElementsAre("critical: Only text tables of contents can be added by this version. "
+                            "Nothing was changed."));
+  }
 }
 
 TEST(TocFile, ThatIsAFolderCountsAsNotThere) {

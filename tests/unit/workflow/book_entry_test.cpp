@@ -40,10 +40,12 @@ class BookEntry : public ::testing::Test {
   World world_;
 };
 
-TEST_F(BookEntry, IsAppendedBehindTheOthers) {
+TEST_F(BookEntry, IsAppendedBehindTheOthersWhoseOrderStays) {
+  const std::string others =
+      bookEntry("Trends", "TRD") + bookEntry("Alarms", "ALM") + bookEntry("Basics", "BAS");
+  world_.disk.write("Quor_TOC.xml", catalogueWith(others));
   add();
-  EXPECT_EQ(catalogue(),
-            catalogueWith(bookEntry("Alarms", "ALM") + entryWith("\t\t\t<Book_Categories/>\n")));
+  EXPECT_EQ(catalogue(), catalogueWith(others + entryWith("\t\t\t<Book_Categories/>\n")));
   EXPECT_THAT(world_.user.record(), IsEmpty());
 }
 

@@ -141,6 +141,41 @@ TEST_F(AddBook, RegistersTheBookAsTheLastOfTheCatalogue) {
                         "\t</Quor_Books>"));
 }
 
+TEST_F(AddBook, UnderstandsForwardSlashesInThePathsOfAHost) {
+  arguments_.vstrtocpath = "C:/in/toc.txt";
+  arguments_.vstrQuorTOcPath = "C:/lib/Quor_TOC.xml";
+  EXPECT_TRUE(run());
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_PST.xml"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Acro>PST</Book_Acro>"));
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
+}
+
+// What an author writes without the marks passes the check and gives a book without headings.
+TEST_F(AddBook, RegistersATableWithoutMarksAsABookWithoutHeadings) {
+  world_.disk.write("in/toc.txt",
+                    "\"a\" \"b\" \"c\" \"d\"\n\n\"1\" \"B\" \"Manual\\c.htm\" \"\"\n");
+  world_.user.answerWith(enterFolder("Manual"));
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.recordWithoutProgress(),
+              ElementsAre("form frmBookFolder",
+                          "critical: Error(9): Subscript out of range\r"
+                          "Quorbind:CTOCToXML::mGenerateBookHeadings",
+                          "event [Manual]"));
+  EXPECT_THAT(world_.text("lib/Manual/Book_PST.xml"), HasSubstr("<Book_Headings/>"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Acro>PST</Book_Acro>"));
+}
+
+TEST_F(AddBook, GoesOnWithEmptyValuesOfTheLastDialog) {
+  world_.user.answerWith(enterBook("", ""));
+  EXPECT_TRUE(run("Pump Station", "ALM"));
+  EXPECT_THAT(
+      world_.user.recordWithoutProgress(),
+      ElementsAre(
+          "critical: Error:Book Acro ALM already Exists", "form frmBookInfo", "event [Manual]"));
+  EXPECT_TRUE(world_.disk.has("lib/Manual/Book_.xml"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Acro/>"));
+}
+
 TEST_F(AddBook, AsksForNameAcronymAndFolderThatNobodyGave) {
   writeToc("");
   world_.user.answerWith([](ModalForm& form) {

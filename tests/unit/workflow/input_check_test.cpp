@@ -62,6 +62,14 @@ TEST_F(InputCheck, NamesTheKindThatTheExtensionDoesNotFit) {
                           "critical: TOC file is not a Text file"));
 }
 
+TEST_F(InputCheck, ReportsAnErrorAndRefuses) {
+  world_.locale.breakDown();
+  EXPECT_FALSE(check("C:\\docs\\toc.txt", 4));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(5): Invalid procedure call or argument\r"
+                          "Quorbind: Quor_Book::bCheckForValidInput"));
+}
+
 TEST_F(InputCheck, GivesItsBoxesNoTitleOfTheirOwn) {
   check("C:\\docs\\toc.txt", 0);
   EXPECT_EQ(world_.user.messages().at(0).title, std::nullopt);

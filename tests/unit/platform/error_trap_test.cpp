@@ -1,0 +1,155 @@
+#include "platform/error_trap.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "tests/support/scripted_user_interface.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr ErrorSource kSource{"Quorbind: Some_Class::Procedure"};
+
+class ErrorTrap : public ::testing::Test {
+ protected:
+  template <typename Exception>
+  int trap(const Exception& exception) {
+    return trapped(user_, kSource, -1, [&]() -> int { throw exception; });
+  }
+
+  ScriptedUserInterface user_;
+};
+
+TEST_F(ErrorTrap, AnswersWhatItsBodyAnswers) {
+  EXPECT_EQ(trapped(user_, kSource, -1, [] { return 5; }), 5);
+  EXPECT_TRUE(trapped(user_, kSource, [] {}));
+  EXPECT_THAT(user_.record(), IsEmpty());
+}
+
+TEST_F(ErrorTrap, ShowsAnErrorOnceAndAnswersTheFailureValue) {
+  EXPECT_EQ(trap(RunTimeError(ErrorNumber::kPathNotFound)), -1);
+  EXPECT_THAT(user_.record(),
+              ElementsAre("critical: Error(76): Path not found\rQuorbind: Some_Class::Procedure"));
+  EXPECT_EQ(user_.messages().at(0).errorNumber, 76);
+  EXPECT_EQ(user_.messages().at(0).title, std::nullopt);
+}
+
+TEST_F(ErrorTrap, AnswersFalseForABodyWithoutAResult) {
+  EXPECT_FALSE(trapped(user_, kSource, [] { raise(ErrorNumber::kOverflow); }));
+}
+
+TEST_F(ErrorTrap, ShowsTheErrorsOfObjectsWithTheirOwnNumbers) {
+  trap(RunTimeError(-2147467259, "own words"));
+  EXPECT_THAT(
+      user_.record(),
+      ElementsAre("critical: Error(-2147467259): own words\rQuorbind: Some_Class::Procedure"));
+}
+
+TEST_F(ErrorTrap, TellsShortMemoryAndWhateverElseEscapes) {
+  trap(std::bad_alloc());
+  trap(std::logic_error("unheard of"));
+  EXPECT_THAT(user_.record(),
+              ElementsAre("critical: Error(7): Out of memory\rQuorbind: Some_Class::Procedure",
+                          "critical: Error(5): Invalid procedure call or argument\r"
+                          "Quorbind: Some_Class::Procedure"));
+}
+
+TEST_F(ErrorTrap, LetsARunThatWasGivenUpPass) {
+  EXPECT_THROW(trap(Abandoned(AbandonReason::kAnswerMissing, "nobody to ask")), Abandoned);
+  EXPECT_THROW(ignoringErrors([] { throw Abandoned(AbandonReason::kAnswerRefused, "no"); }),
+               Abandoned);
+  EXPECT_THAT(user_.record(), IsEmpty());
+}
+
+TEST(IgnoringErrors, AnswersTheNumberOfTheErrorAndNoughtForNone) {
+  EXPECT_EQ(ignoringErrors([] { raise(ErrorNumber::kDiskFull); }), 61);
+  EXPECT_EQ(ignoringErrors([] { throw std::bad_alloc(); }), 7);
+  EXPECT_EQ(ignoringErrors([] {}), 0);
+}
+
+TEST(IgnoringErrors, LeavesTheTargetOfAFailingStatementAsItWas) {
+  int target = 1;
+  ignoringErrors([&] { target = []() -> int { raise(ErrorNumber::kOverflow); }(); });
+  EXPECT_EQ(target, 1);
+}
+
+TEST(RunTimeErrors, HaveOneDescriptionEach) {
+  const std::vector<std::pair<int, std::string_view>> published{
+      {5, "Invalid procedure call or argument"},
+      {6, "Overflow"},
+      {7, "Out of memory"},
+      {9, "Subscript out of range"},
+      {13, "Type mismatch"},
+      {52, "Bad file name or number"},
+      {53, "File not found"},
+      {57, "Device I/O error"},
+      {58, "File already exists"},
+      {61, "Disk full"},
+      {62, "Input past end of file"},
+      {70, "Permission denied"},
+      {75, "Path/File access error"},
+      {76, "Path not found"},
+      {91, "Object variable or With block variable not set"},
+      {364, "Object was unloaded"},
+      {424, "Object required"},
+      {429, "ActiveX component can't create object"},
+      {432, "File name or class name not found during Automation operation"},
+      {438, "Object doesn't support this property or method"},
+  };
+  for (const auto& [number, description] : published) {
+    EXPECT_EQ(RunTimeError(static_cast<ErrorNumber>(number)).description(), description);
+  }
+}
+
+/// Hosts and support scripts match on these, misspellings included.
+TEST(ErrorSources, ReadAsTheyWerePublished) {
+  using enum ErrorWording;
+  struct Published {
+    const ErrorSource& source;
+    ErrorWording wording;
+    std::string_view text;
+  };
+  const std::vector<Published> published{
+      {source::kBookValuator, kSourceLine, "Quorbind: Quor_Book::Book_Valuator"},
+      {source::kCheckForValidInput, kSourceLine, "Quorbind: Quor_Book::bCheckForValidInput"},
+      {source::kGetFormInput, kSourceLine, "Quorbind: Quor_Book::mbGetFormInput"},
+      {source::kCheckQuorTocForBook, kSourceLine, "Quorbind: Quor_Book::mbcheckQuorTocForBook"},
+      {source::kAddBookTocForBook, kSourceLine, "Quorbind: Quor_Book::mbAddBookTocForBook"},
+      {source::kDisplayErrorMessage, kSourceLine, "Quorbind: Quor_Book::mDisplayErrorMessage"},
+      {source::kValidateTocFile, kSourceLine, "Quorbind: Quor_Book::mbValidateTocFile"},
+      {source::kValidateTextToc, kSourceLine, "Quorbind: Quor_Book::mbValidateTextToc"},
+      {source::kCheckTTocForValidity, kSourceLine, "Quorbind: Quor_Book::mbcheckTTocForValidity"},
+      {source::kCheckFilePath, kSourceLine, "Quorbind: Quor_Book::mbCheckFilePath"},
+      {source::kHtmlExportToText, kSourceLine, "Quorbind: Quor_Book::mHTMLExportToText"},
+      {source::kBookInfoOk, kInProcedure, "cmdOk_Click of Form frmBookInfo"},
+      {source::kBookInfoCancel, kInProcedure, "cmdCancel_Click of Form frmBookInfo"},
+      {source::kBookInfoNameChange, kInProcedure, "txtBookName_Change of Form frmBookInfo"},
+      {source::kBookInfoAcroChange, kInProcedure, "txtBookAcro_Change of Form frmBookInfo"},
+      {source::kBookFolderOk, kInProcedure, "cmdOk_Click of Form frmBookFolder"},
+      {source::kGenerateXmlFromToc, kSourceLine, "Quorbind:CTOCToXML::GenereateXMLFromTOC"},
+      {source::kAddComment, kSourceLine, "Quorbind:CTOCToXML::maddComment"},
+      {source::kGenerateBookNode, kSourceLine, "Quorbind:CTOCToXML::mGenerateBookNode"},
+      {source::kGenerateBookCategories, kSourceLine, "Quorbind:CTOCToXML::mGenerateBookCateGories"},
+      {source::kGenerateBookHeadings, kSourceLine, "Quorbind:CTOCToXML::mGenerateBookHeadings"},
+      {source::kGenerateTypeAttribute, kSourceLine, "Quorbind:CTOCToXML::mGenerateTypeAttribute"},
+      {source::kGenerateXmlTag, kSourceLine, "Quorbind:CTOCToXML::mGenereateXMLTag"},
+      {source::kQuickSort, kSourceLine, "Quorbind:Quor_Developer-frmSelPrjTypetoAdd::mQuickSort"},
+      {source::kBubbleSort, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::bubbleSort"},
+      {source::kPartition, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::mlPartition"},
+      {source::kDeleteNode, kSourceLine, "Quorbind:Book_Config::DeleteNode"},
+  };
+  for (const Published& row : published) {
+    EXPECT_EQ(row.source.text, row.text);
+    EXPECT_EQ(row.source.wording, row.wording) << row.text;
+    EXPECT_EQ(row.source.icon, MessageIcon::kCritical) << row.text;
+  }
+}
+
+}  // namespace
+}  // namespace quorbind::testing
