@@ -78,7 +78,7 @@ class Case {
     }
   }
 
-  bool writeFloorBook() {
+  [[nodiscard]] bool writeFloorBook() const {
     return counted(floorBookXml(sample.systemPath(kTocFile).c_str(),
                                 sample.systemPath(kFloorBook).c_str(),
                                 beginning.c_str()),

@@ -10,10 +10,8 @@
 #include "cli/toc_survey.h"
 #include "platform/abandoned.h"
 #include "platform/paths.h"
-#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "resources/form_layouts.h"
-#include "toc/book_place.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
 #include "workflow/inputs/input_check.h"
@@ -23,9 +21,25 @@ namespace quorbind {
 namespace {
 
 constexpr std::string_view kNothingAdded = "nothing was added";
+constexpr std::string_view kNotWritten = " could not be written";
+/// In bytes, of a file or a folder, on the file systems in use.
+constexpr std::size_t kLongestName = 255;
 
 bool isBlank(const std::optional<std::string>& text) {
   return !text || trimBlanks(*text).empty();
+}
+
+std::string nothingAddedWithout(const std::string& what) {
+  return std::string(what).append(kNotWritten).append("; ").append(kNothingAdded);
+}
+
+void requireNameThatFits(std::string_view name, std::string_view flag) {
+  if (name.size() > kLongestName) {
+    throw CommandFailure(ExitStatus::kRefused,
+                         std::string(flag) + " is too long: the name that it gives has " +
+                             std::to_string(name.size()) + " bytes, and " +
+                             std::to_string(kLongestName) + " are the most that a name can have");
+  }
 }
 
 /// A name and an acronym that are both given need no form.
@@ -73,17 +87,15 @@ ExitStatus Addition::addBook() {
     return ExitStatus::kRefused;
   }
   requireFolderInLibrary();
+  requireNamesThatFit();
   return judge(callComponent(kind == TocCheck::kText ? readyToc(toc) : toc.path, kind));
 }
 
 /// Does what adding will do to the catalogue, without an effect.
 void Addition::requireUsableLibrary() {
   booksBefore_ = readCatalogue(wiring_.module.platform, library_.catalogue);
-  try {
-    static_cast<void>(wiring_.files.replace(library_.catalogue));
-  } catch (const RunTimeError& error) {
-    throw writeFailure(nativeName(library_.folder), error);
-  }
+  writing(nativeName(library_.catalogue),
+          [this] { static_cast<void>(wiring_.files.replace(library_.catalogue)); });
 }
 
 /// The forms' own handlers judge the flags, in a module that this run doesn't use. They refuse with
@@ -111,10 +123,19 @@ void Addition::requireFolderInLibrary() const {
   }
 }
 
+void Addition::requireNamesThatFit() const {
+  if (arguments_.acronym) {
+    requireNameThatFits(book_names::fileOf(*arguments_.acronym), "--acro");
+  }
+  if (arguments_.folder) {
+    requireNameThatFits(trimBlanks(*arguments_.folder), "--folder");
+  }
+}
+
 std::string Addition::readyToc(const TocFile& toc) {
-  const TocSurvey survey = surveyTextToc(wiring_.module.platform, toc.path);
-  report_.line = survey.refusedLine;
-  if (!survey.accepted) {
+  const TocSurvey survey = surveyTextToc(wiring_.module.platform, toc);
+  if (survey.refusal) {
+    report_.line = survey.refusal->line;
     // It goes on as it stands, so that the boxes show the author's own line.
     return toc.path;
   }
@@ -126,15 +147,11 @@ std::string Addition::readyToc(const TocFile& toc) {
 
 std::string Addition::preparedCopyOf(const TocFile& toc) {
   const std::string folder = nativeName(folderOf(toc.path)) + "/";
-  try {
-    preparedCopy_.emplace(folder);
-    writePreparedToc(wiring_.module.platform, toc.path, [this](std::string_view line) {
-      preparedCopy_->write(line);
-    });
-    preparedCopy_->close();
-  } catch (const RunTimeError& error) {
-    throw writeFailure(folder, error);
-  }
+  writing(folder, [&] { preparedCopy_.emplace(folder); });
+  writePreparedToc(wiring_.module.platform, toc, [&](std::string_view line) {
+    writing(folder, [&] { preparedCopy_->write(line); });
+  });
+  writing(folder, [&] { preparedCopy_->close(); });
   std::string path = withBackslashes(preparedCopy_->path());
   wiring_.ui.showPathAs(path, toc.name);
   return path;
@@ -142,7 +159,9 @@ std::string Addition::preparedCopyOf(const TocFile& toc) {
 
 /// What can be said of the book's folder before the component is called.
 void Addition::considerFolder(const std::string& tocPath) {
-  const StatedPlace stated = readStatedPlace(wiring_.module.platform, tocPath);
+  readingInput(arguments_.toc,
+               [&] { statedPlace_ = readStatedPlace(wiring_.module.platform, tocPath); });
+  const StatedPlace& stated = statedPlace_;
   if (stated.folder && arguments_.folder) {
     wiring_.ui.show(
         {.text =
@@ -208,7 +227,8 @@ ExitStatus Addition::judge(bool finished) {
   }
   describeBook(book);
   if (wasWriteErrorShown()) {
-    report_.note = "the book was added, but not everything could be written";
+    report_.note = "the book was added, but " + nativeName(bookFileOf(library_, book)) +
+                   std::string(kNotWritten);
     return ExitStatus::kWriteFailed;
   }
   report_.note.clear();
@@ -217,12 +237,23 @@ ExitStatus Addition::judge(bool finished) {
 
 ExitStatus Addition::judgeWithoutEntry(bool finished) {
   if (wasWriteErrorShown()) {
+    report_.note = nothingAddedWithout(nativeName(finished ? library_.catalogue : generatedFile()));
     return ExitStatus::kWriteFailed;
+  }
+  if (wasPlaceRefused()) {
+    report_.line = statedPlace_.line;
   }
   const auto& boxes = wiring_.ui.shown();
   const bool hadError = std::any_of(
       boxes.begin(), boxes.end(), [](const ShownMessage& box) { return box.errorNumber != 0; });
   return finished && !hadError ? ExitStatus::kRefused : ExitStatus::kInternal;
+}
+
+/// Where the generator of a run that did not come to its end was to make the book file.
+std::string Addition::generatedFile() const {
+  const ProcessState& state = wiring_.module.state;
+  return std::string(folderPartOf(state.currentTocPath)) +
+         book_names::fileOf(state.currentBookAcro);
 }
 
 /// Takes the entry of a book whose file did not arrive out again. Entries are found by their name,
@@ -233,9 +264,10 @@ void Addition::takeOut(const CatalogueEntry& book, const std::vector<CatalogueEn
     Book_Config(wiring_.module).DeleteQuorNode(library_.catalogue, book.name);
   }
   const auto left = readCatalogue(wiring_.module.platform, library_.catalogue);
+  const std::string bookFile = nativeName(bookFileOf(library_, book));
   report_.note = left.size() < books.size()
-                     ? "the book file could not be written; nothing was added"
-                     : "the book file could not be written; the entry of " +
+                     ? nothingAddedWithout(bookFile)
+                     : bookFile + std::string(kNotWritten) + "; the entry of " +
                            readableName(book.acronym) + " is left in the catalogue without it";
 }
 
@@ -246,6 +278,20 @@ void Addition::describeBook(const CatalogueEntry& book) {
   report_.files.push_back(book.bookFile);
   report_.files.insert(report_.files.end(), documents.present.begin(), documents.present.end());
   report_.missing = std::move(documents.missing);
+}
+
+bool Addition::wasPlaceRefused() const {
+  const auto& boxes = wiring_.ui.shown();
+  return statedPlace_.refusal && !boxes.empty() && boxes.back().text == *statedPlace_.refusal;
+}
+
+void Addition::writing(const std::string& what, const std::function<void()>& step) {
+  try {
+    writingOutput(what, step);
+  } catch (const CommandFailure&) {
+    report_.note = nothingAddedWithout(what);
+    throw;
+  }
 }
 
 bool Addition::wasWriteErrorShown() const {

@@ -4,6 +4,7 @@
 // is called, then the library is looked at, because the component's answer tells that a run came to
 // its end and not that a book was added.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "cli/temporary_file.h"
 #include "cli/toc_file.h"
 #include "cli/wiring.h"
+#include "toc/book_place.h"
 #include "workflow/driver/book_valuator.h"
 
 namespace quorbind {
@@ -36,6 +38,7 @@ class Addition final : private QuorBookEvents {
   void requireUsableLibrary();
   [[nodiscard]] bool flagsAreAccepted();
   void requireFolderInLibrary() const;
+  void requireNamesThatFit() const;
 
   /// The file to hand to the component: the table itself, or a copy in the form that the generator
   /// reads.
@@ -47,15 +50,21 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] bool callComponent(const std::string& tocPath, std::int16_t kind);
   [[nodiscard]] ExitStatus judge(bool finished);
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
+  [[nodiscard]] std::string generatedFile() const;
   void takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books);
   void describeBook(const CatalogueEntry& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
+  [[nodiscard]] bool wasPlaceRefused() const;
+
+  /// Runs a step that writes; `what` names the file, also in the note of a failure.
+  void writing(const std::string& what, const std::function<void()>& step);
 
   const AddArguments& arguments_;
   const LibraryPaths& library_;
   Wiring& wiring_;
   AdditionReport report_;
   std::vector<CatalogueEntry> booksBefore_;
+  StatedPlace statedPlace_;
   std::optional<TemporaryFile> preparedCopy_;
 };
 

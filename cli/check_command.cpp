@@ -39,7 +39,8 @@ class DocumentSearch {
   std::unordered_map<std::string, bool> known_;
 };
 
-void surveyWithDocuments(CheckReport& report, const TocFile& toc, Wiring& wiring) {
+/// Holds a text table of contents against the rules and looks for its documents in one walk.
+ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
   DocumentSearch search(wiring.files, toc.path);
   const auto note = [&](const TextTocLine& line, const TextTocEntry& entry) {
     const std::string_view document = entry.file.substr(0, entry.file.find('#'));
@@ -47,10 +48,14 @@ void surveyWithDocuments(CheckReport& report, const TocFile& toc, Wiring& wiring
       report.missing.push_back({line.number, std::string(entry.file)});
     }
   };
-  const TocSurvey survey = surveyTextToc(wiring.module.platform, toc.path, note);
-  report.line = survey.refusedLine;
+  const TocSurvey survey = surveyTextToc(wiring.module.platform, toc, note);
   report.entries = survey.entries;
+  if (survey.refusal) {
+    report.line = survey.refusal->line;
+    tellRefusal(wiring.ui, *survey.refusal);
+  }
   requireReadableDepth(survey, toc.name);
+  return survey.refusal ? ExitStatus::kRefused : ExitStatus::kDone;
 }
 
 ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& wiring) {
@@ -60,12 +65,12 @@ ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& w
   if (!bCheckForValidInput(wiring.module, toc.path, kind)) {
     return ExitStatus::kRefused;
   }
-  std::string path = toc.path;
-  const bool accepted = TocCheck(wiring.module).mbValidateTocFile(path, kind);
   if (kind == TocCheck::kText) {
-    surveyWithDocuments(report, toc, wiring);
+    return checkText(report, toc, wiring);
   }
-  return accepted ? ExitStatus::kDone : ExitStatus::kRefused;
+  std::string path = toc.path;
+  return TocCheck(wiring.module).mbValidateTocFile(path, kind) ? ExitStatus::kDone
+                                                               : ExitStatus::kRefused;
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "cli/paths.h"
+#include "cli/toc_file.h"
+#include "platform/abandoned.h"
 #include "platform/file_system.h"
 #include "platform/runtime_error.h"
 #include "platform/user_interface.h"
@@ -19,8 +21,13 @@ constexpr std::array kWriteErrors{ErrorNumber::kDeviceIoError,
                                   ErrorNumber::kPathFileAccessError,
                                   ErrorNumber::kPathNotFound};
 
-std::string describe(std::string_view name, const RunTimeError& error) {
-  return std::string(name).append(": ").append(error.description());
+/// Runs `step`; a run-time error in it is a failure with `status` that names the file.
+void concerning(std::string_view name, ExitStatus status, const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const RunTimeError& error) {
+    throw CommandFailure(status, std::string(name).append(": ").append(error.description()));
+  }
 }
 
 }  // namespace
@@ -31,25 +38,25 @@ bool isWriteError(std::int32_t number) {
   });
 }
 
-CommandFailure writeFailure(std::string_view name, const RunTimeError& error) {
-  return {ExitStatus::kWriteFailed, describe(name, error)};
+void readingInput(std::string_view name, const std::function<void()>& step) {
+  concerning(name, ExitStatus::kInputMissing, step);
+}
+
+void writingOutput(std::string_view name, const std::function<void()>& step) {
+  concerning(name, ExitStatus::kWriteFailed, step);
 }
 
 CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result) {
-  std::string message = nativeName(path);
-  if (result.line > 0) {
-    message.append(":").append(std::to_string(result.line));
-  }
-  return {ExitStatus::kNotParseable, message.append(": ").append(result.reason)};
+  const ExitStatus status = result.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
+  const auto line = static_cast<std::size_t>(result.line);
+  return {status, placeIn(nativeName(path), line) + result.reason};
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
-  try {
+  readingInput(name, [&] {
     char first = 0;
     static_cast<void>(files.open(path)->read(&first, 1));
-  } catch (const RunTimeError& error) {
-    throw CommandFailure(ExitStatus::kInputMissing, describe(name, error));
-  }
+  });
 }
 
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand) {
@@ -58,6 +65,11 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
   } catch (const CommandFailure& failure) {
     ui.show(criticalMessage(failure.what()));
     return failure.status();
+  } catch (const Abandoned&) {
+    throw;
+  } catch (const std::exception& error) {
+    ui.show(criticalMessage(std::string("internal error: ") + error.what()));
+    return ExitStatus::kInternal;
   }
 }
 

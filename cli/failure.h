@@ -11,7 +11,6 @@
 namespace quorbind {
 
 class FileSystem;
-class RunTimeError;
 class UserInterface;
 struct XmlLoadResult;
 
@@ -31,16 +30,23 @@ class CommandFailure : public std::runtime_error {
 /// Whether a run-time error of this number says that something could not be written.
 bool isWriteError(std::int32_t number);
 
-/// The failure to write the file that the user knows as `name`.
-CommandFailure writeFailure(std::string_view name, const RunTimeError& error);
+/// Runs a step that reads from the file that the user knows as `name`. A run-time error in it is a
+/// CommandFailure: the input can't be read.
+void readingInput(std::string_view name, const std::function<void()>& step);
 
-/// The failure to load the XML file at `path`, which the component names so.
+/// Runs a step that writes to the file that the user knows as `name`. A run-time error in it is a
+/// CommandFailure: the write failed.
+void writingOutput(std::string_view name, const std::function<void()>& step);
+
+/// The failure to load the XML file at `path`, which the component names so. Without a line to
+/// blame it is not the contents that are wrong: the file can't be read.
 CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result);
 
 /// Fails unless there is a file at `path` that can be read. `name` is the user's name for it.
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name);
 
-/// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status.
+/// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status, any
+/// other exception but `Abandoned` likewise as an internal error.
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand);
 
 }  // namespace quorbind

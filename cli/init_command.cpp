@@ -11,7 +11,6 @@
 #include "cli/wiring.h"
 #include "platform/paths.h"
 #include "platform/portable/visible_text.h"
-#include "platform/runtime_error.h"
 #include "platform/text_file.h"
 #include "platform/xml_writer.h"
 
@@ -32,6 +31,7 @@ class Initialisation {
 
   void run() {
     const auto selection = loadSelection();
+    const bool isListed = selection && isInSelection(*selection);
     makeFolder(paths_.folder);
     makeFile(paths_.catalogue, [](XmlWriter& writer) {
       writer.startElement(catalogue_names::kMaster);
@@ -43,9 +43,9 @@ class Initialisation {
       writeDefaultCategories(writer, "Quor_Developer");
       writer.endElement();
     });
-    if (selection) {
+    if (selection && !isListed) {
       addToSelection(*selection);
-    } else {
+    } else if (!selection) {
       makeFile(paths_.selection, [this](XmlWriter& writer) { writeSelection(writer); });
     }
     if (!changed_) {
@@ -94,17 +94,32 @@ class Initialisation {
         std::string(selection_names::kList).append("/").append(selection_names::kQuors));
   }
 
-  void addToSelection(XmlDocument& selection) {
-    using namespace selection_names;
-    const XmlNode list = listOf(selection);
-    for (const XmlNode& library : list.children()) {
-      const XmlNode name = library.child(kName);
-      if (name && name.text() == library_) {
-        return;
+  /// A listed library whose name differs in letter case alone has the same folder, and so refuses
+  /// this one.
+  [[nodiscard]] bool isInSelection(const XmlDocument& selection) const {
+    std::string namesake;
+    for (const XmlNode& library : listOf(selection).children()) {
+      const XmlNode element = library.child(selection_names::kName);
+      const std::string name = element ? element.text() : std::string();
+      if (name == library_) {
+        return true;
+      }
+      if (wiring_.locale.upperCase(name) == wiring_.locale.upperCase(library_)) {
+        namesake = name;
       }
     }
+    if (!namesake.empty()) {
+      throw CommandFailure(ExitStatus::kRefused,
+                           library_ + " would have the folder of the library " + namesake +
+                               ", which is there already");
+    }
+    return false;
+  }
+
+  void addToSelection(XmlDocument& selection) {
+    using namespace selection_names;
     const XmlNode library = selection.createElement(kQuor);
-    list.append(library);
+    listOf(selection).append(library);
     appendText(selection, library, kName, library_);
     appendText(selection, library, kLocation, paths_.location);
     written(paths_.selection, [&] { selection.save(paths_.selection); });
@@ -146,11 +161,7 @@ class Initialisation {
   /// Runs one step that writes, and tells what it wrote.
   template <typename Step>
   void written(const std::string& path, Step&& step) {
-    try {
-      step();
-    } catch (const RunTimeError& error) {
-      throw writeFailure(nativeName(path), error);
-    }
+    writingOutput(nativeName(path), step);
     changed_ = true;
     std::cout << "wrote " << visibleText(nativeName(path)) << '\n';
   }

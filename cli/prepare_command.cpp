@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <string_view>
 
 #include "cli/failure.h"
@@ -11,9 +12,7 @@
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
 #include "platform/portable/visible_text.h"
-#include "platform/runtime_error.h"
 #include "platform/text_file.h"
-#include "toc/toc_check.h"
 
 namespace quorbind {
 
@@ -22,19 +21,21 @@ namespace {
 using Sink = std::function<void(std::string_view)>;
 
 /// A table that carries the marks already is passed on line by line.
-void writeAsItStands(Wiring& wiring, std::string_view path, const Sink& sink) {
-  TextReader reader(wiring.files, wiring.locale, path);
-  while (!reader.atEnd()) {
-    sink(reader.readLine());
-    sink("\n");
-  }
+void writeAsItStands(Wiring& wiring, const TocFile& toc, const Sink& sink) {
+  readingInput(toc.name, [&] {
+    TextReader reader(wiring.files, wiring.locale, toc.path);
+    while (!reader.atEnd()) {
+      sink(reader.readLine());
+      sink("\n");
+    }
+  });
 }
 
 void writeReady(Wiring& wiring, const TocFile& toc, const TocSurvey& survey, const Sink& sink) {
   if (survey.hasMarks) {
-    writeAsItStands(wiring, toc.path, sink);
+    writeAsItStands(wiring, toc, sink);
   } else {
-    writePreparedToc(wiring.module.platform, toc.path, sink);
+    writePreparedToc(wiring.module.platform, toc, sink);
   }
 }
 
@@ -42,29 +43,26 @@ void writeFile(Wiring& wiring,
                const TocFile& toc,
                const TocSurvey& survey,
                const std::string& output) {
-  try {
-    const auto file = wiring.files.replace(componentFile(output));
-    writeReady(wiring, toc, survey, [&file](std::string_view text) { file->write(text); });
-    file->commit();
-  } catch (const RunTimeError& error) {
-    throw writeFailure(output, error);
-  }
+  std::unique_ptr<FileReplacement> file;
+  writingOutput(output, [&] { file = wiring.files.replace(componentFile(output)); });
+  writeReady(wiring, toc, survey, [&](std::string_view text) {
+    writingOutput(output, [&] { file->write(text); });
+  });
+  writingOutput(output, [&] { file->commit(); });
 }
 
-/// Has the component's own check tell what is wrong.
-ExitStatus refuse(Wiring& wiring, const TocFile& toc, const TocSurvey& survey) {
-  wiring.ui.showPathAs(toc.path, toc.name);
-  TocCheck(wiring.module).mbValidateTextToc(toc.path);
-  std::cerr << "quorbind: " << visibleText(placeIn(toc.name, survey.refusedLine))
+ExitStatus refuse(Wiring& wiring, const TocFile& toc, const TocRefusal& refusal) {
+  tellRefusal(wiring.ui, refusal);
+  std::cerr << "quorbind: " << visibleText(placeIn(toc.name, refusal.line))
             << "nothing was written\n";
   return ExitStatus::kRefused;
 }
 
 ExitStatus prepare(const PrepareArguments& arguments, Wiring& wiring) {
   const TocFile toc(wiring.files, arguments.toc);
-  const TocSurvey survey = surveyTextToc(wiring.module.platform, toc.path);
-  if (!survey.accepted) {
-    return refuse(wiring, toc, survey);
+  const TocSurvey survey = surveyTextToc(wiring.module.platform, toc);
+  if (survey.refusal) {
+    return refuse(wiring, toc, *survey.refusal);
   }
   if (arguments.output) {
     writeFile(wiring, toc, survey, *arguments.output);

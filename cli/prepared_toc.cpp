@@ -41,10 +41,10 @@ std::string preparedLine(const TextTocEntry& entry) {
 }  // namespace
 
 void writePreparedToc(const Platform& platform,
-                      std::string_view path,
+                      const TocFile& toc,
                       const std::function<void(std::string_view)>& sink) {
   sink(kHead);
-  surveyTextToc(platform, path, [&sink](const TextTocLine&, const TextTocEntry& entry) {
+  surveyTextToc(platform, toc, [&sink](const TextTocLine&, const TextTocEntry& entry) {
     sink(preparedLine(withBookmarkMoved(entry)));
   });
 }

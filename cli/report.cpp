@@ -15,6 +15,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr const char* kNotAccepted = "not accepted";
+
 // Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
 // report.
 void print(const Json& object) {
@@ -104,6 +106,9 @@ void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>
                  {"missing", missing},
                  {"messages", toJson(messages)}};
   addLine(object, report.line);
+  if (report.status != ExitStatus::kDone) {
+    object["note"] = kNotAccepted;
+  }
   print(object);
 }
 
@@ -179,6 +184,12 @@ void tellFailure(const std::string& toc, std::size_t line, const std::string& no
 
 }  // namespace
 
+void printFailure(ExitStatus status,
+                  const std::vector<ShownMessage>& messages,
+                  const std::string& note) {
+  print({{"status", static_cast<int>(status)}, {"messages", toJson(messages)}, {"note", note}});
+}
+
 void printAddition(const AdditionReport& report,
                    const std::vector<ShownMessage>& messages,
                    bool json) {
@@ -194,7 +205,7 @@ void printAddition(const AdditionReport& report,
 
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report.toc, report.line, "not accepted");
+    tellFailure(report.toc, report.line, kNotAccepted);
   }
   if (json) {
     printCheckAsJson(report, messages);

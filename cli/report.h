@@ -48,6 +48,12 @@ struct CheckReport {
   std::vector<MissingDocument> missing;
 };
 
+/// The end of a run that has nothing to report but its failure, as one JSON object. `note` says why
+/// the status is not 0.
+void printFailure(ExitStatus status,
+                  const std::vector<ShownMessage>& messages,
+                  const std::string& note);
+
 /// Each tells of a failure on the error output as well.
 void printAddition(const AdditionReport& report,
                    const std::vector<ShownMessage>& messages,

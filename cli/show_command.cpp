@@ -37,21 +37,28 @@ std::vector<BookHeading> headingsOf(Wiring& wiring,
   return headings;
 }
 
+ExitStatus show(const ShowArguments& arguments, const LibraryPaths& library, Wiring& wiring) {
+  const auto books = readCatalogue(wiring.module.platform, library.catalogue);
+  if (!arguments.acronym) {
+    printBooks(books, arguments.json);
+    return ExitStatus::kDone;
+  }
+  const CatalogueEntry& book = findBook(books, arguments);
+  printBook(book, headingsOf(wiring, library, book), arguments.json);
+  return ExitStatus::kDone;
+}
+
 }  // namespace
 
 ExitStatus runShow(const ShowArguments& arguments) {
   const LibraryPaths library(arguments.place.server, arguments.place.library);
   Wiring wiring(library.serverRoot, processTerminal(/*mayAsk=*/false));
-  return reportingFailures(wiring.ui, [&] {
-    const auto books = readCatalogue(wiring.module.platform, library.catalogue);
-    if (!arguments.acronym) {
-      printBooks(books, arguments.json);
-      return ExitStatus::kDone;
-    }
-    const CatalogueEntry& book = findBook(books, arguments);
-    printBook(book, headingsOf(wiring, library, book), arguments.json);
-    return ExitStatus::kDone;
-  });
+  const ExitStatus status =
+      reportingFailures(wiring.ui, [&] { return show(arguments, library, wiring); });
+  if (status != ExitStatus::kDone && arguments.json) {
+    printFailure(status, wiring.ui.shown(), "nothing was shown");
+  }
+  return status;
 }
 
 }  // namespace quorbind

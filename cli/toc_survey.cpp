@@ -1,8 +1,8 @@
 #include "cli/toc_survey.h"
 
 #include "cli/failure.h"
-#include "cli/toc_file.h"
 #include "platform/runtime_error.h"
+#include "platform/user_interface.h"
 #include "platform/xml_document.h"
 #include "toc/text_form.h"
 
@@ -16,8 +16,8 @@ class Surveyor final : public TextTocListener {
 
   bool entry(const TextTocLine& line, const Pieces& pieces) override {
     TextTocEntry entry;
-    if (checkTextEntry(line.text, pieces, previousLevel_, entry)) {
-      survey_.refusedLine = line.number;
+    if (const auto violation = checkTextEntry(line.text, pieces, previousLevel_, entry)) {
+      refused(line, *violation);
       return false;
     }
     note(line, entry);
@@ -27,8 +27,8 @@ class Surveyor final : public TextTocListener {
     return true;
   }
 
-  void refused(const TextTocLine& line, const TocViolation& /*violation*/) override {
-    survey_.refusedLine = line.number;
+  void refused(const TextTocLine& line, const TocViolation& violation) override {
+    survey_.refusal = {.violation = violation, .line = line.number, .text = std::string(line.text)};
   }
 
  private:
@@ -46,22 +46,32 @@ class Surveyor final : public TextTocListener {
   std::int16_t previousLevel_ = 0;
 };
 
-}  // namespace
-
-TocSurvey surveyTextToc(const Platform& platform,
-                        std::string_view path,
-                        const EntryVisitor& visitor) {
-  TocSurvey survey;
-  TextReader reader(platform.files, platform.locale, path);
-  Surveyor surveyor(survey, visitor);
+void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, Surveyor& surveyor) {
   try {
-    survey.accepted = walkTextToc(reader, surveyor);
+    TextReader reader(platform.files, platform.locale, toc.path);
+    walkTextToc(reader, surveyor);
   } catch (const RunTimeError& error) {
     if (!error.is(ErrorNumber::kInputPastEndOfFile)) {
       throw;
     }
+    survey.refusal = {.violation = emptyTextToc()};
   }
+}
+
+}  // namespace
+
+TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const EntryVisitor& visitor) {
+  TocSurvey survey;
+  Surveyor surveyor(survey, visitor);
+  readingInput(toc.name, [&] { walk(platform, toc, survey, surveyor); });
   return survey;
+}
+
+void tellRefusal(UserInterface& ui, const TocRefusal& refusal) {
+  ui.show(criticalMessage(refusal.violation.message));
+  if (refusal.violation.offersLine) {
+    ui.putOnClipboard(refusal.text);
+  }
 }
 
 void requireReadableDepth(const TocSurvey& survey, const std::string& name) {

@@ -3,19 +3,27 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
-#include <string_view>
 
+#include "cli/toc_file.h"
 #include "platform/platform.h"
 #include "toc/text_toc.h"
 
 namespace quorbind {
 
+/// Why a text table of contents is refused.
+struct TocRefusal {
+  TocViolation violation;
+  /// The line that breaks the rule; 0 and empty when the file ends too early.
+  std::size_t line = 0;
+  std::string text = {};
+};
+
 /// What a text table of contents looks like before the component is asked to take it.
 struct TocSurvey {
-  bool accepted = false;
-  /// The line that breaks a rule; 0 when none does, or the file ends too early.
-  std::size_t refusedLine = 0;
+  /// Nothing when the table breaks no rule.
+  std::optional<TocRefusal> refusal;
   std::size_t entries = 0;
   /// Whether an entry carries the marks that the generator reads.
   bool hasMarks = false;
@@ -26,10 +34,14 @@ struct TocSurvey {
 /// Told of every entry that is accepted; the entry holds during the call only.
 using EntryVisitor = std::function<void(const TextTocLine&, const TextTocEntry&)>;
 
-/// Holds the file against the rules without telling anybody. Raises what reading it raises.
+/// Holds the file against the rules without telling anybody. One that can't be read is a
+/// CommandFailure, and so is every run-time error of the visitor.
 TocSurvey surveyTextToc(const Platform& platform,
-                        std::string_view path,
+                        const TocFile& toc,
                         const EntryVisitor& visitor = {});
+
+/// Shows the box of the rule, and offers the line where the rule does.
+void tellRefusal(UserInterface& ui, const TocRefusal& refusal);
 
 /// Fails when the headings lie so deep that the book file would be one that no reader takes. `name`
 /// is the user's name for the table of contents.

@@ -14,19 +14,19 @@
 
 namespace quorbind {
 
-/// Beyond these, which no document of people's making comes near, libxml2's work would grow with
-/// the square of the file: it compares every attribute of an element, and every namespace in force,
-/// with all the others.
+/// The most attributes of an element, and the most namespaces in force: libxml2 compares each with
+/// all the others, so its work would grow with the square of the file.
 inline constexpr int kMaximumXmlAttributes = 1000;
-inline constexpr std::size_t kMaximumXmlNameLength = 10000;  ///< in bytes
+/// In bytes, without the prefix.
+inline constexpr std::size_t kMaximumXmlNameLength = 10000;
 
 /// One run of libxml2's parser over one file, kept within bounds.
 ///
 /// The bytes come from the file-system port. The bounds of the port (xml_document.h) and those
-/// above are checked on the way, by handlers that stand in front of the parser's own; libxml2's own
-/// bounds are off, since they also limit the length of texts. Nothing but the file is ever opened.
-/// A file that breaks the rules of namespaces, such as by a prefix that is not declared, does not
-/// parse.
+/// above, which no sound document comes near, are checked on the way, by handlers that stand in
+/// front of the parser's own; libxml2's own bounds are off, since they also limit the length of
+/// texts. Nothing but the file is ever opened. A file that breaks the rules of namespaces, such as
+/// by a prefix that is not declared, does not parse.
 ///
 /// A run that has failed is over: libxml2 is told that the file ends here, and what its handlers
 /// still say about the few bytes that it has read ahead is ignored. libxml2 is C and can't be left

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/portable/xml_handles.h"
 #include "platform/portable/xml_layout.h"
@@ -29,17 +30,22 @@ bool isUtf8(std::string_view encoding) {
 }
 
 bool isUtf16(std::string_view encoding) {
-  return equalIgnoringAsciiCase(encoding, "UTF-16") || equalIgnoringAsciiCase(encoding, "UTF16");
+  return equalIgnoringAsciiCase(encoding, "UTF-16") || equalIgnoringAsciiCase(encoding, "UTF16") ||
+         equalIgnoringAsciiCase(encoding, "ISO-10646-UCS-2");
 }
 
 /// Encodes through libxml2, which writes what an encoding lacks as a character reference.
 class Encoder {
  public:
-  /// The document was read in `encoding`; one that can be read but not written raises 57.
+  /// The document was read in `encoding`. One that can't be written, or in which no parser would
+  /// find its way to the declaration again, raises 57.
   explicit Encoder(const std::string& encoding)
       : encoder_(xmlFindCharEncodingHandler(encoding.c_str())), bytes_(xmlBufferCreate()) {
     require(encoder_ != nullptr && bytes_ != nullptr);
     xmlCharEncOutFunc(encoder_.get(), bytes_.get(), nullptr);
+    const std::string_view begin = encode("<?xml");
+    require(xmlDetectCharEncoding(reinterpret_cast<const xmlChar*>(begin.data()),
+                                  static_cast<int>(begin.size())) != XML_CHAR_ENCODING_NONE);
   }
 
   /// The view holds until the next call.
@@ -153,9 +159,9 @@ void writeNode(XmlWriter& writer, const xmlNode& node, bool outerAsWritten) {
 
 void writeXml(const xmlDoc& document, FileReplacement& file) {
   const XmlMessages silence;
-  const XmlWriter::Sink sink = sinkInto(file, std::string(viewOf(document.encoding)));
+  XmlWriter::Sink sink = sinkInto(file, std::string(viewOf(document.encoding)));
   sink(declarationOf(document));
-  XmlWriter writer(sink);
+  XmlWriter writer(std::move(sink));
   for (const xmlNode* node = document.children; node != nullptr; node = node->next) {
     writeNode(writer, *node, false);
   }

@@ -150,8 +150,50 @@ TEST_F(AddRefusal, AFolderOfTheTableThatLeadsOutIsRefused) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err,
             "critical: Error:Book Folder leads out of the library: ..\\cover.htm\n"
+            "quorbind: toc.txt:3: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(AddRefusal, NoLineIsNamedWhenSomethingElseIsRefusedBeforeTheFolderOfTheTable) {
+  EXPECT_EQ(addAlarms().status, 0);
+  writeToc("\"1\" \"Alarm Handling\" \"..\\cover.htm\" \"\"\n");
+  const Outcome outcome = add({"--name", "Alarms", "--acro", "NEW"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: Error:Book Name Alarms already Exists\n"
+            "quorbind: toc.txt: nothing was added: other values are needed for --name and "
+            "--acro\n");
+}
+
+TEST_F(AddRefusal, AnAcronymThatIsTooLongForAFileIsRefused) {
+  const Tree before = disk.contents();
+  const Outcome outcome = add({"--name", "Alarms", "--acro", std::string(300, 'A')});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: --acro is too long: the name that it gives has 309 bytes, and 255 are the "
+            "most that a name can have\n"
             "quorbind: toc.txt: nothing was added\n");
   EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(AddRefusal, AFolderThatIsTooLongForOneIsRefused) {
+  writeToc("\"1\" \"Alarm Handling\" \"cover.htm\" \"\"\n");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAlarms({"--folder", std::string(300, 'M')});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: --folder is too long: the name that it gives has 300 bytes, and 255 are the "
+            "most that a name can have\n"
+            "quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(AddRefusal, TheLongestNamesOfAFileAndAFolderAreTaken) {
+  writeToc("\"1\" \"Alarm Handling\" \"cover.htm\" \"\"\n");
+  const std::string acronym(246, 'A');
+  const std::string folder(255, 'M');
+  EXPECT_EQ(add({"--name", "Alarms", "--acro", acronym, "--folder", folder}).status, 0);
+  EXPECT_TRUE(disk.has("server/Docs/Plant/" + folder + "/Book_" + acronym + ".xml"));
 }
 
 TEST_F(AddRefusal, AFileInThePlaceOfTheBookFileIsNeverTouched) {

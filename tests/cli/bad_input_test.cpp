@@ -179,6 +179,12 @@ TEST_F(BadInput, ACatalogueThatDoesNotParse) {
   EXPECT_EQ(disk.contents(), before);
 }
 
+TEST_F(BadInput, AnEmptyCatalogueFile) {
+  writeBook();
+  disk.write("server/Docs/Plant/Quor_TOC.xml", "");
+  EXPECT_EQ(addAlarms().status, 4);
+}
+
 TEST_F(BadInput, ACatalogueWithADocumentType) {
   writeBook();
   disk.write("server/Docs/Plant/Quor_TOC.xml",

@@ -154,7 +154,29 @@ TEST_F(Check, ReportsARefusalAsOneObject) {
             "      \"clipboard\": \"\\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\"\n"
             "    }\n"
             "  ],\n"
-            "  \"line\": 3\n"
+            "  \"line\": 3,\n"
+            "  \"note\": \"not accepted\"\n"
+            "}\n");
+}
+
+TEST_F(Check, ReportsATableThatIsNotThereAsOneObject) {
+  const Outcome outcome = check({"--json"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"status\": 3,\n"
+            "  \"accepted\": false,\n"
+            "  \"entries\": 0,\n"
+            "  \"missing\": [],\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"TOC not found at Path\\rtoc.txt\",\n"
+            "      \"clipboard\": null\n"
+            "    }\n"
+            "  ],\n"
+            "  \"note\": \"not accepted\"\n"
             "}\n");
 }
 

@@ -68,6 +68,24 @@ TEST_F(Dialogs, AskAgainForANameThatTheCatalogueHas) {
   EXPECT_EQ(session.finish().status, 0);
 }
 
+TEST_F(Dialogs, TellOfAnEntryWithoutABookFileThatCanNotBeTakenOutBecauseAnotherHasItsName) {
+  EXPECT_EQ(addAlarms().status, 0);
+  disk.makeFolder("server/Docs/Plant/Manual/Book_NEW.xml");
+  TerminalSession session(addCommand({"--name", "Alarms", "--acro", "NEW"}));
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("");
+  session.waitFor("Book Acro: [NEW] ");
+  session.typeLine("");
+  session.waitFor(
+      "/server/Docs/Plant/Manual/Book_NEW.xml could not be written; the entry of NEW is left in "
+      "the catalogue without it\n");
+  EXPECT_EQ(session.finish().status, 5);
+  EXPECT_EQ(books(),
+            "ACRONYM  NAME    FOLDER\n"
+            "ALM      Alarms  Manual\n"
+            "NEW      Alarms  Manual\n");
+}
+
 TEST_F(Dialogs, AskForAFolderThatTheTableDoesNotName) {
   writeToc("\"1\" \"Book\" \"cover.htm\" \"\"\n");
   TerminalSession session(addCommand({"--name", "Alarms", "--acro", "ALM"}));

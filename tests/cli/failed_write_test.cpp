@@ -40,13 +40,17 @@ class WithoutPermission : public CommandTest {
     fs::permissions(disk.path() / name, fs::perms::others_write, fs::perm_options::remove);
   }
 
-  /// The cases below prove nothing unless a plain write is refused, too.
+  /// The cases below prove nothing unless a plain write, or a plain read, is refused, too.
   void expectThatAPlainWriteIsRefused(const std::string& name) const {
     ASSERT_NE(runHere(asNobody({"touch", name})).status, 0) << name;
   }
 
-  [[nodiscard]] Outcome addAsNobody() const {
-    return quorbindAsNobody(addWords({"--name", "Alarms", "--acro", "ALM"}));
+  void expectThatAPlainReadIsRefused(const std::string& name) const {
+    ASSERT_NE(runHere(asNobody({"cat", name})).status, 0) << name;
+  }
+
+  [[nodiscard]] Outcome addAsNobody(const Words& more = {}) const {
+    return quorbindAsNobody(addWords(joined({"--name", "Alarms", "--acro", "ALM"}, more)));
   }
 
  private:
@@ -62,8 +66,9 @@ TEST_F(WithoutPermission, ALibraryFolderThatCanNotBeWritten) {
   const Outcome outcome = addAsNobody();
   EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(outcome.err,
-            "critical: DISK/server/Docs/Plant: Permission denied\n"
-            "quorbind: toc.txt: nothing was added\n");
+            "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
+            "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
+            "was added\n");
   EXPECT_EQ(disk.contents(), before);
 }
 
@@ -74,6 +79,10 @@ TEST_F(WithoutPermission, ACatalogueThatCanNotBeWritten) {
   const Tree before = disk.contents();
   const Outcome outcome = addAsNobody();
   EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
+            "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
+            "was added\n");
   EXPECT_EQ(disk.contents(), before);
 }
 
@@ -83,11 +92,15 @@ TEST_F(WithoutPermission, ABookFolderThatCanNotBeWrittenLeavesTheCatalogueAsItWa
   forbid("server/Docs/Plant/Manual");
   expectThatAPlainWriteIsRefused("server/Docs/Plant/Manual/new");
   const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody();
+  const Outcome outcome = addAsNobody({"--json"});
   EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err,
-            "quorbind: toc.txt: the book file could not be written; nothing was added\n");
+            "quorbind: toc.txt: DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be written; "
+            "nothing was added\n");
+  EXPECT_NE(outcome.out.find("\"note\": \"DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be "
+                             "written; nothing was added\""),
+            std::string::npos)
+      << outcome.out;
   EXPECT_EQ(disk.contents(), before);
 }
 
@@ -100,13 +113,29 @@ TEST_F(WithoutPermission, AFolderOfTheTableThatCanNotBeWritten) {
   EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(outcome.err,
             "critical: DISK/: Permission denied\n"
-            "quorbind: toc.txt: nothing was added\n");
+            "quorbind: toc.txt: DISK/ could not be written; nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, AFolderOfAPreparedTableThatCanNotBeWritten) {
+  ASSERT_EQ(quorbind({"prepare", "toc.txt", "-o", "prepared.txt"}).status, 0);
+  disk.write("toc.txt", disk.read("prepared.txt"));
+  allow("server");
+  forbid(".");
+  expectThatAPlainWriteIsRefused("new");
+  const Tree before = disk.contents();
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_TRUE(outcome.err.ends_with(
+      "quorbind: toc.txt: DISK/Book_ALM.xml could not be written; nothing was added\n"))
+      << outcome.err;
   EXPECT_EQ(disk.contents(), before);
 }
 
 TEST_F(WithoutPermission, ATableThatCanNotBeReadIsMissingInput) {
   allow("server");
   fs::permissions(disk.path() / "toc.txt", fs::perms::owner_all);
+  expectThatAPlainReadIsRefused("toc.txt");
   const Tree before = disk.contents();
   const Outcome outcome = addAsNobody();
   EXPECT_EQ(outcome.status, 3);
@@ -119,6 +148,7 @@ TEST_F(WithoutPermission, ATableThatCanNotBeReadIsMissingInput) {
 TEST_F(WithoutPermission, ACatalogueThatCanNotBeReadIsMissingInput) {
   allow("server");
   fs::permissions(disk.path() / "server/Docs/Plant/Quor_TOC.xml", fs::perms::owner_all);
+  expectThatAPlainReadIsRefused("server/Docs/Plant/Quor_TOC.xml");
   EXPECT_EQ(addAsNobody().status, 3);
 }
 
@@ -201,8 +231,8 @@ TEST_F(FullDisk, EveryFileIsOldOrNewAndTheCatalogueNamesOnlyBooksThatArrived) {
     EXPECT_EQ(disk.read("server/Docs/Plant/Quor_TOC.xml"), catalogue) << pages;
     expectOnlyWholeFiles();
     entriesTakenOut += outcome.err ==
-                               "quorbind: toc.txt: the book file could not be written; nothing "
-                               "was added\n"
+                               "quorbind: toc.txt: DISK/server/Docs/Plant/Manual/Book_ALM.xml "
+                               "could not be written; nothing was added\n"
                            ? 1
                            : 0;
     fs::remove_all(disk.path() / "server/Docs/Plant/Manual");

@@ -100,6 +100,22 @@ TEST_F(Init, FoldersThatStandInAnotherLetterCaseAreUsed) {
   EXPECT_FALSE(disk.has("server/Docs"));
 }
 
+TEST_F(Init, ALibraryWhoseFolderAnotherHasInOtherLetterCaseIsRefused) {
+  initLibrary();
+  const Tree before = disk.contents();
+  const Outcome outcome = init("plant");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "critical: plant would have the folder of the library Plant, which is there already\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(Init, LetterCaseIsThatOfAllLanguages) {
+  ASSERT_EQ(init("Größe").status, 0);
+  EXPECT_EQ(init("GRÖßE").status, 1);
+}
+
 TEST_F(Init, AListThatDoesNotParseIsNotTouchedAndNothingIsMade) {
   disk.write("server/Docs/Quor_Selection.xml", "<Quor_Selection_List>\n<Quors>\n");
   const Tree before = disk.contents();

@@ -81,6 +81,31 @@ TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
   EXPECT_EQ(outcome.err, "critical: there is no book ALM in Plant\n");
 }
 
+TEST_F(Show, ReportsARefusalAsOneObject) {
+  const Outcome outcome = show({"ALM", "--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"status\": 1,\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"there is no book ALM in Plant\",\n"
+            "      \"clipboard\": null\n"
+            "    }\n"
+            "  ],\n"
+            "  \"note\": \"nothing was shown\"\n"
+            "}\n");
+}
+
+TEST_F(Show, ReportsInputThatIsMissingOrDoesNotParseAsOneObject) {
+  std::filesystem::remove(disk.path() / "server/Docs/Plant/Quor_TOC.xml");
+  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"status\": 3,\n", 0), 0U);
+  disk.write("server/Docs/Plant/Quor_TOC.xml", "<Quor_Master>\n");
+  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"status\": 4,\n", 0), 0U);
+}
+
 TEST_F(Show, ABookFileThatIsNotThereIsMissingInput) {
   EXPECT_EQ(addAlarms().status, 0);
   std::filesystem::remove(disk.path() / "server/Docs/Plant/Manual/Book_ALM.xml");

@@ -65,6 +65,40 @@ TEST_F(Usage, EverySubcommandHasHelp) {
   }
 }
 
+/// In a folder that is gone relative names mean nothing.
+class InAFolderThatIsGone : public CommandTest {
+ protected:
+  [[nodiscard]] Outcome quorbindThere(const std::string& arguments) const {
+    return runHere({"sh",
+                    "-c",
+                    "mkdir gone && cd gone && rmdir ../gone && exec " + quorbindExecutable() + " " +
+                        arguments});
+  }
+};
+
+TEST_F(InAFolderThatIsGone, AServerThatCanNotBeNamedIsAnInternalErrorToldAsOneObject) {
+  const Outcome outcome = quorbindThere("show --server server --library Plant --json");
+  EXPECT_EQ(outcome.status, 70);
+  EXPECT_EQ(outcome.err.rfind("quorbind: internal error: ", 0), 0U) << outcome.err;
+  EXPECT_EQ(outcome.out.rfind("{\n"
+                              "  \"status\": 70,\n"
+                              "  \"messages\": [],\n"
+                              "  \"note\": \"internal error: ",
+                              0),
+            0U)
+      << outcome.out;
+}
+
+TEST_F(InAFolderThatIsGone, ATableThatCanNotBeNamedIsAnInternalErrorToldAsOneObject) {
+  const Outcome outcome = quorbindThere("check toc.txt --json");
+  EXPECT_EQ(outcome.status, 70);
+  EXPECT_EQ(outcome.err.rfind("critical: internal error: ", 0), 0U) << outcome.err;
+  EXPECT_TRUE(outcome.err.ends_with("\nquorbind: toc.txt: not accepted\n")) << outcome.err;
+  EXPECT_EQ(outcome.out.rfind("{\n  \"status\": 70,\n  \"accepted\": false,\n", 0), 0U)
+      << outcome.out;
+  EXPECT_NE(outcome.out.find("\"text\": \"internal error: "), std::string::npos) << outcome.out;
+}
+
 TEST_F(Usage, AStandardOutputThatTakesNothingIsAFailedWrite) {
   initLibrary();
   const Outcome outcome = runHere(

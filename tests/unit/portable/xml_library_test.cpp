@@ -290,6 +290,38 @@ TEST_F(PortableXmlLibraryTest, AnInvalidQueryIsDescribedInALine) {
   }
 }
 
+TEST_F(PortableXmlLibraryTest, ADocumentInAnEncodingThatHidesTheDeclarationIsNotSaved) {
+  const std::string bytes = "<?xml version='1.0' encoding='UTF-7'?><a>+AOQ-</a>";
+  ASSERT_TRUE(load(bytes));
+  ASSERT_EQ(document_->documentElement().text(), "ä");
+
+  EXPECT_EQ(errorRaisedBy([&] { document_->save(kPath); }), 57);
+  EXPECT_EQ(disk_.read("book.xml"), bytes);
+}
+
+TEST_F(PortableXmlLibraryTest, EncodingsOfAllKindsAreSavedAsTheyWereLoaded) {
+  const auto document = [](const std::string& encoding, const std::string& text) {
+    return R"(<?xml version="1.0" encoding=")" + encoding + "\"?>\r\n<a>" + text + "</a>\r\n";
+  };
+  const auto withoutMark = [](const std::string& text) { return utf16File(text).substr(2); };
+  const std::vector<std::pair<std::string, std::string>> cases{
+      {document("Shift_JIS", "\x96\xDA\x98\x5E"), "目録"},
+      {document("ISO-2022-JP", "\x1B$BL\\O?\x1B(B"), "目録"},
+      {document("GB18030", "\xC4\xBF\x94\x39\xFC\x36"), "目😀"},
+      {document("KOI8-R", "\xEB\xCE\xC9\xC7\xC1"), "Книга"},
+      {document("ISO-8859-15", "\xA4"), "€"},
+      {withoutMark(document("UTF-16LE", "目😀")), "目😀"},
+      {utf16File(document("ISO-10646-UCS-2", "目录")), "目录"},
+  };
+  for (const auto& [bytes, text] : cases) {
+    const XmlLoadResult result = load(bytes);
+    ASSERT_TRUE(result) << text << ": " << result.reason;
+    EXPECT_EQ(document_->documentElement().text(), text);
+    document_->save(kPath);
+    EXPECT_EQ(disk_.read("book.xml"), bytes) << text;
+  }
+}
+
 // Files that fail under way
 
 TEST_F(PortableXmlLibraryTest, AFileThatFailsWhileItIsReadIsAFailedLoad) {
