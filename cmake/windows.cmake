@@ -1,0 +1,11 @@
+# What every target of a Windows build is made with.
+
+# The headers show what the newest Windows has; what an older one lacks is asked for while running,
+# never imported.
+add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+
+# Only Windows' own DLLs are needed. Equal sources give equal bytes, wherever they are built.
+add_compile_options(
+  "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>"
+  "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>")
+add_link_options(-static -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)

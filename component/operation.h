@@ -1,0 +1,67 @@
+#pragma once
+
+#include <ole2.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <type_traits>
+#include <utility>
+
+#include "component/component_module.h"
+#include "component/server/conversion.h"
+#include "platform/error_trap.h"
+
+namespace quorbind {
+
+/// One call of a published operation, from the host's side of the edge to the core's.
+///
+/// Nothing that is thrown gets out. An error that the core has not reported itself, such as an
+/// array of the wrong kind, is reported in the operation's own box, and the call succeeds with the
+/// operation's failure value: False, an empty text, an array without bounds. A call fails only when
+/// the caller gives no place for something (E_POINTER) or when there is no memory even for the box
+/// (E_OUTOFMEMORY).
+class Operation {
+ public:
+  /// `source` words the box. `references` are the places that parameters are passed by.
+  explicit Operation(const ErrorSource& source, std::initializer_list<const void*> references = {})
+      : source_(source), placesGiven_(std::ranges::find(references, nullptr) == references.end()) {}
+
+  /// Runs an operation without a result.
+  template <typename Body>
+  HRESULT run(Body&& body) const noexcept {
+    if (!placesGiven_) {
+      return E_POINTER;
+    }
+    try {
+      trapped(componentModule().platform.ui, source_, std::forward<Body>(body));
+      return S_OK;
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
+  }
+
+  /// Runs an operation and gives its result to the caller.
+  template <typename Result, typename Body>
+  HRESULT answer(Result* result, Body&& body) const noexcept {
+    if (result == nullptr) {
+      return E_POINTER;
+    }
+    *result = {};
+    if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+      return run(std::forward<Body>(body));
+    } else {
+      return run([&] { give(result, body()); });
+    }
+  }
+
+ private:
+  const ErrorSource& source_;
+  bool placesGiven_;
+};
+
+/// The body of an operation that this version does not have.
+[[noreturn]] inline void raiseNotBuilt() {
+  throw RunTimeError(E_NOTIMPL, "This operation is not part of this version");
+}
+
+}  // namespace quorbind

@@ -1,0 +1,115 @@
+#include "component/server/conversion.h"
+
+#include <utility>
+
+namespace quorbind {
+
+namespace {
+
+/// Owns an array.
+class SafeArray {
+ public:
+  explicit SafeArray(SAFEARRAY* array) : array_(array) {
+    if (array == nullptr) {
+      raise(ErrorNumber::kOutOfMemory);
+    }
+  }
+  SafeArray(const SafeArray&) = delete;
+  SafeArray& operator=(const SafeArray&) = delete;
+  ~SafeArray() { ::SafeArrayDestroy(array_); }
+
+  [[nodiscard]] SAFEARRAY* get() const { return array_; }
+  [[nodiscard]] SAFEARRAY* detach() { return std::exchange(array_, nullptr); }
+
+ private:
+  SAFEARRAY* array_;
+};
+
+VARTYPE elementTypeOf(SAFEARRAY* array) {
+  VARTYPE type = VT_EMPTY;
+  const bool isList = ::SafeArrayGetDim(array) == 1;
+  const bool isText = isList && SUCCEEDED(::SafeArrayGetVartype(array, &type)) &&
+                      (type == VT_BSTR || type == VT_VARIANT);
+  if (!isText) {
+    raise(ErrorNumber::kTypeMismatch);
+  }
+  return type;
+}
+
+std::string elementOf(SAFEARRAY* array, VARTYPE type, LONG index) {
+  if (type == VT_BSTR) {
+    Bstr element;
+    requireSuccess(::SafeArrayGetElement(array, &index, element.put()));
+    return element.text();
+  }
+  Variant element;
+  requireSuccess(::SafeArrayGetElement(array, &index, element.put()));
+  return element.text();
+}
+
+void putElement(SAFEARRAY* array, VARTYPE type, LONG index, const std::string& text) {
+  if (type == VT_BSTR) {
+    requireSuccess(::SafeArrayPutElement(array, &index, Bstr(text).get()));
+    return;
+  }
+  const Variant element = Variant::ofText(text);
+  requireSuccess(::SafeArrayPutElement(array, &index, const_cast<VARIANT*>(&element.get())));
+}
+
+}  // namespace
+
+std::vector<std::string> textsOf(SAFEARRAY* array) {
+  std::vector<std::string> texts;
+  if (array == nullptr) {
+    return texts;
+  }
+  const VARTYPE type = elementTypeOf(array);
+  LONG last = 0;
+  requireSuccess(::SafeArrayGetUBound(array, 1, &last));
+  for (LONG index = lowerBoundOf(array); index <= last; ++index) {
+    texts.push_back(elementOf(array, type, index));
+  }
+  return texts;
+}
+
+std::int32_t lowerBoundOf(SAFEARRAY* array) {
+  LONG first = 0;
+  if (array != nullptr) {
+    requireSuccess(::SafeArrayGetLBound(array, 1, &first));
+  }
+  return first;
+}
+
+void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts) {
+  if (array == nullptr) {
+    return;
+  }
+  const VARTYPE type = elementTypeOf(array);
+  LONG index = lowerBoundOf(array);
+  for (const std::string& text : texts) {
+    if (elementOf(array, type, index) != text) {
+      putElement(array, type, index, text);
+    }
+    ++index;
+  }
+}
+
+void give(VARIANT_BOOL* result, bool value) {
+  *result = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+void give(BSTR* result, const std::string& text) {
+  *result = Bstr(text).detach();
+}
+
+void give(SAFEARRAY** result, const TextArray& array) {
+  SAFEARRAYBOUND bound{static_cast<ULONG>(array.texts.size()), array.lowerBound};
+  SafeArray copy(::SafeArrayCreate(VT_BSTR, 1, &bound));
+  LONG index = array.lowerBound;
+  for (const std::string& text : array.texts) {
+    putElement(copy.get(), VT_BSTR, index++, text);
+  }
+  *result = copy.detach();
+}
+
+}  // namespace quorbind

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <ole2.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/windows/com_types.h"
+
+// Values as automation carries them, and as the core does.
+
+namespace quorbind {
+
+inline bool isTrue(VARIANT_BOOL value) {
+  return value != VARIANT_FALSE;
+}
+
+/// The texts of a one-dimensional array of texts, or of variants that convert to texts. An array
+/// that is unset has none. Raises 13 for any other array.
+std::vector<std::string> textsOf(SAFEARRAY* array);
+
+/// The index of an array's first element; 0 for an array that is unset.
+std::int32_t lowerBoundOf(SAFEARRAY* array);
+
+/// Puts `texts` back into the array that they were read from; it keeps its bounds and the type of
+/// its elements. Elements that hold the same text already are left alone.
+void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts);
+
+// How a result is handed to the caller, who owns it from then on.
+void give(VARIANT_BOOL* result, bool value);
+void give(BSTR* result, const std::string& text);
+
+/// Texts and the index that the first of them has for the caller.
+struct TextArray {
+  std::vector<std::string> texts;
+  std::int32_t lowerBound = 0;
+};
+void give(SAFEARRAY** result, const TextArray& array);
+
+}  // namespace quorbind

@@ -1,0 +1,83 @@
+// The functions that a COM DLL exports.
+
+#include <ole2.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "component/server/class_factory.h"
+#include "component/server/failure.h"
+#include "component/server/registration.h"
+#include "component/server/server.h"
+#include "component/server/server_use.h"
+
+namespace quorbind {
+
+namespace {
+
+HRESULT getClassObject(REFCLSID classId, REFIID id, void** object) noexcept {
+  if (object == nullptr) {
+    return E_POINTER;
+  }
+  *object = nullptr;
+  const std::span<const ServedClass> classes = serverDescription().classes;
+  const auto served = std::ranges::find_if(classes, [&](const ServedClass& candidate) {
+    return ::IsEqualCLSID(candidate.id, classId) != FALSE;
+  });
+  if (served == classes.end()) {
+    return CLASS_E_CLASSNOTAVAILABLE;
+  }
+  HRESULT found = E_UNEXPECTED;
+  const HRESULT made =
+      guarded([&] { found = makeObject<ClassFactory>(*served)->QueryInterface(id, object); });
+  return FAILED(made) ? made : found;
+}
+
+HRESULT setRegistered(bool registered, RegistrationScope scope) noexcept {
+  return guarded([&] {
+    if (registered) {
+      registerServer(serverDescription(), scope);
+    } else {
+      unregisterServer(serverDescription(), scope);
+    }
+  });
+}
+
+HRESULT canUnloadNow() noexcept {
+  if (ServerUse::isAny()) {
+    return S_FALSE;
+  }
+  serverDescription().becomeIdle();
+  return S_OK;
+}
+
+RegistrationScope scopeNamed(const wchar_t* words) {
+  const bool forUser = words != nullptr && ::lstrcmpiW(words, L"user") == 0;
+  return forUser ? RegistrationScope::kUser : RegistrationScope::kMachine;
+}
+
+}  // namespace
+
+}  // namespace quorbind
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, LPVOID* object) {
+  return quorbind::getClassObject(classId, id, object);
+}
+
+STDAPI DllCanUnloadNow() {
+  return quorbind::canUnloadNow();
+}
+
+STDAPI DllRegisterServer() {
+  return quorbind::setRegistered(true, quorbind::RegistrationScope::kMachine);
+}
+
+STDAPI DllUnregisterServer() {
+  return quorbind::setRegistered(false, quorbind::RegistrationScope::kMachine);
+}
+
+// With the word "user" for the current user only, without words for the machine.
+STDAPI DllInstall(BOOL install, LPCWSTR words) {
+  return quorbind::setRegistered(install != FALSE, quorbind::scopeNamed(words));
+}

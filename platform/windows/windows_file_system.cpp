@@ -1,0 +1,247 @@
+#include "platform/windows/windows_file_system.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+#include "platform/runtime_error.h"
+#include "platform/windows/com_types.h"
+#include "platform/windows/sibling_replacement.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/win32_path.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+struct CloseSearch {
+  void operator()(HANDLE search) const { ::FindClose(search); }
+};
+using Search = std::unique_ptr<void, CloseSearch>;
+
+/// The attributes of what stands at `path`; nothing when it can't be looked at.
+std::optional<DWORD> attributesOf(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional(attributes);
+}
+
+bool isFolder(std::optional<DWORD> attributes) {
+  return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+bool isFile(std::optional<DWORD> attributes) {
+  return attributes && !isFolder(attributes);
+}
+
+/// The attributes of the file at `path`. Raises an error when there is none, or a folder.
+DWORD attributesOfFile(const std::wstring& path) {
+  const std::optional<DWORD> attributes = attributesOf(path);
+  if (!attributes) {
+    raiseLastError(path);
+  }
+  if (isFolder(attributes)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  return *attributes;
+}
+
+Handle openFile(const std::wstring& path, DWORD access) {
+  return Handle(::CreateFileW(
+      path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+}
+
+bool isSameFile(const std::wstring& left, const std::wstring& right) {
+  // Both stay open until they are compared: a number is given again once its file is gone.
+  const Handle leftFile = openFile(left, FILE_READ_ATTRIBUTES);
+  const Handle rightFile = openFile(right, FILE_READ_ATTRIBUTES);
+  BY_HANDLE_FILE_INFORMATION leftInfo{};
+  BY_HANDLE_FILE_INFORMATION rightInfo{};
+  return leftFile && rightFile && ::GetFileInformationByHandle(leftFile.get(), &leftInfo) != 0 &&
+         ::GetFileInformationByHandle(rightFile.get(), &rightInfo) != 0 &&
+         leftInfo.dwVolumeSerialNumber == rightInfo.dwVolumeSerialNumber &&
+         leftInfo.nFileIndexHigh == rightInfo.nFileIndexHigh &&
+         leftInfo.nFileIndexLow == rightInfo.nFileIndexLow;
+}
+
+std::wstring_view nameIn(const std::wstring& path) {
+  return std::wstring_view(path).substr(path.rfind(L'\\') + 1);
+}
+
+/// How the name of the file at `path` is spelled on the disk.
+std::wstring spellingOf(const std::wstring& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) {
+    raiseLastError(path);
+  }
+  ::FindClose(search);
+  return found.cFileName;
+}
+
+/// Gives a file's name the spelling of `path`, where the system takes that for the name which the
+/// file has already.
+void respell(const std::wstring& path) {
+  const std::wstring between = path + L".respelled";
+  if (::MoveFileExW(path.c_str(), between.c_str(), 0) == 0) {
+    raiseLastError(path);
+  }
+  if (::MoveFileExW(between.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH) == 0) {
+    const DWORD error = ::GetLastError();
+    ::MoveFileExW(between.c_str(), path.c_str(), 0);
+    raiseSystemError(error, path);
+  }
+}
+
+class FileReader final : public ByteReader {
+ public:
+  explicit FileReader(Handle file) : file_(std::move(file)) {}
+
+  std::size_t read(char* buffer, std::size_t size) override {
+    constexpr std::size_t kMost = 1U << 30U;
+    DWORD count = 0;
+    if (::ReadFile(
+            file_.get(), buffer, static_cast<DWORD>(std::min(size, kMost)), &count, nullptr) == 0) {
+      raise(ErrorNumber::kDeviceIoError);
+    }
+    return count;
+  }
+  void rewind() override {
+    if (::SetFilePointerEx(file_.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) == 0) {
+      raise(ErrorNumber::kDeviceIoError);
+    }
+  }
+
+ private:
+  Handle file_;
+};
+
+}  // namespace
+
+bool WindowsFileSystem::fileExists(std::string_view path) {
+  try {
+    return isFile(attributesOf(pathOfFile(path)));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+bool WindowsFileSystem::folderExists(std::string_view path) {
+  try {
+    return isFolder(attributesOf(pathOf(path)));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+void WindowsFileSystem::createFolder(std::string_view path) {
+  const std::wstring folder = pathOf(path);
+  if (::CreateDirectoryW(folder.c_str(), nullptr) == 0) {
+    const DWORD error = ::GetLastError();
+    // The system refuses access to a drive's root instead of telling that it exists.
+    raiseSystemError(attributesOf(folder) ? ERROR_ALREADY_EXISTS : error, folder);
+  }
+}
+
+void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
+  const std::wstring source = pathOfFile(from);
+  attributesOfFile(source);
+  const std::wstring target = pathOfFile(to);
+  if (isSameFile(source, target)) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  SiblingReplacement replacement(target);
+  replacement.copyFrom(source);
+  replacement.commit();
+}
+
+void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {
+  const std::wstring source = pathOfFile(from);
+  attributesOfFile(source);
+  const std::wstring target = pathOfFile(to);
+  if (isFolder(attributesOf(target))) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  if (::MoveFileExW(
+          source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) == 0) {
+    raiseLastError(target);
+  }
+  if (spellingOf(target) != nameIn(target)) {
+    respell(target);
+  }
+}
+
+void WindowsFileSystem::deleteFile(std::string_view path) {
+  const std::wstring file = pathOfFile(path);
+  if ((attributesOfFile(file) & FILE_ATTRIBUTE_READONLY) != 0) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  if (::DeleteFileW(file.c_str()) == 0) {
+    raiseLastError(file);
+  }
+}
+
+std::string WindowsFileSystem::absolutePath(std::string_view path) {
+  return toUtf8(withoutTrailingSeparator(fullPath(path)));
+}
+
+bool WindowsFileSystem::sameFile(std::string_view left, std::string_view right) {
+  try {
+    return isSameFile(pathOfFile(left), pathOfFile(right));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+std::vector<std::string> WindowsFileSystem::namesIn(std::string_view folder) {
+  const std::wstring path = pathOf(folder);
+  const std::optional<DWORD> attributes = attributesOf(path);
+  if (!attributes) {
+    raise(ErrorNumber::kPathNotFound);
+  }
+  if (!isFolder(attributes)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  WIN32_FIND_DATAW found{};
+  const HANDLE handle = ::FindFirstFileExW((path + L"\\*").c_str(),
+                                           FindExInfoBasic,
+                                           &found,
+                                           FindExSearchNameMatch,
+                                           nullptr,
+                                           FIND_FIRST_EX_LARGE_FETCH);
+  if (handle == INVALID_HANDLE_VALUE) {
+    raiseLastError(path);
+  }
+  const Search search(handle);
+  std::vector<std::string> names;
+  do {
+    const std::wstring_view name = found.cFileName;
+    if (name != L"." && name != L"..") {
+      names.push_back(toUtf8(name));
+    }
+  } while (::FindNextFileW(search.get(), &found) != 0);
+  if (::GetLastError() != ERROR_NO_MORE_FILES) {
+    raiseLastError(path);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {
+  const std::wstring file = pathOfFile(path);
+  attributesOfFile(file);
+  Handle handle = openFile(file, GENERIC_READ);
+  if (!handle) {
+    raiseLastError(file);
+  }
+  return std::make_unique<FileReader>(std::move(handle));
+}
+
+std::unique_ptr<FileReplacement> WindowsFileSystem::replace(std::string_view path) {
+  return std::make_unique<SiblingReplacement>(pathOfFile(path));
+}
+
+}  // namespace quorbind

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/windows/automation.h"
+#include "quorbind_com.h"
+#include "tests/component/served_dll.h"
+
+namespace quorbind::testing {
+
+/// A host of the component on a thread of its own kind. Both DLLs are registered for the machine,
+/// since Wine finds no classes that are registered for a user only.
+class ComponentTest : public ::testing::Test {
+ protected:
+  ComponentTest();
+  ~ComponentTest() override;
+
+  ComApartment apartment;
+  const ServedDll component{L"Quorbind.dll"};
+  const ServedDll toolset{L"QuorToolset.dll"};
+};
+
+/// An object by the name of its class, as a script makes it.
+ComPtr<IDispatch> createByName(const wchar_t* progId);
+/// The same by its class, as a compiled host makes it.
+template <typename Interface>
+ComPtr<Interface> create(REFCLSID classId) {
+  ComPtr<Interface> object;
+  requireSuccess(
+      ::CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, object.id(), object.putAny()));
+  return object;
+}
+
+/// How a call by name ended.
+struct LateAnswer {
+  HRESULT result = E_UNEXPECTED;
+  Variant value;
+  UINT wrongArgument = 0;
+};
+
+/// Calls a member by name. The arguments stand in the order of the parameters and stay the
+/// caller's.
+LateAnswer callByName(IDispatch* object, const wchar_t* member, std::vector<VARIANT> arguments);
+
+/// An argument that refers to a variable, as scripts pass theirs.
+VARIANT variable(Variant& value);
+VARIANT number(LONG value);
+
+/// An array with elements of type VT_BSTR or VT_VARIANT.
+Variant arrayOf(VARTYPE type, const std::vector<std::string>& texts, LONG lowerBound = 0);
+/// An array of numbers.
+Variant numberArray();
+/// The array in an array variant; stays the variant's.
+SAFEARRAY*& arrayIn(Variant& array);
+
+}  // namespace quorbind::testing
