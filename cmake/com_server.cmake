@@ -10,7 +10,8 @@ find_path(QUORBIND_TYPE_LIBRARY_FOLDER stdole2.tlb
           REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 
 # quorbind_type_library(NAME IDL): the type library NAME.tlb and the header NAME_com.h from an IDL
-# file, in the current build folder. The library's date is fixed, so that its bytes are.
+# file, in the current build folder. The library tells the local time of its making; that is fixed, so
+# that its bytes are.
 function(quorbind_type_library name idl)
   set(widl ${QUORBIND_WIDL} -I ${QUORBIND_IDL_FOLDER} -L ${QUORBIND_TYPE_LIBRARY_FOLDER})
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
@@ -20,7 +21,7 @@ function(quorbind_type_library name idl)
   endif()
   add_custom_command(
     OUTPUT ${name}.tlb ${name}_com.h
-    COMMAND ${CMAKE_COMMAND} -E env WIDL_TIME_OVERRIDE=0 ${widl} -t -o ${name}.tlb ${idl}
+    COMMAND ${CMAKE_COMMAND} -E env TZ=UTC WIDL_TIME_OVERRIDE=0 ${widl} -t -o ${name}.tlb ${idl}
     COMMAND ${widl} -h -o ${name}_com.h ${idl}
     DEPENDS ${idl}
     VERBATIM)

@@ -49,7 +49,7 @@ class ComObject : public Primary, public Others... {
 
   /// The address of the interface `id`, null when the object does not have it.
   virtual void* find(REFIID id) {
-    if (::IsEqualIID(id, IID_IUnknown)) {
+    if (id == IID_IUnknown) {
       return static_cast<Primary*>(this);
     }
     void* found = match<Primary>(id);
@@ -62,7 +62,7 @@ class ComObject : public Primary, public Others... {
 
   template <typename Interface>
   void* match(REFIID id) {
-    return ::IsEqualIID(id, __uuidof(Interface)) ? static_cast<Interface*>(this) : nullptr;
+    return id == __uuidof(Interface) ? static_cast<Interface*>(this) : nullptr;
   }
 
   std::atomic<ULONG> references_{1};

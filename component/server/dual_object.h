@@ -39,8 +39,8 @@ class DualObject : public ComObject<Dual, ISupportErrorInfo, IProvideClassInfo2,
 
   STDMETHODIMP
   GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-    return ::IsEqualIID(reserved, IID_NULL) ? members_->GetIDsOfNames(names, count, ids)
-                                            : DISP_E_UNKNOWNINTERFACE;
+    return reserved == IID_NULL ? members_->GetIDsOfNames(names, count, ids)
+                                : DISP_E_UNKNOWNINTERFACE;
   }
 
   STDMETHODIMP Invoke(DISPID member,
@@ -51,7 +51,7 @@ class DualObject : public ComObject<Dual, ISupportErrorInfo, IProvideClassInfo2,
                       VARIANT* result,
                       EXCEPINFO* exception,
                       UINT* wrongArgument) override {
-    if (!::IsEqualIID(reserved, IID_NULL)) {
+    if (reserved != IID_NULL) {
       return DISP_E_UNKNOWNINTERFACE;
     }
     return callLate(*members_.get(),
@@ -60,7 +60,7 @@ class DualObject : public ComObject<Dual, ISupportErrorInfo, IProvideClassInfo2,
   }
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override {
-    return ::IsEqualIID(id, __uuidof(Dual)) ? S_OK : S_FALSE;
+    return id == __uuidof(Dual) ? S_OK : S_FALSE;
   }
 
   STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
@@ -83,10 +83,10 @@ class DualObject : public ComObject<Dual, ISupportErrorInfo, IProvideClassInfo2,
   DualObject() : members_(ownTypeInfo(__uuidof(Dual))) {}
 
   void* find(REFIID id) override {
-    if (::IsEqualIID(id, IID_IDispatch)) {
+    if (id == IID_IDispatch) {
       return static_cast<Dual*>(this);
     }
-    if (::IsEqualIID(id, IID_IProvideClassInfo)) {
+    if (id == IID_IProvideClassInfo) {
       return static_cast<IProvideClassInfo2*>(this);
     }
     return Base::find(id);

@@ -22,9 +22,8 @@ HRESULT getClassObject(REFCLSID classId, REFIID id, void** object) noexcept {
   }
   *object = nullptr;
   const std::span<const ServedClass> classes = serverDescription().classes;
-  const auto served = std::ranges::find_if(classes, [&](const ServedClass& candidate) {
-    return ::IsEqualCLSID(candidate.id, classId) != FALSE;
-  });
+  const auto served = std::ranges::find_if(
+      classes, [&](const ServedClass& candidate) { return candidate.id == classId; });
   if (served == classes.end()) {
     return CLASS_E_CLASSNOTAVAILABLE;
   }

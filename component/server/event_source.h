@@ -30,7 +30,7 @@ class EventSource : public DualObject<Class, Dual, IConnectionPointContainer> {
     if (point == nullptr) {
       return E_POINTER;
     }
-    const bool found = ::IsEqualIID(id, __uuidof(Events));
+    const bool found = id == __uuidof(Events);
     *point = found ? Point{point_}.copy() : nullptr;
     return found ? S_OK : CONNECT_E_NOCONNECTION;
   }

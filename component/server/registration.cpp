@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <ranges>
 #include <string_view>
 
 #include "component/server/own_module.h"
@@ -225,18 +224,18 @@ void registerServer(const ServerDescription& server, RegistrationScope scope) {
       root.write(text);
     }
   } catch (...) {
-    for (const RegistryText& text : texts | std::views::reverse) {
+    std::for_each(texts.rbegin(), texts.rend(), [&](const RegistryText& text) {
       ignoringErrors([&] { root.remove(text); });
-    }
+    });
     throw;
   }
 }
 
 void unregisterServer(const ServerDescription& server, RegistrationScope scope) {
   ClassesRoot root(scope);
-  for (const RegistryText& text : registryTextsOf(server) | std::views::reverse) {
-    root.remove(text);
-  }
+  const std::vector<RegistryText> texts = registryTextsOf(server);
+  std::for_each(
+      texts.rbegin(), texts.rend(), [&root](const RegistryText& text) { root.remove(text); });
 }
 
 }  // namespace quorbind

@@ -188,7 +188,7 @@ bool FormWindow::dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void FormWindow::setBoxFont() {
-  const auto dialogFont = reinterpret_cast<HFONT>(::SendMessageW(window_, WM_GETFONT, 0, 0));
+  auto* const dialogFont = reinterpret_cast<HFONT>(::SendMessageW(window_, WM_GETFONT, 0, 0));
   LOGFONTW description{};
   ::GetObjectW(dialogFont, sizeof(description), &description);
   const std::wstring face = toWide(layout::kBoxFont);

@@ -49,7 +49,7 @@ class MsxmlDocument final : public XmlDocument {
 XmlLoadResult MsxmlDocument::load(std::string_view path) {
   document_ = createMsxmlDocument();
   Silence silence;
-  const XmlLoadResult result = scanXml(files_, path, silence);
+  XmlLoadResult result = scanXml(files_, path, silence);
   if (!result) {
     return result;
   }

@@ -19,7 +19,7 @@ namespace {
 constexpr std::wstring_view kTemporaryInfix = L".quorbind-";
 constexpr std::wstring_view kTemporaryExtension = L".tmp";
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65'536;
 constexpr std::size_t kLongestName = 255;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kTemporaryAccess = GENERIC_WRITE | DELETE;

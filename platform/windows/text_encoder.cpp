@@ -27,8 +27,11 @@ unsigned codePageOf(std::string_view encoding) {
     return kUtf16;
   }
   ComPtr<IMultiLanguage> languages;
-  requireSuccess(::CoCreateInstance(
-      CLSID_CMultiLanguage, nullptr, CLSCTX_INPROC_SERVER, languages.id(), languages.putAny()));
+  requireSuccess(::CoCreateInstance(CLSID_CMultiLanguage,
+                                    nullptr,
+                                    CLSCTX_INPROC_SERVER,
+                                    __uuidof(IMultiLanguage),
+                                    languages.putAny()));
   MIMECSETINFO info{};
   if (FAILED(languages->GetCharsetInfo(Bstr(encoding).get(), &info))) {
     raise(ErrorNumber::kDeviceIoError);

@@ -22,7 +22,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr DWORD kPauseInMilliseconds = 10;
-constexpr DWORD kTimeOfMovementInMilliseconds = 50;
 /// What was drawn is on the screen only after a moment.
 constexpr DWORD kTimeToReachTheScreenInMilliseconds = 300;
 /// The class of dialogs, message boxes included.
@@ -181,11 +180,10 @@ INPUT mouseInput(POINT place, DWORD flags) {
   return input;
 }
 
-// A movement reaches the screen and its windows only after a moment, like a person's.
 void clickAt(POINT place) {
-  send({mouseInput(place, 0)});
-  ::Sleep(kTimeOfMovementInMilliseconds);
-  send({mouseInput(place, MOUSEEVENTF_LEFTDOWN), mouseInput(place, MOUSEEVENTF_LEFTUP)});
+  send({mouseInput(place, 0),
+        mouseInput(place, MOUSEEVENTF_LEFTDOWN),
+        mouseInput(place, MOUSEEVENTF_LEFTUP)});
 }
 
 RECT frameOf(HWND window) {
