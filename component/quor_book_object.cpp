@@ -35,6 +35,8 @@ STDMETHODIMP QuorBookObject::Book_Valuator(BSTR vstrtocpath,
                                            VARIANT_BOOL blnChkCateFlag,
                                            BSTR strServerPath,
                                            VARIANT_BOOL* result) {
+  // The host may let go of the object when it hears the event.
+  const auto keptAlive = ComPtr<_Quor_Book>::sharing(this);
   return Operation(source::kBookValuator).answer(result, [&] {
     return book_.Book_Valuator(textOf(vstrtocpath),
                                textOf(vstrQuorTOcPath),

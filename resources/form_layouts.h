@@ -6,7 +6,19 @@
 
 namespace quorbind {
 
-enum class ControlKind { kLabel, kTextBox, kDefaultButton, kCancelButton, kProgressBar };
+/// A path label shows a path on one line, without its middle where it is too long.
+enum class ControlKind {
+  kLabel,
+  kPathLabel,
+  kTextBox,
+  kDefaultButton,
+  kCancelButton,
+  kProgressBar
+};
+
+constexpr bool isLabel(ControlKind kind) {
+  return kind == ControlKind::kLabel || kind == ControlKind::kPathLabel;
+}
 
 /// One control of a form: its published name and what it shows at design time. Places and sizes are
 /// dialog units of the font in which the form is shown.
@@ -38,16 +50,16 @@ inline constexpr std::string_view kBoxFont = "Verdana";
 inline constexpr std::array kBookInfoControls{
     ControlLayout{
         ControlKind::kLabel, "Label1", "Enter Book Information for :", kLabelFont, 7, 7, 226, 8},
-    ControlLayout{ControlKind::kLabel, "lblFileName", "", kLabelFont, 7, 18, 226, 16},
-    ControlLayout{ControlKind::kLabel, "lblBookName", "Book Name:", kLabelFont, 7, 42, 46, 8},
-    ControlLayout{ControlKind::kTextBox, "txtBookName", "", kBoxFont, 57, 40, 176, 14},
-    ControlLayout{ControlKind::kLabel, "lblBookAcro", "Book Acro:", kLabelFont, 7, 62, 46, 8},
-    ControlLayout{ControlKind::kTextBox, "txtBookAcro", "", kBoxFont, 57, 60, 176, 14},
-    ControlLayout{ControlKind::kDefaultButton, "cmdOk", "OK", kLabelFont, 129, 82, 50, 14},
-    ControlLayout{ControlKind::kCancelButton, "cmdCancel", "Cancel", kBoxFont, 183, 82, 50, 14},
+    ControlLayout{ControlKind::kPathLabel, "lblFileName", "", kLabelFont, 7, 18, 226, 8},
+    ControlLayout{ControlKind::kLabel, "lblBookName", "Book Name:", kLabelFont, 7, 37, 46, 8},
+    ControlLayout{ControlKind::kTextBox, "txtBookName", "", kBoxFont, 57, 35, 176, 14},
+    ControlLayout{ControlKind::kLabel, "lblBookAcro", "Book Acro:", kLabelFont, 7, 57, 46, 8},
+    ControlLayout{ControlKind::kTextBox, "txtBookAcro", "", kBoxFont, 57, 55, 176, 14},
+    ControlLayout{ControlKind::kDefaultButton, "cmdOk", "OK", kLabelFont, 129, 78, 50, 14},
+    ControlLayout{ControlKind::kCancelButton, "cmdCancel", "Cancel", kBoxFont, 183, 78, 50, 14},
 };
 inline constexpr FormLayout kBookInfo{
-    "frmBookInfo", "Book Information", 240, 103, kBookInfoControls};
+    "frmBookInfo", "Book Information", 240, 99, kBookInfoControls};
 
 inline constexpr std::array kBookFolderControls{
     ControlLayout{ControlKind::kLabel, "Label1", "Book Folder", kLabelFont, 7, 9, 46, 8},

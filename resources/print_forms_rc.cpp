@@ -33,8 +33,9 @@ struct WindowClass {
 WindowClass windowClassOf(ControlKind kind) {
   switch (kind) {
     case ControlKind::kLabel:
-      // A path has no blank to break a line at, and its "&" is a letter like any other.
-      return {"Static", "SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL"};
+      return {"Static", "SS_LEFT | SS_NOPREFIX"};
+    case ControlKind::kPathLabel:
+      return {"Static", "SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS"};
     case ControlKind::kTextBox:
       return {"Edit", "ES_LEFT | ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP"};
     case ControlKind::kDefaultButton:

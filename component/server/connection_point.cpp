@@ -10,20 +10,29 @@ namespace quorbind {
 
 namespace {
 
+/// Calls a host's code, which may throw although it must not.
+HRESULT invoke(IDispatch& sink, DISPID member, DISPPARAMS& arguments, EXCEPINFO& exception) {
+  UINT wrongArgument = 0;
+  try {
+    return sink.Invoke(member,
+                       IID_NULL,
+                       LOCALE_USER_DEFAULT,
+                       DISPATCH_METHOD,
+                       &arguments,
+                       nullptr,
+                       &exception,
+                       &wrongArgument);
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}
+
 void callSink(IDispatch& sink, DISPID member, std::string_view text) {
-  Variant folder = Variant::ofText(text);
+  const Variant folder = Variant::ofText(text);
   VARIANTARG argument = folder.get();
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
   EXCEPINFO exception{};
-  UINT wrongArgument = 0;
-  const HRESULT result = sink.Invoke(member,
-                                     IID_NULL,
-                                     LOCALE_USER_DEFAULT,
-                                     DISPATCH_METHOD,
-                                     &arguments,
-                                     nullptr,
-                                     &exception,
-                                     &wrongArgument);
+  const HRESULT result = invoke(sink, member, arguments, exception);
   if (result == DISP_E_EXCEPTION) {
     ::SysFreeString(exception.bstrSource);
     ::SysFreeString(exception.bstrDescription);

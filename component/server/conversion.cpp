@@ -56,6 +56,16 @@ void putElement(SAFEARRAY* array, VARTYPE type, LONG index, const std::string& t
   requireSuccess(::SafeArrayPutElement(array, &index, const_cast<VARIANT*>(&element.get())));
 }
 
+SAFEARRAY* makeArray(VARTYPE type, const TextArray& content) {
+  SAFEARRAYBOUND bound{static_cast<ULONG>(content.texts.size()), content.lowerBound};
+  SafeArray array(::SafeArrayCreate(type, 1, &bound));
+  LONG index = content.lowerBound;
+  for (const std::string& text : content.texts) {
+    putElement(array.get(), type, index++, text);
+  }
+  return array.detach();
+}
+
 }  // namespace
 
 std::vector<std::string> textsOf(SAFEARRAY* array) {
@@ -103,13 +113,11 @@ void give(BSTR* result, const std::string& text) {
 }
 
 void give(SAFEARRAY** result, const TextArray& array) {
-  SAFEARRAYBOUND bound{static_cast<ULONG>(array.texts.size()), array.lowerBound};
-  SafeArray copy(::SafeArrayCreate(VT_BSTR, 1, &bound));
-  LONG index = array.lowerBound;
-  for (const std::string& text : array.texts) {
-    putElement(copy.get(), VT_BSTR, index++, text);
-  }
-  *result = copy.detach();
+  *result = makeArray(VT_BSTR, array);
+}
+
+SAFEARRAY* copyWithVariants(SAFEARRAY* texts) {
+  return texts == nullptr ? nullptr : makeArray(VT_VARIANT, {textsOf(texts), lowerBoundOf(texts)});
 }
 
 }  // namespace quorbind

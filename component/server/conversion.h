@@ -38,4 +38,8 @@ struct TextArray {
 };
 void give(SAFEARRAY** result, const TextArray& array);
 
+/// A new array of variants with the texts and the bounds of `texts`, for the caller to destroy;
+/// null for an array that is unset.
+SAFEARRAY* copyWithVariants(SAFEARRAY* texts);
+
 }  // namespace quorbind

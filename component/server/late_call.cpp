@@ -1,8 +1,11 @@
 #include "component/server/late_call.h"
 
+#include <dispex.h>
+
 #include <deque>
 #include <vector>
 
+#include "component/server/conversion.h"
 #include "component/server/failure.h"
 #include "platform/windows/com_types.h"
 
@@ -173,6 +176,27 @@ HRESULT fitAndCall(ITypeInfo& members, void* object, const LateCall& call) {
       object, call.member, call.kind, &fitted, call.result, call.exception, call.wrongArgument);
 }
 
+/// Arguments with names stand in front, and `this` is the first of them.
+DISPPARAMS withoutThis(const DISPPARAMS& given) {
+  DISPPARAMS left = given;
+  if (given.cNamedArgs > 0 && given.rgdispidNamedArgs[0] == DISPID_THIS) {
+    ++left.rgvarg;
+    ++left.rgdispidNamedArgs;
+    --left.cArgs;
+    --left.cNamedArgs;
+  }
+  return left;
+}
+
+void makeReadableByScripts(VARIANT& result) {
+  if (result.vt == (VT_ARRAY | VT_BSTR)) {
+    SAFEARRAY* variants = copyWithVariants(result.parray);
+    requireSuccess(::VariantClear(&result));
+    result.vt = VT_ARRAY | VT_VARIANT;
+    result.parray = variants;
+  }
+}
+
 }  // namespace
 
 HRESULT callLate(ITypeInfo& members, void* object, const LateCall& call) noexcept {
@@ -182,6 +206,25 @@ HRESULT callLate(ITypeInfo& members, void* object, const LateCall& call) noexcep
   HRESULT answer = E_UNEXPECTED;
   const HRESULT made = guarded([&] { answer = fitAndCall(members, object, call); });
   return FAILED(made) ? made : answer;
+}
+
+HRESULT callFromScript(ITypeInfo& members, void* object, const LateCall& call) noexcept {
+  if (call.arguments == nullptr) {
+    return E_INVALIDARG;
+  }
+  DISPPARAMS arguments = withoutThis(*call.arguments);
+  LateCall plain = call;
+  plain.arguments = &arguments;
+  const HRESULT answer = callLate(members, object, plain);
+  if (FAILED(answer) || call.result == nullptr) {
+    return answer;
+  }
+  const HRESULT made = guarded([&] { makeReadableByScripts(*call.result); });
+  if (FAILED(made)) {
+    ::VariantClear(call.result);
+    return made;
+  }
+  return answer;
 }
 
 }  // namespace quorbind

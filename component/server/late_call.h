@@ -22,4 +22,9 @@ struct LateCall {
 /// else, names, defaults and conversions by value, is the system's.
 HRESULT callLate(ITypeInfo& members, void* object, const LateCall& call) noexcept;
 
+/// The same for a script engine. It may pass the object that it takes for `this` as an argument
+/// more, which no member wants; and it reads the elements of arrays of variants alone, so a result
+/// that is an array of texts becomes one, with its bounds.
+HRESULT callFromScript(ITypeInfo& members, void* object, const LateCall& call) noexcept;
+
 }  // namespace quorbind

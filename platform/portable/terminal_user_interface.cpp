@@ -127,7 +127,7 @@ void TerminalUserInterface::ask(ModalForm& form,
   terminal_.output << layout.caption << '\n';
   std::string label;
   for (const ControlLayout& control : layout.controls) {
-    if (control.kind == ControlKind::kLabel) {
+    if (isLabel(control.kind)) {
       terminal_.output << (label.empty() ? "" : visibleText(label) + "\n");
       label = asTheUserKnows(textOf(form, control));
     } else if (control.kind == ControlKind::kTextBox) {

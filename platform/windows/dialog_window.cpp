@@ -25,7 +25,7 @@ bool DialogWindow::onCreated() {
     if (control.kind == ControlKind::kTextBox) {
       ::SendMessageW(controlAt(place), EM_SETLIMITTEXT, kUnlimited, 0);
     }
-    if (control.kind == ControlKind::kLabel && control.caption.empty()) {
+    if (isLabel(control.kind) && control.caption.empty()) {
       setWindowText(controlAt(place), form_.labelText(control.name));
     }
   }

@@ -33,6 +33,12 @@ TEST_F(Sample, BreaksNoRuleAndNamesNoDocumentThatIsNotThere) {
   EXPECT_EQ(outcome.err, "");
 }
 
+TEST_F(Sample, HasBesideItWhatPrepareMakesOfIt) {
+  const Outcome outcome = quorbind({"prepare", "samples/pump-station/toc.txt"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, disk.read("samples/pump-station/toc-prepared.txt"));
+}
+
 TEST_F(Sample, IsAddedWholeWithItsStyleSheetAndItsPictures) {
   const Outcome outcome = addSample();
   EXPECT_EQ(outcome.status, 0);

@@ -2,6 +2,8 @@
 
 #include <ocidl.h>
 
+#include <array>
+
 #include "tests/component/component_test.h"
 #include "tests/component/window_driver.h"
 #include "tests/support/catalogue_text.h"
@@ -120,6 +122,51 @@ TEST_F(LateBinding, SortsTheArrayInAScriptsVariable) {
     EXPECT_EQ(names.type(), VT_ARRAY | type);
     EXPECT_THAT(textsIn(names), ElementsAre("Apple", "fig", "pear"));
   }
+}
+
+TEST_F(LateBinding, SortsTheArrayThatIsPassedByReference) {
+  const auto sorter = createByName(L"Quorbind.cSort");
+  for (const VARTYPE type : {VT_BSTR, VT_VARIANT}) {
+    for (const bool inVariable : {false, true}) {
+      Variant names = arrayOf(type, {"pear", "Apple", "fig"});
+      Variant reference;
+      reference.put()->vt = static_cast<VARTYPE>(VT_BYREF | VT_ARRAY | type);
+      const_cast<VARIANT&>(reference.get()).pparray = &arrayIn(names);
+      const VARIANT array = inVariable ? variable(reference) : reference.get();
+      const LateAnswer answer =
+          callByName(sorter.get(), L"mQuickSort", {array, number(0), number(2)});
+      ASSERT_EQ(answer.result, S_OK);
+      EXPECT_THAT(textsIn(names), ElementsAre("Apple", "fig", "pear"));
+    }
+  }
+}
+
+TEST_F(LateBinding, TakesNumbersFromVariablesAndFromTexts) {
+  const auto sorter = createByName(L"Quorbind.cSort");
+  Variant names = arrayOf(VT_VARIANT, {"c", "b", "a"});
+  Variant first = Variant::ofInteger(1);
+  Variant last = Variant::ofText("2");
+  const LateAnswer answer =
+      callByName(sorter.get(), L"mQuickSort", {variable(names), variable(first), variable(last)});
+  ASSERT_EQ(answer.result, S_OK);
+  EXPECT_THAT(textsIn(names), ElementsAre("c", "a", "b"));
+  EXPECT_EQ(last.type(), VT_BSTR);
+}
+
+TEST_F(LateBinding, TakesArgumentsByTheirNames) {
+  const auto sorter = createByName(L"Quorbind.cSort");
+  std::array<const wchar_t*, 4> names{L"mQuickSort", L"vlUBound", L"marrscategories", L"vllBound"};
+  std::array<DISPID, 4> ids{};
+  ASSERT_EQ(sorter->GetIDsOfNames(
+                IID_NULL, const_cast<LPOLESTR*>(names.data()), 4, LOCALE_USER_DEFAULT, ids.data()),
+            S_OK);
+  Variant fruit = arrayOf(VT_VARIANT, {"pear", "fig"});
+  std::array<VARIANT, 3> arguments{number(1), variable(fruit), number(0)};
+  DISPPARAMS parameters{arguments.data(), &ids[1], 3, 3};
+  EXPECT_EQ(
+      sorter->Invoke(ids[0], IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+      S_OK);
+  EXPECT_THAT(textsIn(fruit), ElementsAre("fig", "pear"));
 }
 
 TEST_F(LateBinding, LeavesAnArrayThatIsPassedByValueAsItIs) {

@@ -165,6 +165,31 @@ TEST_F(Events, LetAListenerCallTheComponentAgain) {
   EXPECT_THAT(first.folders, ElementsAre("", ""));
 }
 
+TEST_F(Events, ReachTheNextListenerAlthoughOneThrows) {
+  subscribe(first);
+  subscribe(second);
+  first.reaction = [] { throw std::runtime_error("not allowed here"); };
+  runToItsEnd();
+  EXPECT_THAT(first.folders, ElementsAre(""));
+  EXPECT_THAT(second.folders, ElementsAre(""));
+}
+
+TEST_F(Events, LetAListenerLetGoOfTheObjectWhichStaysUntilTheRunHasEnded) {
+  subscribe(first);
+  const auto left = point();
+  const auto ownerOf = [](const ComPtr<IConnectionPoint>& connectionPoint) {
+    ComPtr<IConnectionPointContainer> owner;
+    return connectionPoint->GetConnectionPointContainer(owner.put());
+  };
+  first.reaction = [&] {
+    book.reset();
+    EXPECT_EQ(ownerOf(left), S_OK);
+  };
+  runToItsEnd();
+  EXPECT_EQ(ownerOf(left), E_UNEXPECTED);
+  EXPECT_EQ(first.references, 0U);
+}
+
 TEST_F(Events, OfAnotherInterfaceHaveNoConnectionPoint) {
   ComPtr<IConnectionPoint> none;
   const auto container = book.as<IConnectionPointContainer>();

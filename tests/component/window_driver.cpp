@@ -6,6 +6,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -192,6 +195,23 @@ RECT frameOf(HWND window) {
   return frame;
 }
 
+void waitUntilDrawn(const std::vector<HWND>& windows) {
+  for (const HWND window : windows) {
+    ::RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  }
+  ::Sleep(kTimeToReachTheScreenInMilliseconds);
+}
+
+std::string bytesOfPicture(const RECT& area) {
+  const auto path = std::filesystem::temp_directory_path() / "quorbind-picture.png";
+  savePictureOfScreen(area, path.string());
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  file.close();
+  std::filesystem::remove(path);
+  return bytes;
+}
+
 std::optional<std::string> folderForPictures() {
   const char* folder = std::getenv("QUORBIND_PHOTOGRAPHS");
   return folder == nullptr ? std::nullopt : std::optional<std::string>(folder);
@@ -246,6 +266,12 @@ std::vector<std::string> ScreenWindow::contents() const {
 
 std::string ScreenWindow::text(std::string_view name) const {
   return textOf(control(name));
+}
+
+std::string ScreenWindow::picture(std::string_view name) const {
+  waitForKeyboard();
+  waitUntilDrawn({window_});
+  return bytesOfPicture(frameOf(control(name)));
 }
 
 std::string ScreenWindow::keyboardFocus() const {
@@ -411,13 +437,14 @@ void photograph(const std::vector<ScreenWindow>& windows, const std::string& nam
     return;
   }
   RECT area{};
+  std::vector<HWND> handles;
   for (const ScreenWindow& window : windows) {
     const RECT before = std::exchange(area, {});
     const RECT frame = window.frame();
     ::UnionRect(&area, &before, &frame);
-    ::RedrawWindow(window.handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    handles.push_back(window.handle());
   }
-  ::Sleep(kTimeToReachTheScreenInMilliseconds);
+  waitUntilDrawn(handles);
   savePictureOfScreen(area, *folder + '\\' + name + ".png");
 }
 

@@ -52,6 +52,8 @@ class ScreenWindow {
   /// `button Verdana: Cancel`, `default button MS Sans Serif: OK`, `bar 4/10`.
   [[nodiscard]] std::vector<std::string> contents() const;
   [[nodiscard]] std::string text(std::string_view control) const;
+  /// What a control looks like, to be compared with another such picture.
+  [[nodiscard]] std::string picture(std::string_view control) const;
   /// The name of the control that has the keyboard; empty when that is none of this window's.
   [[nodiscard]] std::string keyboardFocus() const;
 

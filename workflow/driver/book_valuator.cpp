@@ -6,6 +6,7 @@
 #include "platform/file_system.h"
 #include "platform/paths.h"
 #include "platform/toolset.h"
+#include "platform/xml_document.h"
 #include "toc/book_place.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
@@ -68,7 +69,13 @@ void BookValuator::begin(const BookValuatorArguments& arguments) {
   state.currentCategoriesPath = arguments.vstrBookCategoryPath;
   state.currentTocPath = tocPath_;
   state.cancelled = false;
+  requireXml();
   module_.bookInfo.setFileNameLabel(tocPath_);
+}
+
+// Every stage needs it; where there is none, a run ends before it has written anything.
+void BookValuator::requireXml() {
+  static_cast<void>(platform_.xml.createDocument());
 }
 
 bool BookValuator::isAccepted(const BookValuatorArguments& arguments) {

@@ -57,6 +57,7 @@ class BookValuator {
  private:
   bool addBook(const BookValuatorArguments& arguments);
   void begin(const BookValuatorArguments& arguments);
+  void requireXml();
   bool isAccepted(const BookValuatorArguments& arguments);
   bool stagesAreBuilt(const BookValuatorArguments& arguments);
   bool nameBook(const BookValuatorArguments& arguments);

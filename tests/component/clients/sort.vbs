@@ -1,19 +1,41 @@
-' Sorts names through the component. Says "passed" at its end, since a script that breaks off is not
-' told from one that does not.
+' Sorts names through the component and reads what it gives. Says "passed" at its end, since a
+' script that breaks off is not told from one that does not.
 Option Explicit
 
 Sub Require(condition, what)
   If Not condition Then Err.Raise 5, "sort.vbs", what
 End Sub
 
+Function InOneLine(names)
+  Dim name
+  For Each name In names
+    InOneLine = InOneLine & "[" & name & "]"
+  Next
+End Function
+
 Sub Main()
-  Dim sorter, names, numbers
+  Dim sorter, names, sorted
   Set sorter = CreateObject("Quorbind.cSort")
   names = Array("pear", "Apple", "fig")
-  Dim sorted
   sorted = sorter.mQuickSort(names, 0, 2)
-  Require IsArray(sorted), "The result is no array"
-  Require names(0) = "Apple" And names(1) = "fig" And names(2) = "pear", "The names are not sorted"
+  Require InOneLine(names) = "[Apple][fig][pear]", "The names are not sorted"
+  Require InOneLine(sorted) = "[Apple][fig][pear]", "The result is not sorted"
+  Require LBound(sorted) = 0 And UBound(sorted) = 2, "The result has other bounds"
+  Require sorted(1) = "fig", "The result is not read by an index"
+  sorted(1) = "plum"
+  Require InOneLine(names) = "[Apple][fig][pear]", "The result is no copy"
+
+  Dim fixed(2), first, last
+  fixed(0) = "c"
+  fixed(1) = "b"
+  fixed(2) = "a"
+  first = 1
+  last = 2
+  sorter.mQuickSort fixed, first, last
+  Require InOneLine(fixed) = "[c][a][b]", "An array of fixed size is not sorted"
+
+  Dim dynamic()
+  Require UBound(sorter.mQuickSort(dynamic, 0, -1)) = -1, "No names do not give no names"
 End Sub
 
 On Error Resume Next
