@@ -11,17 +11,15 @@
 #include "platform/text_file.h"
 #include "platform/toolset.h"
 #include "platform/xml_writer.h"
+#include "resources/file_comments.h"
 #include "toc/book_place.h"
 
 namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kMakerComment = "Quorbind Documentation Tools, Library Tools Group";
 constexpr std::string_view kGroupComment = "Library Tools Group, Authoring Tools";
 constexpr std::string_view kTitleComment = "Quor Book Data File ";
-constexpr std::string_view kVersionComment = "Version 0.1 ";
-constexpr std::string_view kContactComment = "Information 'quorbind@example.com'";
 
 /// A text file that takes the pieces of a document and keeps the first error to itself until the
 /// end: putting the document together and writing it are two steps, and a full disk must not pass
@@ -134,12 +132,12 @@ void CTOCToXML::writeFile(const std::string& tocPath,
 void CTOCToXML::maddComment(XmlWriter& writer) {
   trapped(platform_.ui, source::kAddComment, [&] {
     const Locale& locale = platform_.locale;
-    writer.comment(kMakerComment);
+    writer.comment(file_comment::kMaker);
     writer.comment(kGroupComment);
     writer.comment(kTitleComment);
     writer.comment(locale.generalDate(locale.now()));
-    writer.comment(kVersionComment);
-    writer.comment(kContactComment);
+    writer.comment(std::string(file_comment::kVersion).append(" "));
+    writer.comment(file_comment::kContact);
   });
 }
 

@@ -23,7 +23,7 @@ std::unique_ptr<LibraryServices> BreakableToolset::createLibraryServices() {
 }
 
 std::unique_ptr<XmlTextRules> BreakableToolset::createXmlTextRules() {
-  require(!broken_);
+  require(!broken_ && !textRulesBroken_);
   return toolset_.createXmlTextRules();
 }
 
@@ -33,7 +33,7 @@ std::unique_ptr<LinkFileServices> BreakableToolset::createLinkFileServices() {
 }
 
 std::unique_ptr<ProductServices> BreakableToolset::createProductServices() {
-  require(!broken_);
+  require(!broken_ && !productServicesBroken_);
   return toolset_.createProductServices();
 }
 

@@ -56,6 +56,10 @@ class BreakableToolset final : public Toolset {
   void breakDown() { broken_ = true; }
   /// From now on no copy component can be made.
   void breakFileCopy() { fileCopyBroken_ = true; }
+  /// From now on no text rules can be had.
+  void breakTextRules() { textRulesBroken_ = true; }
+  /// From now on nobody knows the server's products.
+  void breakProductServices() { productServicesBroken_ = true; }
 
   std::unique_ptr<LibraryServices> createLibraryServices() override;
   std::unique_ptr<XmlTextRules> createXmlTextRules() override;
@@ -69,6 +73,8 @@ class BreakableToolset final : public Toolset {
   Toolset& toolset_;
   bool broken_ = false;
   bool fileCopyBroken_ = false;
+  bool textRulesBroken_ = false;
+  bool productServicesBroken_ = false;
 };
 
 /// A whole component over the build's own adapters, for which the drive `C:` is a temporary folder,

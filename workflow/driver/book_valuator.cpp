@@ -1,12 +1,19 @@
 #include "workflow/driver/book_valuator.h"
 
+#include <vector>
+
 #include "bookxml/names.h"
 #include "bookxml/toc_to_xml.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
+#include "platform/text.h"
+#include "platform/text_array.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
+#include "sidefiles/category_creation.h"
+#include "sidefiles/category_filing.h"
+#include "sidefiles/keyword_list.h"
 #include "toc/book_place.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
@@ -21,8 +28,40 @@ constexpr std::int32_t kProgressValidated = 2;
 constexpr std::int32_t kProgressConverted = 4;
 constexpr std::int32_t kProgressEntered = 8;
 
-constexpr std::string_view kStageNotBuilt =
-    "Keywords and categories can not be recorded by this version. Nothing was changed.";
+constexpr std::string_view kListSeparator = ";";
+constexpr std::string_view kOtherListSeparator = ",";
+/// What a category in a list must not hold; one that does is left out.
+constexpr std::string_view kNotInCategories = "&<>\"'";
+
+TextArray piecesOf(const std::string& list, std::string_view separator) {
+  TextArray pieces;
+  for (const std::string_view piece : Pieces(list, separator)) {
+    pieces.texts.emplace_back(piece);
+  }
+  return pieces;
+}
+
+/// A single keyword gets an empty one in front of it: an array of one element adds nothing. A comma
+/// is part of a keyword.
+TextArray keywordsIn(const std::string& list) {
+  return contains(list, kListSeparator) ? piecesOf(list, kListSeparator) : TextArray{{"", list}};
+}
+
+/// A single category is taken as it is; from a list those that hold no markup character.
+std::vector<std::string> categoriesIn(const std::string& list) {
+  const TextArray pieces =
+      piecesOf(list, contains(list, kListSeparator) ? kListSeparator : kOtherListSeparator);
+  if (pieces.upperBound() < 1) {
+    return {std::string(trimBlanks(list))};
+  }
+  std::vector<std::string> categories;
+  for (const std::string& piece : pieces.texts) {
+    if (!containsAnyOf(piece, kNotInCategories)) {
+      categories.emplace_back(trimBlanks(piece));
+    }
+  }
+  return categories;
+}
 
 }  // namespace
 
@@ -80,16 +119,8 @@ void BookValuator::requireXml() {
 
 bool BookValuator::isAccepted(const BookValuatorArguments& arguments) {
   setStatus(Message::kTocValidationInProgress);
-  return bCheckForValidInput(module_, tocPath_, arguments.vintType) && stagesAreBuilt(arguments) &&
+  return bCheckForValidInput(module_, tocPath_, arguments.vintType) &&
          tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType);
-}
-
-bool BookValuator::stagesAreBuilt(const BookValuatorArguments& arguments) {
-  const bool built = arguments.strKeyWords.empty() && arguments.strCategory.empty();
-  if (!built) {
-    platform_.ui.show(criticalMessage(std::string(kStageNotBuilt)));
-  }
-  return built;
 }
 
 bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
@@ -127,6 +158,8 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
   copyToLibrary();
 
   enterInCatalogue(arguments);
+  recordKeywords(arguments);
+  recordCategories(arguments);
 }
 
 void BookValuator::convert(const BookValuatorArguments& arguments) {
@@ -170,6 +203,25 @@ void BookValuator::enterInCatalogue(const BookValuatorArguments& arguments) {
     platform_.files.createFolder(folder);
   }
   setStatus(Message::kTocAdditionComplete);
+}
+
+void BookValuator::recordKeywords(const BookValuatorArguments& arguments) {
+  if (!arguments.strKeyWords.empty()) {
+    AddKeywords(platform_, module_.state, keywordsIn(arguments.strKeyWords), arguments.spath);
+  }
+}
+
+void BookValuator::recordCategories(const BookValuatorArguments& arguments) {
+  if (arguments.strCategory.empty()) {
+    return;
+  }
+  if (arguments.blnChkCateFlag) {
+    CreateBookCateXmlFile(platform_,
+                          arguments.strServerPath,
+                          arguments.vstrBookCategoryPath,
+                          arguments.vlngInstallType);
+  }
+  AddCategoryNodes(platform_, module_.state, categoriesIn(arguments.strCategory));
 }
 
 void BookValuator::end() {

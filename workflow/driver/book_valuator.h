@@ -42,10 +42,10 @@ struct BookValuatorArguments {
 /// The driver that adds one book.
 ///
 /// A run goes: input check, validation of the table of contents, name and acronym, conversion,
-/// copying, entry in the catalogue; the progress window is on screen all the time. A check or
-/// dialog that says no has told the user and leads to the common end. A stage that reports an error
-/// of its own is over, and the run goes on with the next. An error in the run's own steps ends it
-/// without the event.
+/// copying, entry in the catalogue, keywords and categories; the progress window is on screen all
+/// the time. A check or dialog that says no has told the user and leads to the common end. A stage
+/// that reports an error of its own is over, and the run goes on with the next. An error in the
+/// run's own steps ends it without the event.
 class BookValuator {
  public:
   /// All are kept by reference; without `events` nobody is told.
@@ -59,13 +59,14 @@ class BookValuator {
   void begin(const BookValuatorArguments& arguments);
   void requireXml();
   bool isAccepted(const BookValuatorArguments& arguments);
-  bool stagesAreBuilt(const BookValuatorArguments& arguments);
   bool nameBook(const BookValuatorArguments& arguments);
   bool placeIsAllowed();
   void build(const BookValuatorArguments& arguments);
   void convert(const BookValuatorArguments& arguments);
   void copyToLibrary();
   void enterInCatalogue(const BookValuatorArguments& arguments);
+  void recordKeywords(const BookValuatorArguments& arguments);
+  void recordCategories(const BookValuatorArguments& arguments);
   void end();
 
   [[nodiscard]] std::string bookFileName() const;

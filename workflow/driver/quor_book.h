@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text_array.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/book_valuator.h"
 #include "workflow/forms/module.h"
@@ -29,7 +30,8 @@ class Quor_Book {
   /// whose folder the books' folders lie; `vintType` is 1 XML, 2 HTML, 3 Excel, 4 text. A name and
   /// an acronym that are not empty are taken as given. `vstrCategory` goes into the catalogue's
   /// entry; `strKeyWords` and `strCategory` are lists for the side files named by `spath` and
-  /// `vstrBookCategoryPath`.
+  /// `vstrBookCategoryPath`; keywords are separated by `;`, categories by `;` or else by `,`. With
+  /// `blnChkCateFlag` the categories file is made anew first, from the defaults in `strServerPath`.
   bool Book_Valuator(const std::string& vstrtocpath,
                      const std::string& vstrQuorTOcPath,
                      std::int16_t vintType,
@@ -55,6 +57,28 @@ class Quor_Book {
   bool mbCheckQuorTOCForBook(const std::string& vstrQuorTOcPath,
                              const std::string& vstrBookName,
                              const std::string& vstrBookAcro);
+
+  // The side files of a library. sidefiles/ tells what each operation does: category_filing.h,
+  // keyword_file.h, keyword_list.h, keyword_rules.h and link_file.h.
+  void AddKeywordsToXmlFile(const std::string& vstrKeywordsPath,
+                            const std::string& sBookName,
+                            const std::string& sKeyWord);
+  void EditKeywordsToXmlFile(const std::string& vstrKeywordsPath,
+                             const std::string& sBookName,
+                             const std::string& sKeyWord,
+                             const std::string& sOldKeyword);
+  void AddCategoryNode(const std::string& vstrCategory,
+                       const std::string& vstrBookAcro,
+                       const std::string& vstrxmlPath = {});
+  void CreateKeywordXmlFile(const std::string& vstrPath);
+  void AddKeywords(const TextArray& vstrArrKeywords, const std::string& vstrKeywordsPath);
+  bool CheckXMLCharacters(const std::string& strCurWord, const std::string& strBook);
+  void AddToLinkIDFile(const std::string& strLinkIDFilePath,
+                       const std::string& strLinkID,
+                       const std::string& strFullLink,
+                       const std::string& strSourceFilePath,
+                       const std::string& strProjectName,
+                       const std::string& strBookAcro);
 
  private:
   Module& module_;

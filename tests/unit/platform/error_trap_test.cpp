@@ -60,6 +60,22 @@ TEST_F(ErrorTrap, TellsShortMemoryAndWhateverElseEscapes) {
                           "Quorbind: Some_Class::Procedure"));
 }
 
+TEST_F(ErrorTrap, WordsEachSourceAsItWasPublished) {
+  using enum ErrorWording;
+  for (const ErrorWording wording :
+       {kSourceLine, kTightSourceLine, kWideSourceLine, kInProcedure, kUnderTitle}) {
+    reportError(user_,
+                ErrorSource{"Some_Class::Procedure", wording, MessageIcon::kNone},
+                RunTimeError(ErrorNumber::kPathNotFound));
+  }
+  EXPECT_THAT(user_.record(),
+              ElementsAre("message: Error(76): Path not found\rSome_Class::Procedure",
+                          "message: Error(76):Path not found\rSome_Class::Procedure",
+                          "message: Error (76 ):Path not found\rSome_Class::Procedure",
+                          "message: Error 76 (Path not found) in procedure Some_Class::Procedure",
+                          "message: [Some_Class::Procedure] 76: Path not found"));
+}
+
 TEST_F(ErrorTrap, LetsARunThatWasGivenUpPass) {
   EXPECT_THROW(trap(Abandoned(AbandonReason::kAnswerMissing, "nobody to ask")), Abandoned);
   EXPECT_THROW(ignoringErrors([] { throw Abandoned(AbandonReason::kAnswerRefused, "no"); }),
@@ -114,6 +130,7 @@ TEST(ErrorSources, ReadAsTheyWerePublished) {
     const ErrorSource& source;
     ErrorWording wording;
     std::string_view text;
+    MessageIcon icon = MessageIcon::kCritical;
   };
   const std::vector<Published> published{
       {source::kBookValuator, kSourceLine, "Quorbind: Quor_Book::Book_Valuator"},
@@ -143,11 +160,68 @@ TEST(ErrorSources, ReadAsTheyWerePublished) {
       {source::kBubbleSort, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::bubbleSort"},
       {source::kPartition, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::mlPartition"},
       {source::kDeleteNode, kSourceLine, "Quorbind:Book_Config::DeleteNode"},
+      {source::kAddBookCateToXmlFile,
+       kTightSourceLine,
+       "Quorbind-Book_Config::AddBookCateToXMLFile"},
+      {source::kCreateBookCateXmlFile,
+       kTightSourceLine,
+       "Quorbind-Book_Config::CreateBookCateXMLFile"},
+      {source::kGenerateCategoryTag, kSourceLine, "ctlBooksTab::GenerateXML Tag"},
+      {source::kGetBookAcroInfo,
+       kUnderTitle,
+       "Quorbind::Book_Config-GetBookAcroInfo",
+       MessageIcon::kInformation},
+      {source::kGetBookAcroValue,
+       kUnderTitle,
+       "Quorbind::Book_Config-GetBookAcroValue",
+       MessageIcon::kInformation},
+      {source::kAddBookAcro,
+       kUnderTitle,
+       "Quorbind::Book_Config-AddBookAcro",
+       MessageIcon::kInformation},
+      {source::kAddOtherCategory,
+       kUnderTitle,
+       "Quorbind::Book_Config-AddOtherCategoryBookAcro",
+       MessageIcon::kInformation},
+      {source::kEditBookCateToXmlFile,
+       kWideSourceLine,
+       "Quorbind::Book_Config - EditBookCateToXMLFile",
+       MessageIcon::kNone},
+      {source::kCheckIfDefaultCategory,
+       kWideSourceLine,
+       "Quorbind::Book_Config - bCheckIfDefaultCategory",
+       MessageIcon::kNone},
+      {source::kCheckCategoryInQuorBookCategories,
+       kWideSourceLine,
+       "Quorbind::Book_Config - bCheckCategoryinQuorBookCategories",
+       MessageIcon::kNone},
+      {source::kAddCategoryNode,
+       kInProcedure,
+       "AddCategoryNode of Class Module Quor_Book",
+       MessageIcon::kNone},
+      {source::kSortArray, kSourceLine, "Quorbind:Global_Variables::SortArray"},
+      {source::kAddKeywordsToXmlFile, kTightSourceLine, "Quorbind-Quor_Book::AddKeywordsToXmlFile"},
+      {source::kCreateKeywordXmlFile, kTightSourceLine, "Quorbind-Quor_Book::CreateKeywordXmlFile"},
+      {source::kAddKeywords,
+       kInProcedure,
+       "AddKeywords of User Control ctlBooksTab",
+       MessageIcon::kNone},
+      {source::kCheckXmlCharacters,
+       kTightSourceLine,
+       "Quor_Developer-ctlBooksTab::CheckXMLCharacters"},
+      {source::kAddToLinkIdFile, kTightSourceLine, "Quorbind-Quor_Book::AddToLinkIDFile"},
+      {source::kCheckBookLink, kSourceLine, "Quorbind: Quor_Book::mstrCheckBookLink"},
+      {source::kGenerateBookLinkId, kSourceLine, "Quorbind: Quor_Book::GenerateBookLinkID"},
+      {source::kCheckDuplicateLinkId, kSourceLine, "Quorbind: Quor_Book::CheckDuplicateLinkID"},
+      {source::kAddLinkIdInfo,
+       kSourceLine,
+       "Quorbind: Quor_Book::AddLinkIDInfo",
+       MessageIcon::kNone},
   };
   for (const Published& row : published) {
     EXPECT_EQ(row.source.text, row.text);
     EXPECT_EQ(row.source.wording, row.wording) << row.text;
-    EXPECT_EQ(row.source.icon, MessageIcon::kCritical) << row.text;
+    EXPECT_EQ(row.source.icon, row.icon) << row.text;
   }
 }
 

@@ -24,6 +24,13 @@ TEST(QuotedForQuery, RefusesAValueThatWouldEndTheLiteral) {
   EXPECT_EQ(errorRaisedBy([] { (void)quotedForQuery("a\"b", '"'); }), kInvalidQueryError);
 }
 
+TEST(QuotedForQuery, RefusesAValueThatNoDocumentCanHold) {
+  for (const char* value : {"\x01", "a\x1F", "\xEF\xBF\xBE", "\xFF"}) {
+    EXPECT_EQ(errorRaisedBy([&] { (void)quotedForQuery(value, '\''); }), kInvalidQueryError);
+  }
+  EXPECT_EQ(quotedForQuery("a\tb\r\n\xEF\xBF\xBD", '\''), "'a\tb\r\n\xEF\xBF\xBD'");
+}
+
 }  // namespace
 
 }  // namespace quorbind::testing

@@ -1,0 +1,100 @@
+#include "sidefiles/link_list.h"
+
+#include "platform/error_trap.h"
+#include "platform/file_system.h"
+#include "platform/text.h"
+#include "sidefiles/link_check.h"
+
+namespace quorbind {
+
+LinkIdentifierList::LinkIdentifierList(const Platform& platform, const ProcessState& state)
+    : platform_(platform), state_(state) {}
+
+void LinkIdentifierList::during(const std::function<void()>& walk) {
+  walkAndSettle(walk, [this] { settle(); });
+}
+
+void LinkIdentifierList::record(const std::string& identifier,
+                                const std::string& fullLink,
+                                const std::string& sourceFilePath,
+                                const std::string& bookAcro) {
+  const std::size_t link = links_.size();
+  links_.push_back({.identifier = identifier,
+                    .fullLink = fullLink,
+                    .sourceFilePath = sourceFilePath,
+                    .projectName = state_.currentProductName,
+                    .bookAcro = bookAcro});
+  if (!isReady()) {
+    recordAlone(link);
+  } else if (!isTaken(identifier)) {
+    changes_->make(
+        [this, link] {
+          file_->record(links_[link]);
+          return true;
+        },
+        [this, link] { recordAlone(link); });
+  } else if (settle()) {
+    tellOfTakenLinkId(platform_, identifier);
+  } else {
+    recordAlone(link);
+  }
+}
+
+bool LinkIdentifierList::isReady() {
+  const auto succeeds = [](const auto& step) { return ignoringErrors(step) == 0; };
+  return (file_ || succeeds([this] { findFile(); })) && file_->load() &&
+         (others_ || succeeds([this] { readOthers(); }));
+}
+
+void LinkIdentifierList::findFile() {
+  path_ = linkFileOf(platform_.toolset, state_.currentProductName);
+  file_.emplace(platform_, path_);
+  changes_.emplace(*file_);
+}
+
+void LinkIdentifierList::readOthers() {
+  OtherProducts others;
+  for (const std::string& path : productLinkFiles(platform_)) {
+    if (platform_.files.sameFile(path, path_)) {
+      others.includeThisOne = true;
+      continue;
+    }
+    for (std::string& identifier : trimmedLinkIds(platform_, path)) {
+      others.trimmedIds.insert(std::move(identifier));
+    }
+  }
+  others_ = std::move(others);
+}
+
+bool LinkIdentifierList::isTaken(const std::string& identifier) {
+  if (others_->trimmedIds.contains(std::string(trimBlanks(identifier))) ||
+      (others_->includeThisOne && file_->hasTrimmed(identifier))) {
+    return true;
+  }
+  // One that can't be looked up fails when it is recorded.
+  bool leadsSomewhere = false;
+  ignoringErrors([&] { leadsSomewhere = file_->leadsSomewhere(identifier); });
+  return leadsSomewhere;
+}
+
+void LinkIdentifierList::recordAlone(std::size_t which) {
+  const LinkIdentifier& link = links_[which];
+  if (file_) {
+    file_->forget();
+  }
+  if (!CheckDuplicateLinkID(platform_, link.identifier)) {
+    AddToLinkIDFile(platform_,
+                    linkFileOf(platform_.toolset, link.projectName),
+                    link.identifier,
+                    link.fullLink,
+                    link.sourceFilePath,
+                    link.projectName,
+                    link.bookAcro);
+  }
+}
+
+bool LinkIdentifierList::settle() {
+  return !changes_ || changes_->settle();
+}
+
+}  // namespace quorbind
