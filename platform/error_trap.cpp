@@ -1,6 +1,7 @@
 #include "platform/error_trap.h"
 
 #include <new>
+#include <optional>
 #include <string>
 
 namespace quorbind {
@@ -9,14 +10,28 @@ namespace {
 
 std::string wordError(const ErrorSource& source, const RunTimeError& error) {
   const std::string number = std::to_string(error.number());
+  const std::string& description = error.description();
+  const std::string sourceLine = "\r" + std::string(source.text);
   switch (source.wording) {
     case ErrorWording::kSourceLine:
-      return "Error(" + number + "): " + error.description() + '\r' + std::string(source.text);
+      return "Error(" + number + "): " + description + sourceLine;
+    case ErrorWording::kTightSourceLine:
+      return "Error(" + number + "):" + description + sourceLine;
+    case ErrorWording::kWideSourceLine:
+      return "Error (" + number + " ):" + description + sourceLine;
     case ErrorWording::kInProcedure:
-      return "Error " + number + " (" + error.description() + ") in procedure " +
-             std::string(source.text);
+      return "Error " + number + " (" + description + ") in procedure " + std::string(source.text);
+    case ErrorWording::kUnderTitle:
+      return number + ": " + description;
   }
-  return error.description();
+  return description;
+}
+
+std::optional<std::string> titleOf(const ErrorSource& source) {
+  if (source.wording != ErrorWording::kUnderTitle) {
+    return std::nullopt;
+  }
+  return std::string(source.text);
 }
 
 }  // namespace
@@ -36,7 +51,7 @@ RunTimeError currentRunTimeError() {
 void reportError(UserInterface& ui, const ErrorSource& source, const RunTimeError& error) {
   ui.show({.text = wordError(source, error),
            .icon = source.icon,
-           .title = std::nullopt,
+           .title = titleOf(source),
            .errorNumber = error.number()});
 }
 

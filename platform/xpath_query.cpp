@@ -4,13 +4,33 @@
 
 namespace quorbind {
 
-std::string quotedForQuery(std::string_view value, char quote) {
+void requireFitsQuery(std::string_view value, char quote) {
   if (value.find(quote) != std::string_view::npos) {
     throw RunTimeError(kInvalidQueryError,
                        "The value " + std::string(value) +
                            " can't stand in a query between the quote characters it contains.");
   }
+}
+
+std::string quotedForQuery(std::string_view value, char quote) {
+  requireFitsQuery(value, quote);
   return quote + std::string(value) + quote;
+}
+
+std::string elementsWith(std::string_view path,
+                         std::string_view child,
+                         std::string_view value,
+                         char quote) {
+  return std::string(path)
+      .append("[")
+      .append(child)
+      .append("=")
+      .append(quotedForQuery(value, quote))
+      .append("]");
+}
+
+std::string childrenOf(std::string_view path, std::string_view child) {
+  return std::string(path).append("/").append(child);
 }
 
 }  // namespace quorbind

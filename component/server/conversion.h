@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/text_array.h"
 #include "platform/windows/com_types.h"
 
 // Values as automation carries them, and as the core does.
@@ -31,11 +32,6 @@ void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts);
 void give(VARIANT_BOOL* result, bool value);
 void give(BSTR* result, const std::string& text);
 
-/// Texts and the index that the first of them has for the caller.
-struct TextArray {
-  std::vector<std::string> texts;
-  std::int32_t lowerBound = 0;
-};
 void give(SAFEARRAY** result, const TextArray& array);
 
 }  // namespace quorbind

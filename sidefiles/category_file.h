@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "sidefiles/side_file.h"
+
+namespace quorbind {
+
+/// A library's categories file in memory. Names and acronyms are compared letter by letter.
+///
+/// Names are looked up as a query between apostrophes would find them: a name that holds an
+/// apostrophe raises kInvalidQueryError. Of several categories with one name the first is meant,
+/// unless an operation says otherwise. A document with another root has no categories, and adding
+/// one to it raises 91. An error leaves the document as it was.
+class CategoryFile final : public SideFile {
+ public:
+  using SideFile::SideFile;
+
+  /// Files a book under a category. A category that is not there is made, in front of the one for
+  /// all other books, unless its name is empty. False when nothing was done; a book that is filed
+  /// under any category of that name already counts as done.
+  bool fileBook(std::string_view category, std::string_view acronym);
+
+  /// Adds to a category those of the acronyms that are not in it; an unknown category takes none.
+  /// One with more in it than its name, but no acronym among that, takes none either.
+  void addAcronyms(std::string_view category, std::span<const std::string> acronyms);
+
+  /// Makes a category in front of the one for all other books, or as the last when that is missing.
+  void addCategory(std::string_view name);
+
+  /// The texts of everything that stands in a category, category by category: its name, and the
+  /// acronyms in it. Raises 91 in a document with another root.
+  [[nodiscard]] std::vector<std::string> textsInCategories() const;
+
+ private:
+  struct Category {
+    XmlNode node;
+    std::size_t childCount = 0;
+    std::unordered_set<std::string> acronyms;
+  };
+
+  void dropIndex() override;
+  void requireIndex();
+  void addToIndex(const XmlNode& node);
+  [[nodiscard]] std::span<const std::size_t> categoriesNamed(std::string_view name);
+  void appendAcronym(Category& category, std::string_view acronym);
+
+  std::vector<Category> categories_;
+  /// Where the categories of a name stand in categories_.
+  std::unordered_map<std::string, std::vector<std::size_t>> byName_;
+  bool indexed_ = false;
+};
+
+/// The query for the categories of a name. Raises kInvalidQueryError for one with an apostrophe.
+std::string categoryQuery(std::string_view name);
+
+}  // namespace quorbind

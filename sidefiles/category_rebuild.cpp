@@ -1,0 +1,211 @@
+#include "sidefiles/category_rebuild.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "catalogue/names.h"
+#include "platform/error_trap.h"
+#include "platform/xml_document.h"
+#include "sidefiles/category_file.h"
+#include "sidefiles/category_filing.h"
+#include "sidefiles/entry_array.h"
+#include "sidefiles/names.h"
+
+namespace quorbind {
+
+namespace {
+
+/// What the books of a catalogue say of their categories.
+class Filings {
+ public:
+  Filings(const Platform& platform, const std::string& cataloguePath) {
+    const auto catalogue = platform.xml.createDocument();
+    catalogue->load(cataloguePath);
+    for (const XmlNode& book : catalogue->elementsByName(catalogue_names::kBook)) {
+      take(book);
+      uncategorisedAfterBook_.push_back(uncategorised_.texts.size());
+    }
+  }
+
+  /// The acronyms of the books that name the category, behind the placeholder.
+  [[nodiscard]] const TextArray& of(const std::string& category) const {
+    const auto found = acronyms_.find(category);
+    return found == acronyms_.end() ? none_ : found->second;
+  }
+  /// The acronyms of the books that name none, behind the placeholder.
+  [[nodiscard]] const TextArray& uncategorised() const { return uncategorised_; }
+
+  /// Runs `step` behind each book, with the uncategorised acronyms so far, once there are any.
+  template <typename Step>
+  void afterEachBook(Step&& step) const {
+    TextArray soFar = noEntries();
+    for (const std::size_t count : uncategorisedAfterBook_) {
+      while (soFar.texts.size() < count) {
+        soFar.texts.push_back(uncategorised_.texts[soFar.texts.size()]);
+      }
+      if (!entriesOf(soFar).empty()) {
+        step(soFar);
+      }
+    }
+  }
+
+ private:
+  // A book's acronym counts from where it stands on.
+  void take(const XmlNode& book) {
+    std::string acronym;
+    for (XmlNode child = book.firstChild(); child; child = child.nextSibling()) {
+      const std::string name = child.name();
+      if (name == catalogue_names::kAcro) {
+        acronym = child.text();
+      } else if (name == catalogue_names::kCategories) {
+        takeCategories(child, acronym);
+      }
+    }
+  }
+
+  void takeCategories(const XmlNode& categories, const std::string& acronym) {
+    XmlNode category = categories.firstChild();
+    if (!category) {
+      uncategorised_.texts.push_back(acronym);
+    }
+    for (; category; category = category.nextSibling()) {
+      acronyms_.try_emplace(category.text(), noEntries()).first->second.texts.push_back(acronym);
+    }
+  }
+
+  const TextArray none_ = noEntries();
+  std::unordered_map<std::string, TextArray> acronyms_;
+  TextArray uncategorised_ = noEntries();
+  /// How long that array was behind each book.
+  std::vector<std::size_t> uncategorisedAfterBook_;
+};
+
+const std::string& otherCategory() {
+  static const std::string kName(category_names::kOther);
+  return kName;
+}
+
+/// Files the books without a category under the one for them. The published way is to do so behind
+/// each book, again with those before it; once at the end leaves the same, unless it can't be
+/// saved.
+void fileUncategorised(const Platform& platform, const std::string& path, const Filings& filings) {
+  if (entriesOf(filings.uncategorised()).empty()) {
+    return;
+  }
+  const int error = ignoringErrors([&] {
+    CategoryFile file(platform, path);
+    if (file.load()) {
+      file.addAcronyms(otherCategory(), entriesOf(filings.uncategorised()));
+      file.save();
+    }
+  });
+  if (error != 0) {
+    filings.afterEachBook(
+        [&](const TextArray& acronyms) { AddBookAcro(platform, otherCategory(), acronyms, path); });
+  }
+}
+
+const TextArray& acronymsOf(const Platform& platform,
+                            const ProcessState& state,
+                            const std::string& category,
+                            const Filings& filings) {
+  fileUncategorised(platform, state.currentCategoriesPath, filings);
+  return filings.of(category);
+}
+
+/// Brings the lists of one categories file up to date, names after names of its categories.
+class Rebuild {
+ public:
+  /// Kept by reference.
+  Rebuild(const Platform& platform, ProcessState& state, CategoryFile& file, const Filings& filings)
+      : platform_(platform), state_(state), file_(file), filings_(filings) {}
+
+  void run(std::span<const std::string> names) {
+    while (!names.empty()) {
+      const auto troublesome = std::find_if(names.begin(), names.end(), hasFailureToTell);
+      const auto quiet = static_cast<std::size_t>(troublesome - names.begin());
+      fileQuietly(names.first(quiet));
+      names = names.subspan(quiet);
+      if (!names.empty()) {
+        fileAlone(names.front());
+        names = names.subspan(1);
+      }
+    }
+  }
+
+ private:
+  static bool hasFailureToTell(const std::string& name) {
+    return ignoringErrors([&] { categoryQuery(name); }) != 0;
+  }
+
+  void fileQuietly(std::span<const std::string> names) {
+    if (names.empty() || ignoringErrors([&] { fileTogether(names); }) == 0) {
+      return;
+    }
+    for (const std::string& name : names) {
+      fileAlone(name);
+    }
+  }
+
+  // A name that comes again finds its category as complete as it left it.
+  void fileTogether(std::span<const std::string> names) {
+    if (!file_.load()) {
+      return;
+    }
+    file_.addAcronyms(otherCategory(), entriesOf(filings_.uncategorised()));
+    std::unordered_set<std::string_view> done;
+    for (const std::string& name : names) {
+      if (done.insert(name).second) {
+        file_.addAcronyms(name, entriesOf(filings_.of(name)));
+      }
+    }
+    file_.save();
+  }
+
+  void fileAlone(const std::string& name) {
+    file_.forget();
+    AddBookAcro(platform_,
+                name,
+                acronymsOf(platform_, state_, name, filings_),
+                state_.currentCategoriesPath);
+  }
+
+  const Platform& platform_;
+  ProcessState& state_;
+  CategoryFile& file_;
+  const Filings& filings_;
+};
+
+}  // namespace
+
+TextArray GetBookAcroValue(const Platform& platform,
+                           ProcessState& state,
+                           const std::string& vstrCateName,
+                           const std::string& vstrQuorTOcPath) {
+  return trapped(platform.ui, source::kGetBookAcroValue, TextArray(), [&] {
+    const Filings filings(platform, vstrQuorTOcPath);
+    return acronymsOf(platform, state, vstrCateName, filings);
+  });
+}
+
+void GetBookAcroInfo(const Platform& platform,
+                     ProcessState& state,
+                     const std::string& vstrQuorBookCatePath,
+                     const std::string& vstrQuorTOcPath) {
+  trapped(platform.ui, source::kGetBookAcroInfo, [&] {
+    state.currentCategoriesPath = vstrQuorBookCatePath;
+    CategoryFile file(platform, vstrQuorBookCatePath);
+    if (file.load()) {
+      const std::vector<std::string> names = file.textsInCategories();
+      const Filings filings(platform, vstrQuorTOcPath);
+      Rebuild(platform, state, file, filings).run(names);
+    }
+  });
+}
+
+}  // namespace quorbind

@@ -1,0 +1,79 @@
+#include "sidefiles/keyword_list.h"
+
+#include <memory>
+#include <vector>
+
+#include "platform/error_trap.h"
+#include "platform/text.h"
+#include "platform/toolset.h"
+#include "sidefiles/keyword_file.h"
+#include "sidefiles/keyword_rules.h"
+#include "sidefiles/listed_changes.h"
+
+namespace quorbind {
+
+namespace {
+
+class KeywordList {
+ public:
+  /// Kept by reference.
+  KeywordList(const Platform& platform, const std::string& path, const std::string& book)
+      : platform_(platform), path_(path), book_(book), file_(platform, path, book) {}
+
+  void add(const std::vector<std::string>& keywords) {
+    walkAndSettle([&] { walk(keywords); }, [this] { changes_.settle(); });
+  }
+
+ private:
+  void walk(const std::vector<std::string>& keywords) {
+    for (const std::string& keyword : keywords) {
+      const auto fault = findKeywordFault(keyword);
+      if (!fault) {
+        addAccepted(keyword);
+      } else if (!goesOnAfter(*fault, keyword)) {
+        return;
+      }
+    }
+  }
+
+  void addAccepted(const std::string& keyword) {
+    if (rules_ == nullptr) {
+      rules_ = platform_.toolset.createXmlTextRules();
+    }
+    const std::string stored = storedKeyword(*rules_, keyword);
+    changes_.make([&] { return file_.add(stored); },
+                  [this, stored] { AddKeywordsToXmlFile(platform_, path_, book_, stored); });
+  }
+
+  bool goesOnAfter(const KeywordFault& fault, const std::string& keyword) {
+    changes_.settle();
+    if (fault.endsList) {
+      platform_.ui.show(fault.box);
+      return false;
+    }
+    CheckXMLCharacters(platform_, trimBlanks(keyword), kKeywordsField);
+    return true;
+  }
+
+  const Platform& platform_;
+  const std::string& path_;
+  const std::string& book_;
+  KeywordFile file_;
+  ListedChanges changes_{file_};
+  std::unique_ptr<XmlTextRules> rules_;
+};
+
+}  // namespace
+
+void AddKeywords(const Platform& platform,
+                 ProcessState& state,
+                 const TextArray& vstrArrKeywords,
+                 const std::string& vstrKeywordsPath) {
+  trapped(platform.ui, source::kAddKeywords, [&] {
+    if (vstrArrKeywords.upperBound() >= 1) {
+      KeywordList(platform, vstrKeywordsPath, state.currentBookName).add(vstrArrKeywords.texts);
+    }
+  });
+}
+
+}  // namespace quorbind

@@ -1,0 +1,84 @@
+#pragma once
+
+// The file of link identifiers that each product has: identifier by identifier the full place of a
+// heading that other books can link to.
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "platform/platform.h"
+#include "platform/toolset.h"
+#include "sidefiles/side_file.h"
+
+namespace quorbind {
+
+/// One identifier and what it leads to.
+struct LinkIdentifier {
+  std::string identifier;
+  std::string fullLink;
+  std::string sourceFilePath;
+  std::string projectName;
+  std::string bookAcro;
+};
+
+/// Records one identifier in the file at `strLinkIDFilePath`, which the tool set makes when it is
+/// missing. `strFullLink` is the whole place of the target, `strSourceFilePath` its document, which
+/// is recorded behind the product name `strProjectName`.
+///
+/// The identifier is looked up as it is given and stored with its markup characters replaced. The
+/// user is told of one that leads somewhere already; nothing is changed then. One whose full link
+/// is empty is meant to be filled in, which fails for an entry of the usual four fields: hosts know
+/// the box. An identifier with an apostrophe is an error as well. Errors are told.
+void AddToLinkIDFile(const Platform& platform,
+                     const std::string& strLinkIDFilePath,
+                     const std::string& strLinkID,
+                     const std::string& strFullLink,
+                     const std::string& strSourceFilePath,
+                     const std::string& strProjectName,
+                     const std::string& strBookAcro);
+
+/// The file of a product's identifiers, below the documentation server's folder `serverRoot`, which
+/// ends with a separator.
+std::string linkFileBelow(std::string serverRoot, std::string_view product);
+/// The same for the server that the tool set knows. Raises what the tool set raises.
+std::string linkFileOf(Toolset& toolset, std::string_view product);
+
+/// Tells the user that an identifier is taken.
+void tellOfTakenLinkId(const Platform& platform, std::string_view identifier);
+
+/// A file of link identifiers in memory. An error leaves the document as it was.
+class LinkFile final : public SideFile {
+ public:
+  using SideFile::SideFile;
+
+  /// Whether the identifier, as it is given, stands there with a full link that is not blank. False
+  /// also for one that can't be looked up.
+  [[nodiscard]] bool leadsSomewhere(std::string_view identifier);
+  /// Whether an identifier stands there, the blanks at the ends of both left out.
+  [[nodiscard]] bool hasTrimmed(std::string_view identifier);
+
+  /// Enters an identifier that leads nowhere yet. Raises kInvalidQueryError for an apostrophe in
+  /// the identifier, 91 in a document without a list and for an entry that lacks a field, and what
+  /// the tool set raises.
+  void record(const LinkIdentifier& link);
+  /// Makes the list of a file that has only its root. Raises 91 for another root.
+  void makeList();
+
+ private:
+  void dropIndex() override;
+  void requireIndex();
+  void addToIndex(const XmlNode& entry);
+  [[nodiscard]] XmlNode find(std::string_view identifier);
+  void enter(const LinkIdentifier& link);
+
+  std::unique_ptr<XmlTextRules> rules_;
+  /// The first field of the entry that has an identifier, by its text.
+  std::unordered_map<std::string, XmlNode> identifiers_;
+  std::unordered_set<std::string> trimmed_;
+  bool indexed_ = false;
+};
+
+}  // namespace quorbind

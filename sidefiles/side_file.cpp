@@ -1,0 +1,42 @@
+#include "sidefiles/side_file.h"
+
+#include <utility>
+
+namespace quorbind {
+
+SideFile::SideFile(const Platform& platform, std::string path)
+    : platform_(platform), path_(std::move(path)), document_(platform.xml.createDocument()) {}
+
+bool SideFile::load() {
+  if (!loaded_) {
+    loaded_ = document_->load(path_).loaded;
+  }
+  return loaded_;
+}
+
+void SideFile::save() {
+  try {
+    document_->save(path_);
+  } catch (...) {
+    forget();
+    throw;
+  }
+}
+
+void SideFile::forget() {
+  dropIndex();
+  document_ = platform_.xml.createDocument();
+  loaded_ = false;
+}
+
+XmlNode appendTextElement(XmlDocument& document,
+                          const XmlNode& parent,
+                          std::string_view name,
+                          std::string_view text) {
+  const XmlNode element = document.createElement(name);
+  element.setText(text);
+  parent.append(element);
+  return element;
+}
+
+}  // namespace quorbind
