@@ -20,6 +20,7 @@ inline constexpr std::string_view kBuildDate = "Book_BuildDate";
 inline constexpr std::string_view kBookFile = "Book_File";
 inline constexpr std::string_view kType = "type";
 inline constexpr std::string_view kCategories = "Book_Categories";
+inline constexpr std::string_view kCategory = "Category";
 inline constexpr std::string_view kHeadings = "Book_Headings";
 inline constexpr std::string_view kHeading = "Heading";
 inline constexpr std::string_view kLevel = "level";
@@ -27,6 +28,7 @@ inline constexpr std::string_view kHeadingName = "HName";
 inline constexpr std::string_view kFLinkValue = "FLinkValue";
 inline constexpr std::string_view kHeadingFile = "HFile";
 inline constexpr std::string_view kBookMark = "BookMark";
+inline constexpr std::string_view kBookPath = "Book_Master/Book";
 
 /// The name of the book XML file of the book with that acronym.
 inline std::string fileOf(std::string_view acronym) {

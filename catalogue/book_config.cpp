@@ -1,9 +1,12 @@
 #include "catalogue/book_config.h"
 
-#include "catalogue/names.h"
-#include "platform/error_trap.h"
-#include "platform/xml_document.h"
-#include "platform/xpath_query.h"
+#include "catalogue/book_deletion.h"
+#include "catalogue/book_installation.h"
+#include "catalogue/book_merge.h"
+#include "catalogue/book_properties.h"
+#include "catalogue/book_queries.h"
+#include "catalogue/book_rename.h"
+#include "catalogue/library_selection.h"
 #include "sidefiles/category_creation.h"
 #include "sidefiles/category_filing.h"
 #include "sidefiles/category_list.h"
@@ -12,24 +15,81 @@
 
 namespace quorbind {
 
+std::string Book_Config::QuorLocation(const std::string& vstrQuorName) {
+  return quorbind::QuorLocation(module_.platform, vstrQuorName);
+}
+
+std::vector<std::string> Book_Config::QuorNames() {
+  return quorbind::QuorNames(module_.platform);
+}
+
+std::vector<std::string> Book_Config::BookInfo(const std::string& vstrtocpath) {
+  return quorbind::BookInfo(module_.platform, vstrtocpath);
+}
+
+std::vector<std::string> Book_Config::CategorieInfo(const std::string& vstrtocpath,
+                                                    const std::string& vstrBookName) {
+  return quorbind::CategorieInfo(module_.platform, vstrtocpath, vstrBookName);
+}
+
+void Book_Config::strFolderLinkInfo(const std::string& vstrtocpath,
+                                    const std::string& vstrBookName,
+                                    std::string& rstrFolderName,
+                                    std::string& rstrFileLink) {
+  quorbind::strFolderLinkInfo(
+      module_.platform, vstrtocpath, vstrBookName, rstrFolderName, rstrFileLink);
+}
+
+std::string Book_Config::GetBookAcro(const std::string& vstrtocpath,
+                                     const std::string& vstrBookName) {
+  return quorbind::GetBookAcro(module_.platform, vstrtocpath, vstrBookName);
+}
+
+void Book_Config::strBookAcroInfo(const std::string& vstrtocpath, const std::string& vstrBookName) {
+  quorbind::strBookAcroInfo(module_, vstrtocpath, vstrBookName);
+}
+
+void Book_Config::UpdateBookNameAcro(const std::string& vstrBookPath,
+                                     const std::string& vstrBookName,
+                                     const std::string& vstrBookAcro) {
+  quorbind::UpdateBookNameAcro(module_, vstrBookPath, vstrBookName, vstrBookAcro);
+}
+
 void Book_Config::DeleteQuorNode(const std::string& vstrQuorTOcPath,
                                  const std::string& vstrBookName) {
-  trapped(module_.platform.ui, source::kDeleteNode, [&] {
-    const auto catalogue = module_.platform.xml.createDocument();
-    if (!catalogue->load(vstrQuorTOcPath)) {
-      return;
-    }
-    const XmlNode book = catalogue->select(std::string(catalogue_names::kBookPath)
-                                               .append("[")
-                                               .append(catalogue_names::kName)
-                                               .append("=")
-                                               .append(quotedForQuery(vstrBookName, '\''))
-                                               .append("]"));
-    if (book) {
-      catalogue->select(catalogue_names::kBooksPath).remove(book);
-    }
-    catalogue->save(vstrQuorTOcPath);
-  });
+  quorbind::DeleteQuorNode(module_.platform, vstrQuorTOcPath, vstrBookName);
+}
+
+void Book_Config::strMatchingBooksInfo(const std::string& vstrMainTocPAth,
+                                       const std::string& vstrtocpath) {
+  quorbind::strMatchingBooksInfo(module_.platform, vstrMainTocPAth, vstrtocpath);
+}
+
+bool Book_Config::mbsetQuorBookProperties(const std::string& vstrtocpath,
+                                          const std::string& vstrBookName,
+                                          const TextArray& rarrsBCategories,
+                                          const std::string& vstrFolder,
+                                          const std::string& vstrFullink) {
+  return quorbind::mbsetQuorBookProperties(
+      module_, vstrtocpath, vstrBookName, rarrsBCategories, vstrFolder, vstrFullink);
+}
+
+void Book_Config::CreateQuorBookNodeForSEntry(const std::string& strTocFile,
+                                              const std::string& vstrBookName,
+                                              const std::string& /*vstrFolder*/,
+                                              const std::string& vstrType,
+                                              const std::string& vstrProductName,
+                                              std::int32_t vlngInstallType,
+                                              bool vblnChkCateFlag,
+                                              const TextArray& strBookInfo) {
+  quorbind::CreateQuorBookNodeForSEntry(module_,
+                                        strTocFile,
+                                        vstrBookName,
+                                        vstrType,
+                                        vstrProductName,
+                                        vlngInstallType,
+                                        vblnChkCateFlag,
+                                        strBookInfo);
 }
 
 void Book_Config::AddBookCateToXMLFile(const std::string& vstrBookCatePath,

@@ -27,6 +27,7 @@ inline constexpr std::string_view kKey = "Book_Key";
 inline constexpr std::string_view kKeyId = "id";
 inline constexpr std::string_view kFolder = "Book_Folder";
 inline constexpr std::string_view kBookFile = "Book_File";
+inline constexpr std::string_view kBookFileType = "type";
 inline constexpr std::string_view kCategories = "Book_Categories";
 inline constexpr std::string_view kCategory = "Book_Category";
 inline constexpr std::string_view kBooksPath = "Quor_Master/Quor_Books";
@@ -40,6 +41,7 @@ inline constexpr std::string_view kQuors = "Quors";
 inline constexpr std::string_view kQuor = "Quor";
 inline constexpr std::string_view kName = "Quor_Name";
 inline constexpr std::string_view kLocation = "Quor_Location";
+inline constexpr std::string_view kQuorPath = "Quor_Selection_List/Quors/Quor";
 }  // namespace selection_names
 
 }  // namespace quorbind

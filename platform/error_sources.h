@@ -63,7 +63,69 @@ inline constexpr ErrorSource kQuickSort{"Quorbind:Quor_Developer-frmSelPrjTypeto
 inline constexpr ErrorSource kBubbleSort{"Quor_Developer-frmSelPrjTypetoAdd::bubbleSort"};
 inline constexpr ErrorSource kPartition{"Quor_Developer-frmSelPrjTypetoAdd::mlPartition"};
 
+inline constexpr ErrorSource kQuorLocation{"Quorbind:Book_Config::strQuorLoacation"};
+inline constexpr ErrorSource kQuorNames{"Quorbind:Book_Config::QuorNames"};
+inline constexpr ErrorSource kBookInfo{"Quorbind:Book_Config::BookInfo"};
+inline constexpr ErrorSource kCategorieInfo{"Quorbind:Book_Config::CategorieInfo"};
 inline constexpr ErrorSource kDeleteNode{"Quorbind:Book_Config::DeleteNode"};
+inline constexpr ErrorSource kUpdateBookNameAcro{"Quorbind:Book_Config::UpdateBookNameAcro"};
+inline constexpr ErrorSource kSetMatchingBookInfo{"Quorbind:Book_Config::msetMatchingBokkIno"};
+inline constexpr ErrorSource kMatchingBooksInfo{"Quorbind:Book_Config::strMatchingBooksInfo"};
+inline constexpr ErrorSource kSetQuorBookProperties{"Quorbind:Book_Config::mserQuorBookProperties"};
+inline constexpr ErrorSource kSetQuorProperties{"Quorbind:Book_Config::msetQuorProperties"};
+inline constexpr ErrorSource kSetBookProperties{"Quorbind:Book_Config::msetBookProperties"};
+inline constexpr ErrorSource kSetBookCategories{"Quorbind:Book_Config::msetBookCategories"};
+inline constexpr ErrorSource kCreateQuorBookNodeForSEntry{
+    "Quorbind:Book_Config::CreateQuorBookNodeForSEntry"};
+
+// Categories.
+inline constexpr ErrorSource kAddBookCateToXmlFile{"Quorbind-Book_Config::AddBookCateToXMLFile",
+                                                   ErrorWording::kTightSourceLine};
+inline constexpr ErrorSource kCreateBookCateXmlFile{"Quorbind-Book_Config::CreateBookCateXMLFile",
+                                                    ErrorWording::kTightSourceLine};
+inline constexpr ErrorSource kGenerateCategoryTag{"ctlBooksTab::GenerateXML Tag"};
+inline constexpr ErrorSource kGetBookAcroInfo{
+    "Quorbind::Book_Config-GetBookAcroInfo", ErrorWording::kUnderTitle, MessageIcon::kInformation};
+inline constexpr ErrorSource kGetBookAcroValue{
+    "Quorbind::Book_Config-GetBookAcroValue", ErrorWording::kUnderTitle, MessageIcon::kInformation};
+inline constexpr ErrorSource kAddBookAcro{
+    "Quorbind::Book_Config-AddBookAcro", ErrorWording::kUnderTitle, MessageIcon::kInformation};
+inline constexpr ErrorSource kAddOtherCategory{"Quorbind::Book_Config-AddOtherCategoryBookAcro",
+                                               ErrorWording::kUnderTitle,
+                                               MessageIcon::kInformation};
+inline constexpr ErrorSource kEditBookCateToXmlFile{"Quorbind::Book_Config - EditBookCateToXMLFile",
+                                                    ErrorWording::kWideSourceLine,
+                                                    MessageIcon::kNone};
+inline constexpr ErrorSource kCheckIfDefaultCategory{
+    "Quorbind::Book_Config - bCheckIfDefaultCategory",
+    ErrorWording::kWideSourceLine,
+    MessageIcon::kNone};
+inline constexpr ErrorSource kCheckCategoryInQuorBookCategories{
+    "Quorbind::Book_Config - bCheckCategoryinQuorBookCategories",
+    ErrorWording::kWideSourceLine,
+    MessageIcon::kNone};
+inline constexpr ErrorSource kAddCategoryNode{
+    "AddCategoryNode of Class Module Quor_Book", ErrorWording::kInProcedure, MessageIcon::kNone};
+inline constexpr ErrorSource kSortArray{"Quorbind:Global_Variables::SortArray"};
+
+// Search keywords. Renaming one reports under the name of adding one.
+inline constexpr ErrorSource kAddKeywordsToXmlFile{"Quorbind-Quor_Book::AddKeywordsToXmlFile",
+                                                   ErrorWording::kTightSourceLine};
+inline constexpr ErrorSource kCreateKeywordXmlFile{"Quorbind-Quor_Book::CreateKeywordXmlFile",
+                                                   ErrorWording::kTightSourceLine};
+inline constexpr ErrorSource kAddKeywords{
+    "AddKeywords of User Control ctlBooksTab", ErrorWording::kInProcedure, MessageIcon::kNone};
+inline constexpr ErrorSource kCheckXmlCharacters{"Quor_Developer-ctlBooksTab::CheckXMLCharacters",
+                                                 ErrorWording::kTightSourceLine};
+
+// Link identifiers.
+inline constexpr ErrorSource kAddToLinkIdFile{"Quorbind-Quor_Book::AddToLinkIDFile",
+                                              ErrorWording::kTightSourceLine};
+inline constexpr ErrorSource kCheckBookLink{"Quorbind: Quor_Book::mstrCheckBookLink"};
+inline constexpr ErrorSource kGenerateBookLinkId{"Quorbind: Quor_Book::GenerateBookLinkID"};
+inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDuplicateLinkID"};
+inline constexpr ErrorSource kAddLinkIdInfo{
+    "Quorbind: Quor_Book::AddLinkIDInfo", ErrorWording::kSourceLine, MessageIcon::kNone};
 
 // Categories.
 inline constexpr ErrorSource kAddBookCateToXmlFile{"Quorbind-Book_Config::AddBookCateToXMLFile",

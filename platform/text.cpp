@@ -56,6 +56,10 @@ std::string_view Pieces::last() const {
   return pieces_.back();
 }
 
+Pieces listEntries(std::string_view list) {
+  return {list, contains(list, ";") ? ";" : ","};
+}
+
 std::size_t countPieces(std::string_view text, std::string_view separator) {
   if (text.empty()) {
     return 0;

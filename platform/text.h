@@ -32,6 +32,10 @@ class Pieces {
   std::vector<std::string_view> pieces_;
 };
 
+/// The entries of a list as people type it: separated by `;` or, when there is none, by `,`. They
+/// keep the blanks around them. A text with neither is one entry; an empty text has none.
+Pieces listEntries(std::string_view list);
+
 /// The number of pieces that splitting `text` would give, without splitting it.
 std::size_t countPieces(std::string_view text, std::string_view separator);
 

@@ -144,6 +144,10 @@ class XmlDocument {
 
   /// A new element that stands nowhere yet. Raises 5 for what is no name, and for a prefix.
   [[nodiscard]] virtual XmlNode createElement(std::string_view name) = 0;
+  /// A copy of `node` with everything in it, which stands nowhere yet. The node may be one of
+  /// another document of the same library. An element declares the namespaces that it uses. Raises
+  /// 5 for an attribute, and for a node of another library.
+  [[nodiscard]] virtual XmlNode copyOf(const XmlNode& node) = 0;
 };
 
 /// The attributes of an element during a scan.

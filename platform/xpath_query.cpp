@@ -22,4 +22,20 @@ std::string quotedForQuery(std::string_view value, char quote) {
   return quote + std::string(value) + quote;
 }
 
+std::string elementsWith(std::string_view path,
+                         std::string_view child,
+                         std::string_view value,
+                         char quote) {
+  return std::string(path)
+      .append("[")
+      .append(child)
+      .append("=")
+      .append(quotedForQuery(value, quote))
+      .append("]");
+}
+
+std::string childrenOf(std::string_view path, std::string_view child) {
+  return std::string(path).append("/").append(child);
+}
+
 }  // namespace quorbind

@@ -14,4 +14,14 @@ void requireFitsQuery(std::string_view value, char quote);
 /// requireFitsQuery does.
 std::string quotedForQuery(std::string_view value, char quote);
 
+/// The query for those of the elements that `path` finds that have a child `child` with exactly the
+/// text `value`. Raises as quotedForQuery does.
+std::string elementsWith(std::string_view path,
+                         std::string_view child,
+                         std::string_view value,
+                         char quote);
+
+/// The query for the children of that name of all elements that `path` finds.
+std::string childrenOf(std::string_view path, std::string_view child);
+
 }  // namespace quorbind

@@ -105,4 +105,8 @@ XmlNode PortableXmlDocument::createElement(std::string_view name) {
   return referenceTo(*tree_, &tree_->createElement(std::string(name)));
 }
 
+XmlNode PortableXmlDocument::copyOf(const XmlNode& node) {
+  return referenceTo(*tree_, &tree_->copyOf(nodeBehind(node)));
+}
+
 }  // namespace quorbind

@@ -23,6 +23,7 @@ class PortableXmlDocument final : public XmlDocument {
   [[nodiscard]] std::vector<XmlNode> selectAll(std::string_view query) const override;
   [[nodiscard]] std::vector<XmlNode> elementsByName(std::string_view name) const override;
   [[nodiscard]] XmlNode createElement(std::string_view name) override;
+  [[nodiscard]] XmlNode copyOf(const XmlNode& node) override;
 
  private:
   FileSystem& files_;

@@ -14,6 +14,8 @@ class NodeBody final : public XmlNode::Body {
  public:
   NodeBody(XmlTree& tree, xmlNode& node) : tree_(tree), node_(node) {}
 
+  [[nodiscard]] xmlNode& node() const { return node_; }
+
   [[nodiscard]] bool isElement() const override { return node_.type == XML_ELEMENT_NODE; }
   [[nodiscard]] std::string name() const override;
   [[nodiscard]] std::string text() const override;
@@ -120,12 +122,20 @@ void NodeBody::removeChild(const XmlNode& child) {
   tree_.remove(nodeOf(child), node_);
 }
 
-xmlNode& NodeBody::nodeOf(const XmlNode& reference) const {
+const NodeBody& bodyBehind(const XmlNode& reference) {
   const auto* body = dynamic_cast<const NodeBody*>(&reference.body());
-  if (body == nullptr || &body->tree_ != &tree_) {
+  if (body == nullptr) {
     raise(ErrorNumber::kInvalidProcedureCall);
   }
-  return body->node_;
+  return *body;
+}
+
+xmlNode& NodeBody::nodeOf(const XmlNode& reference) const {
+  const NodeBody& body = bodyBehind(reference);
+  if (&body.tree_ != &tree_) {
+    raise(ErrorNumber::kInvalidProcedureCall);
+  }
+  return body.node_;
 }
 
 /// The first child that the port knows, from `node` on.
@@ -140,6 +150,10 @@ XmlNode NodeBody::visibleFrom(xmlNode* node) const {
 
 XmlNode referenceTo(XmlTree& tree, xmlNode* node) {
   return node == nullptr ? XmlNode() : XmlNode(std::make_shared<NodeBody>(tree, *node));
+}
+
+xmlNode& nodeBehind(const XmlNode& reference) {
+  return bodyBehind(reference).node();
 }
 
 std::vector<XmlNode> referencesTo(XmlTree& tree, const std::vector<xmlNode*>& nodes) {

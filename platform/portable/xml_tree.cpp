@@ -98,6 +98,13 @@ xmlNode& XmlTree::createElement(const std::string& name) {
   return *node.release();
 }
 
+xmlNode& XmlTree::copyOf(xmlNode& node) {
+  require(canBeChild(node));
+  XmlNodeHandle copy(made(xmlDocCopyNode(&node, document_.get(), 1)));
+  loose_.insert(copy.get());
+  return *copy.release();
+}
+
 void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
   require(parent.type == XML_ELEMENT_NODE && canBeChild(child));
   require(reference == nullptr || isChildOf(*reference, parent));

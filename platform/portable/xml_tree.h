@@ -29,6 +29,10 @@ class XmlTree {
   /// Raises 5 for what is no name, and for a name with a prefix: nothing could declare it.
   [[nodiscard]] xmlNode& createElement(const std::string& name);
 
+  /// A copy of `node`, which may be one of another document, with everything in it. Raises 5 for an
+  /// attribute.
+  [[nodiscard]] xmlNode& copyOf(xmlNode& node);
+
   /// Puts `child` into the element `parent`, in front of `reference` or, without one, behind the
   /// last child. It leaves the place where it stands.
   void insert(xmlNode& child, xmlNode& parent, xmlNode* reference);

@@ -6,6 +6,7 @@
 #include "platform/runtime_error.h"
 #include "platform/windows/byte_stream.h"
 #include "platform/windows/msxml.h"
+#include "platform/windows/msxml_copy.h"
 #include "platform/windows/msxml_node.h"
 #include "platform/windows/msxml_save.h"
 #include "platform/windows/msxml_scan.h"
@@ -37,6 +38,7 @@ class MsxmlDocument final : public XmlDocument {
   [[nodiscard]] std::vector<XmlNode> selectAll(std::string_view query) const override;
   [[nodiscard]] std::vector<XmlNode> elementsByName(std::string_view name) const override;
   [[nodiscard]] XmlNode createElement(std::string_view name) override;
+  [[nodiscard]] XmlNode copyOf(const XmlNode& node) override;
 
  private:
   [[nodiscard]] bool build(std::unique_ptr<ByteReader> bytes);
@@ -101,6 +103,10 @@ std::vector<XmlNode> MsxmlDocument::elementsByName(std::string_view name) const 
 
 XmlNode MsxmlDocument::createElement(std::string_view name) {
   return quorbind::createElement(document_, name);
+}
+
+XmlNode MsxmlDocument::copyOf(const XmlNode& node) {
+  return referenceTo(document_, copyFor(document_, nodeBehind(node)));
 }
 
 DomNode MsxmlDocument::root() const {

@@ -90,24 +90,12 @@ DomNode newElement(const ComPtr<IXMLDOMDocument2>& document, std::string_view na
   return element.as<IXMLDOMNode>();
 }
 
-/// Whether the namespace that `declaration` is the name of is needed in `element`.
-bool isUsed(const DomNode& element, std::string_view declaration) {
-  const std::size_t colon = declaration.find(':');
-  std::string query = "descendant-or-self::*[not(contains(name(), ':'))]";
-  if (colon != std::string_view::npos) {
-    const std::string hasPrefix =
-        "starts-with(name(), '" + std::string(declaration.substr(colon + 1)) + ":')";
-    query = "descendant-or-self::*[" + hasPrefix + " or @*[" + hasPrefix + "]]";
-  }
-  DomNode found;
-  requireSuccess(element->selectSingleNode(Bstr(query).get(), found.put()), element);
-  return static_cast<bool>(found);
-}
-
 class NodeBody final : public XmlNode::Body {
  public:
   NodeBody(ComPtr<IXMLDOMDocument2> document, DomNode node)
       : document_(std::move(document)), node_(std::move(node)) {}
+
+  [[nodiscard]] const DomNode& node() const { return node_; }
 
   [[nodiscard]] bool isElement() const override { return typeOf(node_) == NODE_ELEMENT; }
   [[nodiscard]] std::string name() const override;
@@ -133,8 +121,6 @@ class NodeBody final : public XmlNode::Body {
   void addAttribute(std::string_view name, std::string_view nameSpace, const Variant& value) const;
   void setElementText(std::string_view text) const;
   void becomeText(std::string_view text);
-  void takeNamespacesAlong(const DomNode& moved,
-                           const std::vector<NamespaceDeclaration>& former) const;
 
   ComPtr<IXMLDOMDocument2> document_;
   DomNode node_;
@@ -280,27 +266,7 @@ void NodeBody::insertBefore(const XmlNode& child, const XmlNode& reference) {
   const bool wasItsOwnReference = next && !parentOf(next);
   insertInto(node_, node, wasItsOwnReference ? behindNext : next);
   if (formerParent && typeOf(node) == NODE_ELEMENT) {
-    takeNamespacesAlong(node, declarationsInForce(formerParent));
-  }
-}
-
-/// Has an element that was moved declare what it needs of the namespaces that it came from.
-void NodeBody::takeNamespacesAlong(const DomNode& moved,
-                                   const std::vector<NamespaceDeclaration>& former) const {
-  if (former.empty()) {
-    return;
-  }
-  const std::vector<NamespaceDeclaration> present = declarationsInForce(moved);
-  const auto element = moved.as<IXMLDOMElement>();
-  for (const NamespaceDeclaration& declaration : former) {
-    const bool isPresent = std::any_of(present.begin(), present.end(), [&](const auto& other) {
-      return other.name == declaration.name;
-    });
-    if (!isPresent && isUsed(moved, declaration.name)) {
-      requireSuccess(element->setAttribute(Bstr(declaration.name).get(),
-                                           Variant::ofText(declaration.uri).get()),
-                     element);
-    }
+    declareUsed(node, declarationsInForce(formerParent));
   }
 }
 
@@ -310,10 +276,16 @@ void NodeBody::removeChild(const XmlNode& child) {
   takeOut(node);
 }
 
-const DomNode& NodeBody::nodeOf(const XmlNode& reference) const {
+const NodeBody& bodyBehind(const XmlNode& reference) {
   const auto* body = dynamic_cast<const NodeBody*>(&reference.body());
-  require(body != nullptr && body->document_.get() == document_.get());
-  return body->node_;
+  require(body != nullptr);
+  return *body;
+}
+
+const DomNode& NodeBody::nodeOf(const XmlNode& reference) const {
+  const NodeBody& body = bodyBehind(reference);
+  require(body.document_.get() == document_.get());
+  return body.node_;
 }
 
 bool NodeBody::isChild(const DomNode& node) const {
@@ -359,6 +331,10 @@ std::string NodeBody::namespaceOf(std::string_view prefix) const {
 
 XmlNode referenceTo(const ComPtr<IXMLDOMDocument2>& document, ComPtr<IXMLDOMNode> node) {
   return node ? XmlNode(std::make_shared<NodeBody>(document, std::move(node))) : XmlNode();
+}
+
+const ComPtr<IXMLDOMNode>& nodeBehind(const XmlNode& reference) {
+  return bodyBehind(reference).node();
 }
 
 XmlNode createElement(const ComPtr<IXMLDOMDocument2>& document, std::string_view name) {

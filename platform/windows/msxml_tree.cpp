@@ -22,8 +22,11 @@ bool isBlank(std::string_view text) {
 }
 
 bool preservesSpace(const DomNode& element) {
-  const DomNode attribute = attributeOf(element, "xml:space");
-  return attribute && textOf(attribute) == "preserve";
+  // One that was set and not loaded is not found by its name in every release.
+  const std::vector<DomNode> attributes = attributesOf(element);
+  return std::any_of(attributes.begin(), attributes.end(), [](const DomNode& attribute) {
+    return nameOf(attribute) == "xml:space" && textOf(attribute) == "preserve";
+  });
 }
 
 bool hasName(const std::vector<NamespaceDeclaration>& declarations, std::string_view name) {
@@ -89,6 +92,20 @@ DomNode attributeAt(const ComPtr<IXMLDOMNamedNodeMap>& map, long index) {
     attribute.reset();
   }
   return attribute;
+}
+
+/// Whether the namespace that `declaration` is the name of is needed in `element`.
+bool isUsed(const DomNode& element, std::string_view declaration) {
+  const std::size_t colon = declaration.find(':');
+  std::string query = "descendant-or-self::*[not(contains(name(), ':'))]";
+  if (colon != std::string_view::npos) {
+    const std::string hasPrefix =
+        "starts-with(name(), '" + std::string(declaration.substr(colon + 1)) + ":')";
+    query = "descendant-or-self::*[" + hasPrefix + " or @*[" + hasPrefix + "]]";
+  }
+  DomNode found;
+  requireSuccess(element->selectSingleNode(Bstr(query).get(), found.put()), element);
+  return static_cast<bool>(found);
 }
 
 void insertPlainly(const DomNode& parent, const DomNode& node, const DomNode& next) {
@@ -237,6 +254,21 @@ std::vector<NamespaceDeclaration> declarationsInForce(const DomNode& element) {
     }
   }
   return inForce;
+}
+
+void declareUsed(const DomNode& element, const std::vector<NamespaceDeclaration>& declarations) {
+  if (declarations.empty()) {
+    return;
+  }
+  const std::vector<NamespaceDeclaration> inForce = declarationsInForce(element);
+  const auto declaring = element.as<IXMLDOMElement>();
+  for (const NamespaceDeclaration& declaration : declarations) {
+    if (!hasName(inForce, declaration.name) && isUsed(element, declaration.name)) {
+      requireSuccess(declaring->setAttribute(Bstr(declaration.name).get(),
+                                             Variant::ofText(declaration.uri).get()),
+                     declaring);
+    }
+  }
 }
 
 DomNode newText(const ComPtr<IXMLDOMDocument2>& document, std::string_view text) {

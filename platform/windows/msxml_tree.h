@@ -58,6 +58,10 @@ std::vector<NamespaceDeclaration> declarationsOf(const DomNode& element);
 /// once.
 std::vector<NamespaceDeclaration> declarationsInForce(const DomNode& element);
 
+/// Has an element declare those of `declarations`, which were in force where it came from, that it
+/// uses and that are not in force where it is.
+void declareUsed(const DomNode& element, const std::vector<NamespaceDeclaration>& declarations);
+
 /// A new text that stands nowhere.
 DomNode newText(const ComPtr<IXMLDOMDocument2>& document, std::string_view text);
 

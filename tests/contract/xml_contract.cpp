@@ -751,6 +751,118 @@ TEST_F(XmlContract, RemoveRaises5ForWhatIsNoChild) {
   EXPECT_EQ(errorRaisedBy([&] { a.remove(document_->createElement("d")); }), kInvalidCall);
 }
 
+// Copying
+
+TEST_F(XmlContract, ACopyHasEverythingThatTheNodeHasAndStandsNowhere) {
+  const XmlNode a = load("<a><b x='1' y='2'>text<c/><!--d--><?e f?><![CDATA[<g>]]></b><h/></a>");
+  const XmlNode copy = document_->copyOf(a.child("b"));
+
+  EXPECT_EQ(describeTree(copy), describeTree(a.child("b")));
+  EXPECT_FALSE(copy.nextSibling());
+  a.append(copy);
+  EXPECT_EQ(saved(),
+            "<a>\r\n"
+            "\t<b x=\"1\" y=\"2\">text<c/><!--d--><?e f?><![CDATA[<g>]]></b>\r\n"
+            "\t<h/>\r\n"
+            "\t<b x=\"1\" y=\"2\">text<c/><!--d--><?e f?><![CDATA[<g>]]></b>\r\n"
+            "</a>\r\n");
+}
+
+TEST_F(XmlContract, ACopyAndItsOriginalChangeApart) {
+  const XmlNode a = load("<a><b><c>1</c></b></a>");
+  const XmlNode copy = document_->copyOf(a.child("b"));
+  copy.child("c").setText("2");
+  a.child("b").setAttribute("x", "3");
+
+  EXPECT_EQ(a.child("b").text(), "1");
+  EXPECT_EQ(copy.text(), "2");
+  EXPECT_FALSE(copy.attribute("x"));
+}
+
+TEST_F(XmlContract, ANodeOfAnotherDocumentCanBeCopiedAndStaysThere) {
+  disk_.write("other.xml", "<o><b x='1'><c> 2 </c></b><!--d-->e</o>");
+  auto other = adapters_->xml().createDocument();
+  ASSERT_TRUE(other->load("C:\\other.xml"));
+  const std::string otherTree = describeTree(other->documentElement());
+  const XmlNode a = load("<a/>");
+  for (const XmlNode& child : other->documentElement().children()) {
+    a.append(document_->copyOf(child));
+  }
+
+  EXPECT_EQ(describeTree(other->documentElement()), otherTree);
+  other.reset();
+  EXPECT_EQ(saved(), "<a><b x=\"1\"><c> 2 </c></b><!--d-->e</a>\r\n");
+}
+
+TEST_F(XmlContract, ACopyDeclaresTheNamespacesThatItUses) {
+  disk_.write("other.xml", "<o xmlns:q='urn:q' xmlns:r='urn:r' xmlns:s='urn:s'><q:b r:x='1'/></o>");
+  const auto other = adapters_->xml().createDocument();
+  ASSERT_TRUE(other->load("C:\\other.xml"));
+  const XmlNode a = load("<a/>");
+  a.append(document_->copyOf(other->documentElement().firstChild()));
+
+  const std::string bytes = saved();
+  EXPECT_THAT(bytes, Not(HasSubstr("urn:s")));
+  ASSERT_TRUE(load(bytes));
+  EXPECT_EQ(document_->select("a/*[namespace-uri()='urn:q']/@*[namespace-uri()='urn:r']").text(),
+            "1");
+}
+
+TEST_F(XmlContract, ACopyKeepsTheDeclarationsInsideIt) {
+  disk_.write("other.xml", "<o><b xmlns='urn:b'><c xmlns:q='urn:q' q:x='1'/></b></o>");
+  const auto other = adapters_->xml().createDocument();
+  ASSERT_TRUE(other->load("C:\\other.xml"));
+  const XmlNode a = load("<a/>");
+  a.append(document_->copyOf(other->documentElement().firstChild()));
+
+  ASSERT_TRUE(load(saved()));
+  EXPECT_THAT(document_->selectAll("a/*[namespace-uri()='urn:b']/*[namespace-uri()='urn:b']"),
+              SizeIs(1));
+  EXPECT_EQ(document_->select("//@*[namespace-uri()='urn:q']").text(), "1");
+}
+
+TEST_F(XmlContract, ANodeThatStandsNowhereCanBeCopied) {
+  const XmlNode a = load("<a/>");
+  const XmlNode b = document_->createElement("b");
+  b.setText("1");
+  a.append(document_->copyOf(b));
+  a.append(b);
+
+  EXPECT_EQ(saved(), "<a>\r\n\t<b>1</b>\r\n\t<b>1</b>\r\n</a>\r\n");
+}
+
+TEST_F(XmlContract, TextCanBeCopied) {
+  const XmlNode a = load("<a>1\r\n2<b/></a>");
+  a.append(document_->copyOf(a.firstChild()));
+
+  EXPECT_EQ(a.text(), "1\n21\n2");
+}
+
+TEST_F(XmlContract, AnAttributeIsNotCopiedNorIsNoNode) {
+  const XmlNode a = load("<a x='1'/>");
+
+  EXPECT_EQ(errorRaisedBy([&] { (void)document_->copyOf(a.attribute("x")); }), kInvalidCall);
+  EXPECT_EQ(errorRaisedBy([&] { (void)document_->copyOf(XmlNode()); }), 91);
+}
+
+TEST_F(XmlContract, AnyDocumentsRootCanBeCopiedIntoAnother) {
+  constexpr unsigned kDocuments = 50;
+  for (unsigned seed = 0; seed < kDocuments; ++seed) {
+    const std::string bytes = randomXml(seed);
+    SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + bytes);
+    disk_.write("other.xml", bytes);
+    const auto other = adapters_->xml().createDocument();
+    ASSERT_TRUE(other->load("C:\\other.xml"));
+    const XmlNode a = load("<a/>");
+    a.append(document_->copyOf(other->documentElement()));
+
+    ASSERT_EQ(describeTree(a.firstChild()), describeTree(other->documentElement()));
+    ASSERT_TRUE(load(saved()));
+    ASSERT_EQ(describeTree(document_->documentElement().firstChild()),
+              describeTree(other->documentElement()));
+  }
+}
+
 // Saving
 
 TEST_F(XmlContract, ADocumentIsLaidOutAnewWithTabsAndCrLf) {
@@ -782,6 +894,14 @@ TEST_F(XmlContract, WhiteSpaceThatIsAllAnElementHasIsKept) {
 TEST_F(XmlContract, WhiteSpaceThatIsToBePreservedIs) {
   EXPECT_EQ(savedAfterLoading("<a> <b xml:space='preserve'> <c/><d> <e/></d></b></a>"),
             "<a>\r\n\t<b xml:space=\"preserve\"> <c/><d> <e/></d></b>\r\n</a>\r\n");
+}
+
+TEST_F(XmlContract, AnElementThatIsToldToPreserveWhiteSpaceGetsNone) {
+  const XmlNode b = load("<a><b/></a>").child("b");
+  b.setAttribute("xml:space", "preserve");
+  b.append(document_->createElement("c"));
+
+  EXPECT_EQ(saved(), "<a>\r\n\t<b xml:space=\"preserve\"><c/></b>\r\n</a>\r\n");
 }
 
 TEST_F(XmlContract, AnElementThatHadOnlyWhiteSpaceIsLaidOutWithItsFirstChild) {

@@ -36,6 +36,7 @@ std::vector<std::string> ScriptedUserInterface::recordWithoutProgress() const {
 void ScriptedUserInterface::forget() {
   record_.clear();
   messages_.clear();
+  captions_.clear();
 }
 
 void ScriptedUserInterface::show(const UserMessage& message) {
@@ -66,6 +67,9 @@ void ScriptedUserInterface::showModal(ModalForm& form) {
 void ScriptedUserInterface::showProgress(const ProgressView& view) {
   record_.push_back("progress " + std::to_string(view.value) + "/" + std::to_string(view.maximum) +
                     " " + view.status);
+  if (captions_.empty() || captions_.back() != view.caption) {
+    captions_.push_back(view.caption);
+  }
 }
 
 void ScriptedUserInterface::hideProgress() {

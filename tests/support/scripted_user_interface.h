@@ -28,6 +28,8 @@ class ScriptedUserInterface final : public UserInterface {
   /// The record without its progress lines.
   [[nodiscard]] std::vector<std::string> recordWithoutProgress() const;
   [[nodiscard]] std::vector<UserMessage> messages() const { return messages_; }
+  /// The captions that the progress window had, one after the other.
+  [[nodiscard]] const std::vector<std::string>& progressCaptions() const { return captions_; }
   /// Adds a line of the test's own, to see where in the order something else happened.
   void note(std::string line) { record_.push_back(std::move(line)); }
   void forget();
@@ -47,6 +49,7 @@ class ScriptedUserInterface final : public UserInterface {
   std::deque<Answer> answers_;
   std::vector<std::string> record_;
   std::vector<UserMessage> messages_;
+  std::vector<std::string> captions_;
   bool failNextShow_ = false;
   bool clipboardIsLocked_ = false;
 };

@@ -18,6 +18,11 @@ ProgressView designTimeView() {
 
 frmProgBar::frmProgBar(UserInterface& ui) : ui_(ui), view_(designTimeView()) {}
 
+void frmProgBar::setCaption(std::string caption) {
+  view_.caption = std::move(caption);
+  refresh();
+}
+
 void frmProgBar::setMaximum(std::int32_t maximum) {
   view_.maximum = maximum;
   refresh();

@@ -12,6 +12,7 @@ class frmProgBar {
  public:
   explicit frmProgBar(UserInterface& ui);
 
+  void setCaption(std::string caption);
   void setMaximum(std::int32_t maximum);
   void setValue(std::int32_t value);
   void setStatus(std::string status);

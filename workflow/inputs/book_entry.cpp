@@ -1,62 +1,30 @@
 #include "workflow/inputs/book_entry.h"
 
-#include <string_view>
+#include <vector>
 
 #include "bookxml/names.h"
-#include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
+#include "workflow/inputs/catalogue_entry.h"
 
 namespace quorbind {
 
 namespace {
 
-XmlNode appendElement(XmlDocument& document,
-                      const XmlNode& parent,
-                      std::string_view name,
-                      std::string_view text) {
-  XmlNode element = document.createElement(name);
-  element.setText(text);
-  parent.append(element);
-  return element;
-}
-
-void appendCategories(XmlDocument& document, const XmlNode& parent, const std::string& category) {
-  const std::string_view separator = contains(category, ";")   ? ";"
-                                     : contains(category, ",") ? ","
-                                                               : "";
-  if (!separator.empty()) {
-    for (const std::string_view entry : Pieces(category, separator)) {
-      appendElement(document, parent, catalogue_names::kCategory, trimBlanks(entry));
-    }
-  } else if (!category.empty()) {
-    appendElement(document, parent, catalogue_names::kCategory, category);
+/// A category that is the only one keeps its blanks.
+std::vector<std::string> categoriesIn(const std::string& category) {
+  const Pieces entries = listEntries(category);
+  std::vector<std::string> categories;
+  for (const std::string_view entry : entries) {
+    categories.emplace_back(entries.count() == 1 ? entry : trimBlanks(entry));
   }
+  return categories;
 }
 
 const std::string& acronymOfBookFile(const ProcessState& state) {
   return state.recordedXmlAcro.empty() ? state.currentBookAcro : state.recordedXmlAcro;
-}
-
-XmlNode makeEntry(XmlDocument& document,
-                  Module& module,
-                  const std::string& productName,
-                  const std::string& bookFolder,
-                  const std::string& category) {
-  using namespace catalogue_names;
-  const ProcessState& state = module.state;
-  const auto rules = module.platform.toolset.createXmlTextRules();
-
-  XmlNode book = document.createElement(kBook);
-  appendElement(document, book, kName, rules->mstrCheckSpecialCharecters(state.currentBookName));
-  appendElement(document, book, kAcro, rules->mstrCheckSpecialCharecters(state.currentBookAcro));
-  appendElement(document, book, kKey, productName).setAttribute(kKeyId, "");
-  appendElement(document, book, kFolder, bookFolder);
-  appendElement(document, book, kBookFile, book_names::fileOf(acronymOfBookFile(state)));
-  appendCategories(document, appendElement(document, book, kCategories, ""), category);
-  return book;
 }
 
 }  // namespace
@@ -67,15 +35,18 @@ void mbAddBookTocForBook(Module& module,
                          const std::string& bookFolder,
                          const std::string& category) {
   trapped(module.platform.ui, source::kAddBookTocForBook, [&] {
+    const ProcessState& state = module.state;
     const auto document = module.platform.xml.createDocument();
     document->load(cataloguePath);
-    const XmlNode book = makeEntry(*document, module, productName, bookFolder, category);
-    for (const XmlNode& child : document->documentElement().children()) {
-      if (child.name() == catalogue_names::kBooks) {
-        child.append(book);
-        break;
-      }
-    }
+    const auto rules = module.platform.toolset.createXmlTextRules();
+    appendEntry(*document,
+                {.name = rules->mstrCheckSpecialCharecters(state.currentBookName),
+                 .acronym = rules->mstrCheckSpecialCharecters(state.currentBookAcro),
+                 .product = productName,
+                 .folder = bookFolder,
+                 .file = book_names::fileOf(acronymOfBookFile(state)),
+                 .fileType = std::nullopt,
+                 .categories = categoriesIn(category)});
     document->save(cataloguePath);
   });
 }

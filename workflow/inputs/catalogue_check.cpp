@@ -11,14 +11,9 @@ namespace quorbind {
 
 namespace {
 
-/// The query for the books whose child `element` is `value`.
-std::string bookBy(std::string_view element, std::string_view value) {
-  return std::string(catalogue_names::kBookPath)
-      .append("[")
-      .append(element)
-      .append(" = ")
-      .append(quotedForQuery(value, '\''))
-      .append("]");
+/// The first book whose child `element` is `value`.
+XmlNode findBook(const XmlDocument& catalogue, std::string_view element, std::string_view value) {
+  return catalogue.select(elementsWith(catalogue_names::kBookPath, element, value, '\''));
 }
 
 void tellOfDuplicate(Module& module, Message what, const std::string& value) {
@@ -41,7 +36,7 @@ void checkAgainst(const XmlDocument& catalogue,
                   Module& module,
                   const Searched& name,
                   Searched acronym) {
-  if (catalogue.select(bookBy(catalogue_names::kName, name.stored))) {
+  if (findBook(catalogue, catalogue_names::kName, name.stored)) {
     tellOfDuplicate(module, Message::kErrorBookName, name.passed);
     askAgain(module, name.passed, acronym.passed);
     if (module.state.cancelled) {
@@ -51,7 +46,7 @@ void checkAgainst(const XmlDocument& catalogue,
       acronym = {module.state.currentBookAcro, module.state.currentBookAcro};
     }
   }
-  if (catalogue.select(bookBy(catalogue_names::kAcro, acronym.stored))) {
+  if (findBook(catalogue, catalogue_names::kAcro, acronym.stored)) {
     tellOfDuplicate(module, Message::kErrorBookAcro, acronym.passed);
     askAgain(module, "", "");
   }

@@ -159,6 +159,10 @@ TEST(ErrorSources, ReadAsTheyWerePublished) {
       {source::kQuickSort, kSourceLine, "Quorbind:Quor_Developer-frmSelPrjTypetoAdd::mQuickSort"},
       {source::kBubbleSort, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::bubbleSort"},
       {source::kPartition, kSourceLine, "Quor_Developer-frmSelPrjTypetoAdd::mlPartition"},
+      {source::kQuorLocation, kSourceLine, "Quorbind:Book_Config::strQuorLoacation"},
+      {source::kQuorNames, kSourceLine, "Quorbind:Book_Config::QuorNames"},
+      {source::kBookInfo, kSourceLine, "Quorbind:Book_Config::BookInfo"},
+      {source::kCategorieInfo, kSourceLine, "Quorbind:Book_Config::CategorieInfo"},
       {source::kDeleteNode, kSourceLine, "Quorbind:Book_Config::DeleteNode"},
       {source::kAddBookCateToXmlFile,
        kTightSourceLine,
@@ -217,6 +221,16 @@ TEST(ErrorSources, ReadAsTheyWerePublished) {
        kSourceLine,
        "Quorbind: Quor_Book::AddLinkIDInfo",
        MessageIcon::kNone},
+      {source::kUpdateBookNameAcro, kSourceLine, "Quorbind:Book_Config::UpdateBookNameAcro"},
+      {source::kSetMatchingBookInfo, kSourceLine, "Quorbind:Book_Config::msetMatchingBokkIno"},
+      {source::kMatchingBooksInfo, kSourceLine, "Quorbind:Book_Config::strMatchingBooksInfo"},
+      {source::kSetQuorBookProperties, kSourceLine, "Quorbind:Book_Config::mserQuorBookProperties"},
+      {source::kSetQuorProperties, kSourceLine, "Quorbind:Book_Config::msetQuorProperties"},
+      {source::kSetBookProperties, kSourceLine, "Quorbind:Book_Config::msetBookProperties"},
+      {source::kSetBookCategories, kSourceLine, "Quorbind:Book_Config::msetBookCategories"},
+      {source::kCreateQuorBookNodeForSEntry,
+       kSourceLine,
+       "Quorbind:Book_Config::CreateQuorBookNodeForSEntry"},
   };
   for (const Published& row : published) {
     EXPECT_EQ(row.source.text, row.text);

@@ -67,6 +67,26 @@ TEST(PiecesOfAText, RaiseErrorNineWhenNotThere) {
   EXPECT_EQ(errorRaisedBy([] { static_cast<void>(Pieces("", ";").last()); }), 9);
 }
 
+std::vector<std::string> entriesOf(std::string_view list) {
+  const Pieces entries = listEntries(list);
+  return {entries.begin(), entries.end()};
+}
+
+TEST(EntriesOfAList, AreSeparatedBySemicolonsAndElseByCommas) {
+  EXPECT_THAT(entriesOf("Alarms; Trends ;a,b"), ElementsAre("Alarms", " Trends ", "a,b"));
+  EXPECT_THAT(entriesOf("Alarms, Trends"), ElementsAre("Alarms", " Trends"));
+}
+
+TEST(EntriesOfAList, AreEmptyBetweenNeighbouringSeparators) {
+  EXPECT_THAT(entriesOf(";"), ElementsAre("", ""));
+  EXPECT_THAT(entriesOf("a,,b,"), ElementsAre("a", "", "b", ""));
+}
+
+TEST(EntriesOfAList, AreTheTextItselfWithoutASeparatorAndNoneOfAnEmptyOne) {
+  EXPECT_THAT(entriesOf(" Alarms and events "), ElementsAre(" Alarms and events "));
+  EXPECT_THAT(entriesOf(""), IsEmpty());
+}
+
 TEST(PiecesOfAText, AreCountedWithoutBeingCut) {
   EXPECT_EQ(countPieces("", ";"), 0U);
   EXPECT_EQ(countPieces("a", ";"), 1U);

@@ -31,6 +31,24 @@ TEST(QuotedForQuery, RefusesAValueThatNoDocumentCanHold) {
   EXPECT_EQ(quotedForQuery("a\tb\r\n\xEF\xBF\xBD", '\''), "'a\tb\r\n\xEF\xBF\xBD'");
 }
 
+TEST(AQueryByAChild, NamesThePathTheChildAndItsText) {
+  EXPECT_EQ(elementsWith("Books/Book", "Name", "Driver's", '"'), "Books/Book[Name=\"Driver's\"]");
+  EXPECT_EQ(elementsWith("Books/Book", "Name", "a\"b", '\''), "Books/Book[Name='a\"b']");
+}
+
+TEST(AQueryByAChild, CanBeNarrowedAndLedFurther) {
+  EXPECT_EQ(
+      childrenOf(elementsWith(elementsWith("Book", "Name", "A", '"'), "Acro", "1", '\''), "Key"),
+      "Book[Name=\"A\"][Acro='1']/Key");
+}
+
+TEST(AQueryByAChild, RefusesATextThatHoldsTheQuote) {
+  EXPECT_EQ(errorRaisedBy([] { (void)elementsWith("Book", "Name", "a\"b", '"'); }),
+            kInvalidQueryError);
+  EXPECT_EQ(errorRaisedBy([] { (void)elementsWith("Book", "Name", "a'b", '\''); }),
+            kInvalidQueryError);
+}
+
 }  // namespace
 
 }  // namespace quorbind::testing

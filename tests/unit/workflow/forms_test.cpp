@@ -234,10 +234,20 @@ TEST(ProgressForm, ForgetsWhatItShowedWhenItIsUnloaded) {
   ScriptedUserInterface user;
   frmProgBar form(user);
   form.setStatus("Working");
+  form.setCaption("Configuring");
   form.unload();
   user.forget();
   form.show();
   EXPECT_THAT(user.record(), ElementsAre("progress 0/100 "));
+  EXPECT_THAT(user.progressCaptions(), ElementsAre("Quor TOC"));
+}
+
+TEST(ProgressForm, TakesAnotherCaptionWhileItIsOnScreen) {
+  ScriptedUserInterface user;
+  frmProgBar form(user);
+  form.show();
+  form.setCaption("Configuring");
+  EXPECT_THAT(user.progressCaptions(), ElementsAre("Quor TOC", "Configuring"));
 }
 
 }  // namespace

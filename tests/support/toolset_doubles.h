@@ -1,0 +1,75 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/toolset.h"
+
+namespace quorbind::testing {
+
+/// A tool set in which a test has put components of its own.
+class ToolsetWithDoubles final : public Toolset {
+ public:
+  using Copying = std::function<bool(const std::string& destination,
+                                     const std::string& source,
+                                     int reservedOverwrite,
+                                     int reservedDialog)>;
+
+  /// Kept by reference; makes every component that no double stands in for.
+  explicit ToolsetWithDoubles(Toolset& toolset) : toolset_(toolset) {}
+
+  /// The server's root from now on, just as it is given.
+  void setServer(std::string root) { server_ = std::move(root); }
+  /// What copying does from now on.
+  void setCopying(Copying copying) { copying_ = std::move(copying); }
+
+  std::unique_ptr<LibraryServices> createLibraryServices() override {
+    return server_ ? std::make_unique<Services>(*server_) : toolset_.createLibraryServices();
+  }
+  std::unique_ptr<XmlTextRules> createXmlTextRules() override {
+    return toolset_.createXmlTextRules();
+  }
+  std::unique_ptr<LinkFileServices> createLinkFileServices() override {
+    return toolset_.createLinkFileServices();
+  }
+  std::unique_ptr<ProductServices> createProductServices() override {
+    return toolset_.createProductServices();
+  }
+  std::unique_ptr<FileCopy> createFileCopy() override {
+    return copying_ ? std::make_unique<Copier>(copying_) : toolset_.createFileCopy();
+  }
+
+ private:
+  class Services final : public LibraryServices {
+   public:
+    explicit Services(std::string root) : root_(std::move(root)) {}
+    std::string GetQuorServer() override { return root_; }
+
+   private:
+    std::string root_;
+  };
+
+  class Copier final : public FileCopy {
+   public:
+    explicit Copier(Copying copying) : copying_(std::move(copying)) {}
+    bool mbCopyFiles(std::string_view destination,
+                     std::string_view source,
+                     int reservedOverwrite,
+                     int reservedDialog) override {
+      return copying_(
+          std::string(destination), std::string(source), reservedOverwrite, reservedDialog);
+    }
+
+   private:
+    Copying copying_;
+  };
+
+  Toolset& toolset_;
+  std::optional<std::string> server_;
+  Copying copying_;
+};
+
+}  // namespace quorbind::testing
