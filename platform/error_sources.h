@@ -127,55 +127,6 @@ inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDu
 inline constexpr ErrorSource kAddLinkIdInfo{
     "Quorbind: Quor_Book::AddLinkIDInfo", ErrorWording::kSourceLine, MessageIcon::kNone};
 
-// Categories.
-inline constexpr ErrorSource kAddBookCateToXmlFile{"Quorbind-Book_Config::AddBookCateToXMLFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCreateBookCateXmlFile{"Quorbind-Book_Config::CreateBookCateXMLFile",
-                                                    ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kGenerateCategoryTag{"ctlBooksTab::GenerateXML Tag"};
-inline constexpr ErrorSource kGetBookAcroInfo{
-    "Quorbind::Book_Config-GetBookAcroInfo", ErrorWording::kUnderTitle, MessageIcon::kInformation};
-inline constexpr ErrorSource kGetBookAcroValue{
-    "Quorbind::Book_Config-GetBookAcroValue", ErrorWording::kUnderTitle, MessageIcon::kInformation};
-inline constexpr ErrorSource kAddBookAcro{
-    "Quorbind::Book_Config-AddBookAcro", ErrorWording::kUnderTitle, MessageIcon::kInformation};
-inline constexpr ErrorSource kAddOtherCategory{"Quorbind::Book_Config-AddOtherCategoryBookAcro",
-                                               ErrorWording::kUnderTitle,
-                                               MessageIcon::kInformation};
-inline constexpr ErrorSource kEditBookCateToXmlFile{"Quorbind::Book_Config - EditBookCateToXMLFile",
-                                                    ErrorWording::kWideSourceLine,
-                                                    MessageIcon::kNone};
-inline constexpr ErrorSource kCheckIfDefaultCategory{
-    "Quorbind::Book_Config - bCheckIfDefaultCategory",
-    ErrorWording::kWideSourceLine,
-    MessageIcon::kNone};
-inline constexpr ErrorSource kCheckCategoryInQuorBookCategories{
-    "Quorbind::Book_Config - bCheckCategoryinQuorBookCategories",
-    ErrorWording::kWideSourceLine,
-    MessageIcon::kNone};
-inline constexpr ErrorSource kAddCategoryNode{
-    "AddCategoryNode of Class Module Quor_Book", ErrorWording::kInProcedure, MessageIcon::kNone};
-inline constexpr ErrorSource kSortArray{"Quorbind:Global_Variables::SortArray"};
-
-// Search keywords. Renaming one reports under the name of adding one.
-inline constexpr ErrorSource kAddKeywordsToXmlFile{"Quorbind-Quor_Book::AddKeywordsToXmlFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCreateKeywordXmlFile{"Quorbind-Quor_Book::CreateKeywordXmlFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kAddKeywords{
-    "AddKeywords of User Control ctlBooksTab", ErrorWording::kInProcedure, MessageIcon::kNone};
-inline constexpr ErrorSource kCheckXmlCharacters{"Quor_Developer-ctlBooksTab::CheckXMLCharacters",
-                                                 ErrorWording::kTightSourceLine};
-
-// Link identifiers.
-inline constexpr ErrorSource kAddToLinkIdFile{"Quorbind-Quor_Book::AddToLinkIDFile",
-                                              ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCheckBookLink{"Quorbind: Quor_Book::mstrCheckBookLink"};
-inline constexpr ErrorSource kGenerateBookLinkId{"Quorbind: Quor_Book::GenerateBookLinkID"};
-inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDuplicateLinkID"};
-inline constexpr ErrorSource kAddLinkIdInfo{
-    "Quorbind: Quor_Book::AddLinkIDInfo", ErrorWording::kSourceLine, MessageIcon::kNone};
-
 }  // namespace source
 
 }  // namespace quorbind

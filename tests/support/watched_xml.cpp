@@ -40,6 +40,7 @@ class WatchedXml::Document final : public XmlDocument {
   [[nodiscard]] XmlNode createElement(std::string_view name) override {
     return document_->createElement(name);
   }
+  [[nodiscard]] XmlNode copyOf(const XmlNode& node) override { return document_->copyOf(node); }
 
  private:
   WatchedXml& library_;
