@@ -138,7 +138,7 @@ void AddBookAcro(const Platform& platform,
 }
 
 void Addothercategory(const Platform& platform,
-                      ProcessState& state,
+                      const ProcessState& state,
                       const std::string& vstrCateName,
                       const TextArray& vstrothCateBookAcro,
                       const std::string& vstrCategoryPath) {

@@ -44,7 +44,7 @@ void AddBookAcro(const Platform& platform,
 /// of acronyms that it had at the beginning: so the array must be at least as long as that number
 /// (else 9), and entries come out repeated. Hosts rely on what this leaves behind.
 void Addothercategory(const Platform& platform,
-                      ProcessState& state,
+                      const ProcessState& state,
                       const std::string& vstrCateName,
                       const TextArray& vstrothCateBookAcro,
                       const std::string& vstrCategoryPath);

@@ -122,7 +122,10 @@ const TextArray& acronymsOf(const Platform& platform,
 class Rebuild {
  public:
   /// Kept by reference.
-  Rebuild(const Platform& platform, ProcessState& state, CategoryFile& file, const Filings& filings)
+  Rebuild(const Platform& platform,
+          const ProcessState& state,
+          CategoryFile& file,
+          const Filings& filings)
       : platform_(platform), state_(state), file_(file), filings_(filings) {}
 
   void run(std::span<const std::string> names) {
@@ -177,7 +180,7 @@ class Rebuild {
   }
 
   const Platform& platform_;
-  ProcessState& state_;
+  const ProcessState& state_;
   CategoryFile& file_;
   const Filings& filings_;
 };
@@ -185,7 +188,7 @@ class Rebuild {
 }  // namespace
 
 TextArray GetBookAcroValue(const Platform& platform,
-                           ProcessState& state,
+                           const ProcessState& state,
                            const std::string& vstrCateName,
                            const std::string& vstrQuorTOcPath) {
   return trapped(platform.ui, source::kGetBookAcroValue, TextArray(), [&] {

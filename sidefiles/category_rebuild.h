@@ -15,7 +15,7 @@ namespace quorbind {
 /// element 0; a book that names it twice comes twice. The books that name no category at all are
 /// filed under "Other Category" of the current categories file on the way.
 TextArray GetBookAcroValue(const Platform& platform,
-                           ProcessState& state,
+                           const ProcessState& state,
                            const std::string& vstrCateName,
                            const std::string& vstrQuorTOcPath);
 

@@ -66,7 +66,7 @@ class KeywordList {
 }  // namespace
 
 void AddKeywords(const Platform& platform,
-                 ProcessState& state,
+                 const ProcessState& state,
                  const TextArray& vstrArrKeywords,
                  const std::string& vstrKeywordsPath) {
   trapped(platform.ui, source::kAddKeywords, [&] {

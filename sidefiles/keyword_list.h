@@ -16,7 +16,7 @@ namespace quorbind {
 /// storedKeyword gives them, in the way of AddKeywordsToXmlFile and with its boxes, in one reading
 /// and one writing of the file.
 void AddKeywords(const Platform& platform,
-                 ProcessState& state,
+                 const ProcessState& state,
                  const TextArray& vstrArrKeywords,
                  const std::string& vstrKeywordsPath);
 

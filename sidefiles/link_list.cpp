@@ -41,18 +41,27 @@ void LinkIdentifierList::record(const std::string& identifier,
 }
 
 bool LinkIdentifierList::isReady() {
-  const auto succeeds = [](const auto& step) { return ignoringErrors(step) == 0; };
-  return (file_ || succeeds([this] { findFile(); })) && file_->load() &&
-         (others_ || succeeds([this] { readOthers(); }));
+  bool isLoaded = false;
+  ignoringErrors([&] {
+    requireFile();
+    isLoaded = file_->load();
+  });
+  return isLoaded && ignoringErrors([this] { requireOthers(); }) == 0;
 }
 
-void LinkIdentifierList::findFile() {
+void LinkIdentifierList::requireFile() {
+  if (file_) {
+    return;
+  }
   path_ = linkFileOf(platform_.toolset, state_.currentProductName);
   file_.emplace(platform_, path_);
   changes_.emplace(*file_);
 }
 
-void LinkIdentifierList::readOthers() {
+void LinkIdentifierList::requireOthers() {
+  if (others_) {
+    return;
+  }
   OtherProducts others;
   for (const std::string& path : productLinkFiles(platform_)) {
     if (platform_.files.sameFile(path, path_)) {

@@ -44,8 +44,8 @@ class LinkIdentifierList {
 
   /// Whether everything that the list compares with is in memory; one item alone may mend it.
   [[nodiscard]] bool isReady();
-  void findFile();
-  void readOthers();
+  void requireFile();
+  void requireOthers();
   [[nodiscard]] bool isTaken(const std::string& identifier);
   void recordAlone(std::size_t which);
   /// As ListedChanges::settle.

@@ -7,7 +7,9 @@
 namespace quorbind {
 
 void ListedChanges::make(const Change& change, Alone alone) {
-  if (!file_.load()) {
+  bool isLoaded = false;
+  ignoringErrors([&] { isLoaded = file_.load(); });
+  if (!isLoaded) {
     alone();
     return;
   }

@@ -16,6 +16,7 @@
 
 namespace quorbind {
 
+/// The changes of one list to one file.
 class ListedChanges {
  public:
   /// Changes the document and answers whether it has to be saved. An error must leave the document

@@ -5,9 +5,12 @@
 namespace quorbind {
 
 SideFile::SideFile(const Platform& platform, std::string path)
-    : platform_(platform), path_(std::move(path)), document_(platform.xml.createDocument()) {}
+    : platform_(platform), path_(std::move(path)) {}
 
 bool SideFile::load() {
+  if (document_ == nullptr) {
+    document_ = platform_.xml.createDocument();
+  }
   if (!loaded_) {
     loaded_ = document_->load(path_).loaded;
   }
@@ -25,7 +28,7 @@ void SideFile::save() {
 
 void SideFile::forget() {
   dropIndex();
-  document_ = platform_.xml.createDocument();
+  document_.reset();
   loaded_ = false;
 }
 

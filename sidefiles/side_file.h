@@ -19,7 +19,7 @@ class SideFile {
   SideFile& operator=(const SideFile&) = delete;
 
   /// Reads the file, unless it is in memory already. False when it is not there or does not load;
-  /// the document is then empty.
+  /// the document is then empty. Everything else comes after this.
   bool load();
   /// Writes the document to the file. Raises as XmlDocument::save does, and what is in memory is
   /// then forgotten, because the file is no longer like it.
@@ -36,6 +36,7 @@ class SideFile {
  private:
   const Platform& platform_;
   std::string path_;
+  /// Made by the first `load`.
   std::unique_ptr<XmlDocument> document_;
   bool loaded_ = false;
 };
