@@ -9,9 +9,12 @@
 #include "cli/prepared_toc.h"
 #include "cli/toc_survey.h"
 #include "platform/abandoned.h"
+#include "platform/error_sources.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 #include "resources/form_layouts.h"
+#include "sidefiles/keyword_rules.h"
+#include "sidefiles/names.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
 #include "workflow/inputs/input_check.h"
@@ -20,6 +23,7 @@ namespace quorbind {
 
 namespace {
 
+constexpr std::string_view kListSeparator = ";";
 constexpr std::string_view kNothingAdded = "nothing was added";
 constexpr std::string_view kNotWritten = " could not be written";
 /// In bytes, of a file or a folder, on the file systems in use.
@@ -88,6 +92,8 @@ ExitStatus Addition::addBook() {
   }
   requireFolderInLibrary();
   requireNamesThatFit();
+  considerCategories();
+  requireUsableSideFiles();
   return judge(callComponent(kind == TocCheck::kText ? readyToc(toc) : toc.path, kind));
 }
 
@@ -112,7 +118,67 @@ bool Addition::flagsAreAccepted() {
     scratch.bookFolder.type("Text1", *arguments_.folder);
     scratch.bookFolder.click("cmdOk");
   }
-  return wiring_.ui.shown().size() == boxes;
+  return wiring_.ui.shown().size() == boxes && keywordsAreAccepted();
+}
+
+/// The component would leave the refused keywords out and add the book.
+bool Addition::keywordsAreAccepted() {
+  for (const std::string_view keyword : Pieces(arguments_.keywords, kListSeparator)) {
+    if (const auto fault = findKeywordFault(keyword)) {
+      wiring_.ui.show(fault->box);
+      return false;
+    }
+  }
+  return true;
+}
+
+/// Making the categories file replaces the one that stands there with all that is filed in it, and
+/// without the defaults it would have no root.
+void Addition::considerCategories() {
+  const auto tell = [this](const std::string& text) {
+    wiring_.ui.show({.text = text, .icon = MessageIcon::kInformation});
+  };
+  const bool isThere = wiring_.files.fileExists(library_.bookCategories);
+  const std::string& defaults = library_.defaultCategories;
+  if (arguments_.createCategories && isThere) {
+    tell("--create-categories is not used: the library has a categories file");
+  } else if (arguments_.createCategories) {
+    const XmlLoadResult result = wiring_.xml.createDocument()->load(defaults);
+    createsCategories_ = result.loaded;
+    if (!result) {
+      tell(std::string("--create-categories is not used: ") + loadFailure(defaults, result).what());
+    }
+  }
+  if (!arguments_.categories.empty() && !isThere && !createsCategories_) {
+    tell("--categories is not used: the library has no categories file");
+  }
+}
+
+/// Does what recording will do to the side files, without an effect: the component says nothing of
+/// a categories file that does not load, and too little of the other.
+void Addition::requireUsableSideFiles() {
+  if (!arguments_.keywords.empty()) {
+    requireUsableSideFile(library_.searchKeywords, keyword_names::kBooks);
+  }
+  if (!arguments_.categories.empty()) {
+    requireUsableSideFile(library_.bookCategories, category_names::kSet);
+  }
+}
+
+void Addition::requireUsableSideFile(const std::string& path, std::string_view root) {
+  const std::string name = nativeName(path);
+  if (wiring_.files.fileExists(path)) {
+    requireReadable(wiring_.files, path, name);
+    const auto document = wiring_.xml.createDocument();
+    if (const XmlLoadResult result = document->load(path); !result) {
+      throw loadFailure(path, result);
+    }
+    if (!document->select(root)) {
+      throw CommandFailure(ExitStatus::kNotParseable,
+                           name + ": the element " + std::string(root) + " is missing");
+    }
+  }
+  writing(name, [&] { static_cast<void>(wiring_.files.replace(path)); });
 }
 
 /// The folder dialog lets names like `..` pass, which a person would not type by mistake.
@@ -193,12 +259,15 @@ void Addition::requireFreeBookFile(const std::string& tocPath, const std::string
 
 bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
   const bool spared = formIsSpared(arguments_);
+  // In the form in which the catalogue has it and by which the keywords are found; the dialog gives
+  // the same.
+  const auto rules = wiring_.toolset.createXmlTextRules();
   Quor_Book book(wiring_.module, this);
   return book.Book_Valuator(tocPath,
                             library_.catalogue,
                             kind,
                             arguments_.place.library,
-                            spared ? *arguments_.name : "",
+                            spared ? rules->mstrCheckSpecialCharecters(*arguments_.name) : "",
                             spared ? *arguments_.acronym : "",
                             arguments_.category,
                             library_.searchKeywords,
@@ -207,7 +276,7 @@ bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
                             arguments_.categories,
                             library_.searchKeywords,
                             arguments_.installType,
-                            arguments_.createCategories,
+                            createsCategories_,
                             library_.docsFolder);
 }
 
@@ -220,15 +289,15 @@ ExitStatus Addition::judge(bool finished) {
   if (books.size() <= booksBefore_.size()) {
     return judgeWithoutEntry(finished);
   }
-  const CatalogueEntry& book = books.back();
+  const ListedBook& book = books.back();
   if (!wiring_.toolset.lastCopyArrived() || !wiring_.files.fileExists(bookFileOf(library_, book))) {
     takeOut(book, books);
     return ExitStatus::kWriteFailed;
   }
   describeBook(book);
   if (wasWriteErrorShown()) {
-    report_.note = "the book was added, but " + nativeName(bookFileOf(library_, book)) +
-                   std::string(kNotWritten);
+    report_.note =
+        "the book was added, but " + nativeName(fileOfWriteError(book)) + std::string(kNotWritten);
     return ExitStatus::kWriteFailed;
   }
   report_.note.clear();
@@ -258,8 +327,8 @@ std::string Addition::generatedFile() const {
 
 /// Takes the entry of a book whose file did not arrive out again. Entries are found by their name,
 /// so one whose name another book has stays: the other's would go.
-void Addition::takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books) {
-  const auto hasItsName = [&book](const CatalogueEntry& other) { return other.name == book.name; };
+void Addition::takeOut(const ListedBook& book, const std::vector<ListedBook>& books) {
+  const auto hasItsName = [&book](const ListedBook& other) { return other.name == book.name; };
   if (std::count_if(books.begin(), books.end(), hasItsName) == 1) {
     Book_Config(wiring_.module).DeleteQuorNode(library_.catalogue, book.name);
   }
@@ -271,7 +340,7 @@ void Addition::takeOut(const CatalogueEntry& book, const std::vector<CatalogueEn
                            readableName(book.acronym) + " is left in the catalogue without it";
 }
 
-void Addition::describeBook(const CatalogueEntry& book) {
+void Addition::describeBook(const ListedBook& book) {
   report_.added = true;
   report_.book = book;
   BookDocuments documents = findDocuments(wiring_.module.platform, bookFileOf(library_, book));
@@ -299,6 +368,24 @@ bool Addition::wasWriteErrorShown() const {
   return std::any_of(boxes.begin(), boxes.end(), [](const ShownMessage& box) {
     return isWriteError(box.errorNumber);
   });
+}
+
+/// The file that the first write error was about; the operation that reports it tells which.
+std::string Addition::fileOfWriteError(const ListedBook& book) const {
+  const auto& boxes = wiring_.ui.shown();
+  const auto box = std::find_if(boxes.begin(), boxes.end(), [](const ShownMessage& shown) {
+    return isWriteError(shown.errorNumber);
+  });
+  const auto isFrom = [&box](const ErrorSource& source) {
+    return contains(box->text, source.text);
+  };
+  if (isFrom(source::kAddKeywordsToXmlFile) || isFrom(source::kCreateKeywordXmlFile)) {
+    return library_.searchKeywords;
+  }
+  if (isFrom(source::kAddCategoryNode) || isFrom(source::kCreateBookCateXmlFile)) {
+    return library_.bookCategories;
+  }
+  return bookFileOf(library_, book);
 }
 
 }  // namespace quorbind

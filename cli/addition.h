@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -36,7 +37,11 @@ class Addition final : private QuorBookEvents {
 
   [[nodiscard]] ExitStatus addBook();
   void requireUsableLibrary();
+  void considerCategories();
+  void requireUsableSideFiles();
+  void requireUsableSideFile(const std::string& path, std::string_view root);
   [[nodiscard]] bool flagsAreAccepted();
+  [[nodiscard]] bool keywordsAreAccepted();
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
 
@@ -51,9 +56,10 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] ExitStatus judge(bool finished);
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
   [[nodiscard]] std::string generatedFile() const;
-  void takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books);
-  void describeBook(const CatalogueEntry& book);
+  void takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
+  void describeBook(const ListedBook& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
+  [[nodiscard]] std::string fileOfWriteError(const ListedBook& book) const;
   [[nodiscard]] bool wasPlaceRefused() const;
 
   /// Runs a step that writes; `what` names the file, also in the note of a failure.
@@ -63,8 +69,10 @@ class Addition final : private QuorBookEvents {
   const LibraryPaths& library_;
   Wiring& wiring_;
   AdditionReport report_;
-  std::vector<CatalogueEntry> booksBefore_;
+  std::vector<ListedBook> booksBefore_;
   StatedPlace statedPlace_;
+  /// The run makes the library's categories file.
+  bool createsCategories_ = false;
   std::optional<TemporaryFile> preparedCopy_;
 };
 
