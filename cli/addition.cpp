@@ -289,7 +289,7 @@ ExitStatus Addition::judge(bool finished) {
   if (books.size() <= booksBefore_.size()) {
     return judgeWithoutEntry(finished);
   }
-  const CatalogueEntry& book = books.back();
+  const ListedBook& book = books.back();
   if (!wiring_.toolset.lastCopyArrived() || !wiring_.files.fileExists(bookFileOf(library_, book))) {
     takeOut(book, books);
     return ExitStatus::kWriteFailed;
@@ -327,8 +327,8 @@ std::string Addition::generatedFile() const {
 
 /// Takes the entry of a book whose file did not arrive out again. Entries are found by their name,
 /// so one whose name another book has stays: the other's would go.
-void Addition::takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books) {
-  const auto hasItsName = [&book](const CatalogueEntry& other) { return other.name == book.name; };
+void Addition::takeOut(const ListedBook& book, const std::vector<ListedBook>& books) {
+  const auto hasItsName = [&book](const ListedBook& other) { return other.name == book.name; };
   if (std::count_if(books.begin(), books.end(), hasItsName) == 1) {
     Book_Config(wiring_.module).DeleteQuorNode(library_.catalogue, book.name);
   }
@@ -340,7 +340,7 @@ void Addition::takeOut(const CatalogueEntry& book, const std::vector<CatalogueEn
                            readableName(book.acronym) + " is left in the catalogue without it";
 }
 
-void Addition::describeBook(const CatalogueEntry& book) {
+void Addition::describeBook(const ListedBook& book) {
   report_.added = true;
   report_.book = book;
   BookDocuments documents = findDocuments(wiring_.module.platform, bookFileOf(library_, book));
@@ -371,7 +371,7 @@ bool Addition::wasWriteErrorShown() const {
 }
 
 /// The file that the first write error was about; the operation that reports it tells which.
-std::string Addition::fileOfWriteError(const CatalogueEntry& book) const {
+std::string Addition::fileOfWriteError(const ListedBook& book) const {
   const auto& boxes = wiring_.ui.shown();
   const auto box = std::find_if(boxes.begin(), boxes.end(), [](const ShownMessage& shown) {
     return isWriteError(shown.errorNumber);

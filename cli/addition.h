@@ -56,10 +56,10 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] ExitStatus judge(bool finished);
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
   [[nodiscard]] std::string generatedFile() const;
-  void takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books);
-  void describeBook(const CatalogueEntry& book);
+  void takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
+  void describeBook(const ListedBook& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
-  [[nodiscard]] std::string fileOfWriteError(const CatalogueEntry& book) const;
+  [[nodiscard]] std::string fileOfWriteError(const ListedBook& book) const;
   [[nodiscard]] bool wasPlaceRefused() const;
 
   /// Runs a step that writes; `what` names the file, also in the note of a failure.
@@ -69,7 +69,7 @@ class Addition final : private QuorBookEvents {
   const LibraryPaths& library_;
   Wiring& wiring_;
   AdditionReport report_;
-  std::vector<CatalogueEntry> booksBefore_;
+  std::vector<ListedBook> booksBefore_;
   StatedPlace statedPlace_;
   /// The run makes the library's categories file.
   bool createsCategories_ = false;

@@ -3,9 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <variant>
-
-#include "cli/exit_status.h"
 
 namespace quorbind {
 
@@ -52,13 +49,6 @@ struct ShowArguments {
   std::optional<std::string> acronym;
   bool json = false;
 };
-
-using Arguments =
-    std::variant<InitArguments, AddArguments, PrepareArguments, CheckArguments, ShowArguments>;
-
-/// Reads the command line. The exit status instead when there is nothing left to do: help was asked
-/// for and given, or the command line is wrong and the user was told.
-std::variant<Arguments, ExitStatus> parseArguments(int count, const char* const* arguments);
 
 /// The number of the kind that `--kind` names, or else that the extension of `toc` tells; 0, which
 /// is no kind, when neither does.

@@ -1,11 +1,15 @@
 #include "cli/book_file.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
 #include <unordered_set>
 
 #include "bookxml/names.h"
 #include "cli/catalogue_reader.h"
 #include "cli/failure.h"
 #include "cli/paths.h"
+#include "cli/required_document.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
 #include "platform/xml_document.h"
@@ -49,16 +53,62 @@ class HeadingScan final : public XmlScanHandler {
   std::string text_;
 };
 
+/// Finds the book's key where it belongs, behind the root and the book, and takes its link.
+class LinkScan final : public XmlScanHandler {
+ public:
+  void startElement(std::string_view name, const XmlScanAttributes& attributes) override {
+    constexpr std::array kWay{book_names::kMaster, book_names::kBook, book_names::kKey};
+    const bool isOnWay = depth_ == found_ && depth_ < kWay.size() && name == kWay.at(depth_);
+    ++depth_;
+    if (!isOnWay) {
+      return;
+    }
+    found_ = depth_;
+    hasBook_ = hasBook_ || name == book_names::kBook;
+    if (name == book_names::kKey && !link_) {
+      link_ = attributes.value(book_names::kKeyId);
+    }
+  }
+  void text(std::string_view /*text*/) override {}
+  void endElement(std::string_view /*name*/) override {
+    --depth_;
+    found_ = std::min(found_, depth_);
+  }
+
+  [[nodiscard]] bool hasBook() const { return hasBook_; }
+  [[nodiscard]] std::string link() const { return link_.value_or(""); }
+
+ private:
+  std::size_t depth_ = 0;
+  /// How many of the open elements lead to the key.
+  std::size_t found_ = 0;
+  bool hasBook_ = false;
+  std::optional<std::string> link_;
+};
+
+void scanFile(const Platform& platform, const std::string& path, XmlScanHandler& scan) {
+  requireReadable(platform.files, path, nativeName(path));
+  if (const XmlLoadResult result = platform.xml.scan(path, scan); !result) {
+    throw loadFailure(path, result);
+  }
+}
+
 }  // namespace
 
 void readHeadings(const Platform& platform,
                   const std::string& path,
                   const std::function<void(const BookHeading&)>& visitor) {
-  requireReadable(platform.files, path, nativeName(path));
   HeadingScan scan(visitor);
-  if (const XmlLoadResult result = platform.xml.scan(path, scan); !result) {
-    throw loadFailure(path, result);
+  scanFile(platform, path, scan);
+}
+
+std::string readBookLink(const Platform& platform, const std::string& path) {
+  LinkScan scan;
+  scanFile(platform, path, scan);
+  if (!scan.hasBook()) {
+    throw missingElement(path, book_names::kBook);
   }
+  return scan.link();
 }
 
 BookDocuments findDocuments(const Platform& platform, const std::string& path) {

@@ -27,6 +27,10 @@ void readHeadings(const Platform& platform,
                   const std::string& path,
                   const std::function<void(const BookHeading&)>& visitor);
 
+/// The link of the book in the book file at `path`; empty when it has none. Fails as readHeadings
+/// does, and for a file that describes no book.
+std::string readBookLink(const Platform& platform, const std::string& path);
+
 /// The documents that a book names, each once and in its order.
 struct BookDocuments {
   std::vector<std::string> present;

@@ -1,56 +1,93 @@
 #include "cli/catalogue_reader.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "catalogue/names.h"
 #include "cli/failure.h"
-#include "cli/paths.h"
-#include "platform/file_system.h"
+#include "cli/required_document.h"
 #include "platform/text.h"
-#include "platform/xml_document.h"
 
 namespace quorbind {
 
 namespace {
 
-std::string textOf(const XmlNode& book, std::string_view element) {
-  const XmlNode child = book.child(element);
-  return child ? child.text() : std::string();
+using namespace catalogue_names;
+
+std::vector<std::string> categoriesOf(const XmlNode& book) {
+  std::vector<std::string> categories;
+  if (const XmlNode list = book.child(kCategories)) {
+    for (const XmlNode& category : list.children()) {
+      categories.push_back(category.text());
+    }
+  }
+  return categories;
 }
 
-CatalogueEntry entryOf(const XmlNode& book) {
-  using namespace catalogue_names;
-  return {.name = textOf(book, kName),
-          .acronym = textOf(book, kAcro),
-          .folder = textOf(book, kFolder),
-          .bookFile = textOf(book, kBookFile)};
+std::string attributeText(const XmlNode& element, std::string_view attribute) {
+  const XmlNode found = element ? element.attribute(attribute) : XmlNode();
+  return found ? found.text() : std::string();
+}
+
+/// Any attribute makes the file one that is no book XML file.
+std::optional<std::string> fileTypeOf(const XmlNode& book) {
+  const XmlNode file = book.child(kBookFile);
+  if (!file || !file.firstAttribute()) {
+    return std::nullopt;
+  }
+  return attributeText(file, kBookFileType);
+}
+
+ListedBook entryOf(const XmlNode& book) {
+  return {.name = childText(book, kName),
+          .acronym = childText(book, kAcro),
+          .folder = childText(book, kFolder),
+          .bookFile = childText(book, kBookFile),
+          .fileType = fileTypeOf(book),
+          .link = attributeText(book.child(kKey), kKeyId),
+          .categories = categoriesOf(book)};
+}
+
+const ListedBook& requireBook(const std::vector<ListedBook>& books,
+                              std::string ListedBook::*stored,
+                              const std::string& typed,
+                              const std::string& library) {
+  const auto found = std::find_if(books.begin(), books.end(), [&](const ListedBook& book) {
+    return readableName(book.*stored) == typed;
+  });
+  if (found == books.end()) {
+    throw CommandFailure(ExitStatus::kRefused, "there is no book " + typed + " in " + library);
+  }
+  return *found;
 }
 
 }  // namespace
 
-std::vector<CatalogueEntry> readCatalogue(const Platform& platform, const std::string& path) {
-  requireReadable(platform.files, path, nativeName(path));
-  const auto document = platform.xml.createDocument();
-  if (const XmlLoadResult result = document->load(path); !result) {
-    throw loadFailure(path, result);
-  }
-  const XmlNode books = document->select(catalogue_names::kBooksPath);
-  if (!books) {
-    throw CommandFailure(
-        ExitStatus::kNotParseable,
-        nativeName(path) + ": the element " + std::string(catalogue_names::kBooks) + " is missing");
-  }
-  std::vector<CatalogueEntry> entries;
-  for (const XmlNode& child : books.children()) {
-    if (child.name() == catalogue_names::kBook) {
-      entries.push_back(entryOf(child));
+std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path) {
+  const auto document = loadRequired(platform, path);
+  std::vector<ListedBook> books;
+  for (const XmlNode& child : requireElement(*document, path, kBooksPath).children()) {
+    if (child.name() == kBook) {
+      books.push_back(entryOf(child));
     }
   }
-  return entries;
+  return books;
 }
 
-std::string bookFileOf(const LibraryPaths& library, const CatalogueEntry& book) {
+const ListedBook& requireBookNamed(const std::vector<ListedBook>& books,
+                                   const std::string& name,
+                                   const std::string& library) {
+  return requireBook(books, &ListedBook::name, name, library);
+}
+
+const ListedBook& requireBookWithAcronym(const std::vector<ListedBook>& books,
+                                         const std::string& acronym,
+                                         const std::string& library) {
+  return requireBook(books, &ListedBook::acronym, acronym, library);
+}
+
+std::string bookFileOf(const LibraryPaths& library, const ListedBook& book) {
   const std::string file = book.folder.empty() ? book.bookFile : book.folder + "\\" + book.bookFile;
   if (!staysBelow(file)) {
     throw CommandFailure(
@@ -68,6 +105,18 @@ std::string readableName(std::string_view stored) {
     name = replaceAll(name, replacement, character);
   }
   return name;
+}
+
+std::string titleOf(const ListedBook& book) {
+  return readableName(book.name) + " (" + readableName(book.acronym) + ")";
+}
+
+std::string folderTitle(const std::string& folder) {
+  return folder.empty() ? "the library's own folder" : "folder " + folder;
+}
+
+std::string placeOf(const ListedBook& book) {
+  return folderTitle(book.folder);
 }
 
 }  // namespace quorbind

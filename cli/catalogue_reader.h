@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,22 +11,43 @@
 namespace quorbind {
 
 /// One book of a catalogue, every text as it is stored.
-struct CatalogueEntry {
+struct ListedBook {
   std::string name;
   std::string acronym;
   std::string folder;
   std::string bookFile;
+  /// What kind of file that is; nothing for a book XML file.
+  std::optional<std::string> fileType = std::nullopt;
+  std::string link = {};
+  std::vector<std::string> categories = {};
 };
 
 /// The books of the catalogue at `path`, in its order. A catalogue that is not there or can't be
 /// read, does not parse, or lacks the list of books is a CommandFailure that says which and where.
-std::vector<CatalogueEntry> readCatalogue(const Platform& platform, const std::string& path);
+std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path);
+
+/// The first book that is called so, as a name is typed. Without one: a CommandFailure.
+const ListedBook& requireBookNamed(const std::vector<ListedBook>& books,
+                                   const std::string& name,
+                                   const std::string& library);
+/// The first book with that acronym, as it is typed. Without one: a CommandFailure.
+const ListedBook& requireBookWithAcronym(const std::vector<ListedBook>& books,
+                                         const std::string& acronym,
+                                         const std::string& library);
 
 /// The component's name of the entry's book file. An entry that leads out of the library is a
 /// CommandFailure.
-std::string bookFileOf(const LibraryPaths& library, const CatalogueEntry& book);
+std::string bookFileOf(const LibraryPaths& library, const ListedBook& book);
 
 /// A stored name as it was typed: without the replacements for markup characters.
 std::string readableName(std::string_view stored);
+
+/// A book as messages call it: `NAME (ACRONYM)`, both as they were typed.
+std::string titleOf(const ListedBook& book);
+
+/// A folder of a library as messages call it: `folder NAME`, or the library's own.
+std::string folderTitle(const std::string& folder);
+/// The same of the book's folder.
+std::string placeOf(const ListedBook& book);
 
 }  // namespace quorbind

@@ -65,6 +65,8 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
   } catch (const CommandFailure& failure) {
     ui.show(criticalMessage(failure.what()));
     return failure.status();
+  } catch (const AlreadyTold& told) {
+    return told.status();
   } catch (const Abandoned&) {
     throw;
   } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -27,6 +28,18 @@ class CommandFailure : public std::runtime_error {
   ExitStatus status_;
 };
 
+/// Ends a subcommand whose user has been told why, by a box of the component or by an own answer.
+class AlreadyTold : public std::exception {
+ public:
+  explicit AlreadyTold(ExitStatus status) : status_(status) {}
+
+  [[nodiscard]] ExitStatus status() const noexcept { return status_; }
+  [[nodiscard]] const char* what() const noexcept override { return "the user has been told"; }
+
+ private:
+  ExitStatus status_;
+};
+
 /// Whether a run-time error of this number says that something could not be written.
 bool isWriteError(std::int32_t number);
 
@@ -46,7 +59,7 @@ CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result);
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name);
 
 /// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status, any
-/// other exception but `Abandoned` likewise as an internal error.
+/// other exception but `AlreadyTold` and `Abandoned` likewise as an internal error.
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand);
 
 }  // namespace quorbind

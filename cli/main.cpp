@@ -3,38 +3,13 @@
 #include <string>
 #include <variant>
 
-#include "cli/add_command.h"
-#include "cli/arguments.h"
-#include "cli/check_command.h"
-#include "cli/init_command.h"
-#include "cli/prepare_command.h"
+#include "cli/command_line.h"
 #include "cli/report.h"
-#include "cli/show_command.h"
 #include "platform/portable/visible_text.h"
 
 namespace {
 
 using namespace quorbind;
-
-struct Runner {
-  ExitStatus operator()(const InitArguments& arguments) const { return runInit(arguments); }
-  ExitStatus operator()(const AddArguments& arguments) const { return runAdd(arguments); }
-  ExitStatus operator()(const PrepareArguments& arguments) const { return runPrepare(arguments); }
-  ExitStatus operator()(const CheckArguments& arguments) const { return runCheck(arguments); }
-  ExitStatus operator()(const ShowArguments& arguments) const { return runShow(arguments); }
-};
-
-bool wantsJson(const Arguments& arguments) {
-  return std::visit(
-      [](const auto& chosen) {
-        if constexpr (requires { chosen.json; }) {
-          return chosen.json;
-        } else {
-          return false;
-        }
-      },
-      arguments);
-}
 
 std::string tellInternal(const std::exception& error) {
   std::string note = std::string("internal error: ") + error.what();
@@ -42,12 +17,12 @@ std::string tellInternal(const std::exception& error) {
   return note;
 }
 
-ExitStatus runSubcommand(const Arguments& arguments) {
+ExitStatus runTask(const Task& task) {
   try {
-    return std::visit(Runner(), arguments);
+    return task.run();
   } catch (const std::exception& error) {
     const std::string note = tellInternal(error);
-    if (wantsJson(arguments)) {
+    if (task.json) {
       printFailure(ExitStatus::kInternal, {}, note);
     }
     return ExitStatus::kInternal;
@@ -55,11 +30,11 @@ ExitStatus runSubcommand(const Arguments& arguments) {
 }
 
 ExitStatus run(int count, const char* const* arguments) {
-  const auto parsed = parseArguments(count, arguments);
+  const auto parsed = readCommandLine(count, arguments);
   if (const auto* status = std::get_if<ExitStatus>(&parsed)) {
     return *status;
   }
-  const ExitStatus status = runSubcommand(std::get<Arguments>(parsed));
+  const ExitStatus status = runTask(std::get<Task>(parsed));
   if (status == ExitStatus::kDone && !std::cout.flush()) {
     std::cerr << "quorbind: the standard output could not be written\n";
     return ExitStatus::kWriteFailed;

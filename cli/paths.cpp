@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kSeparator = "\\";
+constexpr std::string_view kRootDrive = "C:";
 
 /// As far as the folder exists its links are followed, because `..` behind a link leads elsewhere
 /// than its text says.
@@ -44,6 +45,7 @@ std::string componentFolder(const std::string& native) {
 }
 
 std::string nativeName(std::string_view component) {
+  component.remove_prefix(component.starts_with(kRootDrive) ? kRootDrive.size() : 0);
   std::string name(component);
   std::replace(name.begin(), name.end(), '\\', '/');
   return name;
@@ -62,6 +64,7 @@ LibraryPaths::LibraryPaths(const std::string& server, const std::string& library
       catalogue(joined(folder, catalogue_names::kFile)),
       bookCategories(joined(folder, category_names::kFile)),
       searchKeywords(joined(folder, keyword_names::kFile)),
+      linkIds(joined(folder, link_names::kFile)),
       selection(docsFolder + std::string(server_names::kSelectionFile)),
       defaultCategories(docsFolder + std::string(server_names::kDefaultCategoriesFile)) {}
 

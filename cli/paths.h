@@ -13,7 +13,8 @@ namespace quorbind {
 std::string componentFile(const std::string& native);
 /// The same for a folder, without a `\` at its end.
 std::string componentFolder(const std::string& native);
-/// This machine's name for a file of the component.
+/// This machine's name for a file of the component, which may name the drive that this machine's
+/// root stands for.
 std::string nativeName(std::string_view component);
 
 /// Whether a relative name that comes out of a document, with `\`, leads to a place below the
@@ -32,6 +33,7 @@ struct LibraryPaths {
   std::string catalogue;
   std::string bookCategories;
   std::string searchKeywords;
+  std::string linkIds;
   std::string selection;  ///< the server's list of libraries
   std::string defaultCategories;
 };

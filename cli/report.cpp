@@ -1,11 +1,12 @@
 #include "cli/report.h"
 
-#include <algorithm>
-#include <array>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "cli/json_text.h"
+#include "cli/text_list.h"
+#include "cli/text_table.h"
 #include "cli/toc_file.h"
 #include "platform/portable/visible_text.h"
 
@@ -13,33 +14,19 @@ namespace quorbind {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr const char* kNotAccepted = "not accepted";
 
-// Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
-// report.
-void print(const Json& object) {
-  constexpr int kIndent = 2;
-  std::cout << object.dump(kIndent, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
-Json toJson(const std::vector<ShownMessage>& messages) {
-  Json list = Json::array();
-  for (const ShownMessage& message : messages) {
-    list.push_back({{"icon", wordFor(message.icon)},
-                    {"title", message.title},
-                    {"text", message.text},
-                    {"clipboard", message.clipboard ? Json(*message.clipboard) : Json(nullptr)}});
+Json toJson(const ListedBook& book) {
+  Json object = {{"acronym", readableName(book.acronym)},
+                 {"name", readableName(book.name)},
+                 {"folder", book.folder},
+                 {"file", book.bookFile}};
+  if (book.fileType) {
+    object["type"] = *book.fileType;
   }
-  return list;
-}
-
-Json toJson(const CatalogueEntry& book) {
-  return {{"acronym", readableName(book.acronym)},
-          {"name", readableName(book.name)},
-          {"folder", book.folder},
-          {"file", book.bookFile}};
+  object["link"] = book.link;
+  object["categories"] = book.categories;
+  return object;
 }
 
 void addLine(Json& object, std::size_t line) {
@@ -48,21 +35,12 @@ void addLine(Json& object, std::size_t line) {
   }
 }
 
-std::string inFolder(const std::string& folder) {
-  return folder.empty() ? "the library's own folder" : "folder " + folder;
-}
-
-std::string counted(std::size_t count, std::string_view one, std::string_view several) {
-  return std::to_string(count).append(" ").append(count == 1 ? one : several);
-}
-
 void printAdditionAsText(const AdditionReport& report) {
   if (!report.added) {
     return;
   }
-  const std::string what = "Added " + readableName(report.book.name) + " (" +
-                           readableName(report.book.acronym) + ") to " + report.library + ", " +
-                           inFolder(report.folder) + ": " +
+  const std::string what = "Added " + titleOf(report.book) + " to " + report.library + ", " +
+                           folderTitle(report.folder) + ": " +
                            counted(report.files.size(), "file", "files") + ".";
   std::cout << visibleText(what) << '\n';
   for (const std::string& document : report.missing) {
@@ -81,7 +59,7 @@ void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMe
   if (!report.note.empty()) {
     object["note"] = report.note;
   }
-  print(object);
+  printJson(object);
 }
 
 void printCheckAsText(const CheckReport& report) {
@@ -109,55 +87,36 @@ void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }
-  print(object);
+  printJson(object);
 }
 
-using Row = std::array<std::string, 3>;
-
-std::size_t columnsOf(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](unsigned char byte) { return (byte & 0xC0U) != 0x80U; }));
-}
-
-void printTable(const std::vector<Row>& rows) {
-  Row::size_type last = Row().size() - 1;
-  std::array<std::size_t, 3> widths{};
-  for (const Row& row : rows) {
-    for (std::size_t column = 0; column < last; ++column) {
-      widths.at(column) = std::max(widths.at(column), columnsOf(row.at(column)));
-    }
-  }
-  for (const Row& row : rows) {
-    for (std::size_t column = 0; column < last; ++column) {
-      const std::string& cell = row.at(column);
-      std::cout << cell << std::string(widths.at(column) - columnsOf(cell) + 2, ' ');
-    }
-    std::cout << row.at(last) << '\n';
-  }
-}
-
-void printBooksAsText(const std::vector<CatalogueEntry>& books) {
-  std::vector<Row> rows{{"ACRONYM", "NAME", "FOLDER"}};
-  for (const CatalogueEntry& book : books) {
-    rows.push_back({visibleText(readableName(book.acronym)),
-                    visibleText(readableName(book.name)),
-                    visibleText(book.folder)});
+void printBooksAsText(const std::vector<ListedBook>& books) {
+  std::vector<TableRow> rows{{"ACRONYM", "NAME", "FOLDER"}};
+  for (const ListedBook& book : books) {
+    rows.push_back({readableName(book.acronym), readableName(book.name), book.folder});
   }
   printTable(rows);
 }
 
-void printBooksAsJson(const std::vector<CatalogueEntry>& books) {
+void printBooksAsJson(const std::vector<ListedBook>& books) {
   Json list = Json::array();
-  for (const CatalogueEntry& book : books) {
+  for (const ListedBook& book : books) {
     list.push_back(toJson(book));
   }
-  print({{"books", list}});
+  printJson({{"books", list}});
 }
 
-void printBookAsText(const CatalogueEntry& book, const std::vector<BookHeading>& headings) {
-  std::cout << visibleText(readableName(book.name) + " (" + readableName(book.acronym) + "), " +
-                           inFolder(book.folder))
-            << '\n';
+void printDetail(std::string_view label, const std::string& text) {
+  if (!text.empty()) {
+    std::cout << label << ": " << visibleText(text) << '\n';
+  }
+}
+
+void printBookAsText(const ListedBook& book, const std::vector<BookHeading>& headings) {
+  std::cout << visibleText(titleOf(book) + ", " + placeOf(book)) << '\n';
+  printDetail("file", book.fileType ? book.bookFile + " of type " + *book.fileType : "");
+  printDetail("link", book.link);
+  printDetail("categories", joined(book.categories, "; "));
   for (const BookHeading& heading : headings) {
     const std::string place = heading.document + heading.bookmark;
     std::cout << std::string(2 * (heading.depth + 1), ' ') << visibleText(heading.title)
@@ -165,7 +124,7 @@ void printBookAsText(const CatalogueEntry& book, const std::vector<BookHeading>&
   }
 }
 
-void printBookAsJson(const CatalogueEntry& book, const std::vector<BookHeading>& headings) {
+void printBookAsJson(const ListedBook& book, const std::vector<BookHeading>& headings) {
   Json list = Json::array();
   for (const BookHeading& heading : headings) {
     list.push_back({{"level", heading.depth + 1},
@@ -175,7 +134,7 @@ void printBookAsJson(const CatalogueEntry& book, const std::vector<BookHeading>&
   }
   Json object = toJson(book);
   object["headings"] = list;
-  print(object);
+  printJson(object);
 }
 
 void tellFailure(const std::string& toc, std::size_t line, const std::string& note) {
@@ -187,7 +146,7 @@ void tellFailure(const std::string& toc, std::size_t line, const std::string& no
 void printFailure(ExitStatus status,
                   const std::vector<ShownMessage>& messages,
                   const std::string& note) {
-  print({{"status", static_cast<int>(status)}, {"messages", toJson(messages)}, {"note", note}});
+  printJson({{"status", static_cast<int>(status)}, {"messages", toJson(messages)}, {"note", note}});
 }
 
 void printAddition(const AdditionReport& report,
@@ -214,7 +173,7 @@ void printCheck(const CheckReport& report, const std::vector<ShownMessage>& mess
   }
 }
 
-void printBooks(const std::vector<CatalogueEntry>& books, bool json) {
+void printBooks(const std::vector<ListedBook>& books, bool json) {
   if (json) {
     printBooksAsJson(books);
   } else {
@@ -222,7 +181,7 @@ void printBooks(const std::vector<CatalogueEntry>& books, bool json) {
   }
 }
 
-void printBook(const CatalogueEntry& book, const std::vector<BookHeading>& headings, bool json) {
+void printBook(const ListedBook& book, const std::vector<BookHeading>& headings, bool json) {
   if (json) {
     printBookAsJson(book, headings);
   } else {

@@ -24,7 +24,7 @@ struct AdditionReport {
   std::string note;
   bool added = false;
   std::string library;
-  CatalogueEntry book;
+  ListedBook book;
   /// The book's folder, as the run told.
   std::string folder;
   /// What stands in the book's folder of the files that belong to the book, and what does not.
@@ -60,7 +60,7 @@ void printAddition(const AdditionReport& report,
                    bool json);
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json);
 
-void printBooks(const std::vector<CatalogueEntry>& books, bool json);
-void printBook(const CatalogueEntry& book, const std::vector<BookHeading>& headings, bool json);
+void printBooks(const std::vector<ListedBook>& books, bool json);
+void printBook(const ListedBook& book, const std::vector<BookHeading>& headings, bool json);
 
 }  // namespace quorbind

@@ -29,11 +29,18 @@ Terminal processTerminal(bool mayAsk) {
 
 Wiring::Wiring(const std::string& serverRoot,
                const Terminal& terminal,
-               std::vector<PreparedAnswer> answers)
-    : xml(files),
+               std::vector<PreparedAnswer> answers,
+               RunKind kind)
+    : rehearsedFiles_(disk_, locale),
+      files(kind == RunKind::kRehearsal ? static_cast<FileSystem&>(rehearsedFiles_) : disk_),
+      xml(files),
       ui(terminal, std::move(answers)),
       reference_({files, xml, ui, locale}, serverRoot),
       toolset(reference_),
       module(Platform{files, xml, ui, toolset, locale}) {}
+
+void tell(Wiring& wiring, std::string text) {
+  wiring.ui.show({.text = std::move(text), .icon = MessageIcon::kInformation});
+}
 
 }  // namespace quorbind

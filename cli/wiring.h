@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "cli/copy_watch.h"
+#include "cli/file_journal.h"
+#include "cli/rehearsed_files.h"
 #include "platform/portable/portable_file_system.h"
 #include "platform/portable/portable_locale.h"
 #include "platform/portable/terminal_user_interface.h"
@@ -17,17 +19,27 @@ namespace quorbind {
 /// output, and a person is asked where both that and the input are a terminal and `mayAsk`.
 Terminal processTerminal(bool mayAsk);
 
+/// Whether a run changes files, or only shows what it would change.
+enum class RunKind { kReal, kRehearsal };
+
 /// The component as the command runs it: the portable adapters, the reference tool set, one module.
 class Wiring {
  public:
   /// `serverRoot` is the component's name of the server folder; empty where no server is involved.
   Wiring(const std::string& serverRoot,
          const Terminal& terminal,
-         std::vector<PreparedAnswer> answers = {});
+         std::vector<PreparedAnswer> answers = {},
+         RunKind kind = RunKind::kReal);
 
-  PortableFileSystem files;
-  PortableXmlLibrary xml;
   PortableLocale locale;
+
+ private:
+  PortableFileSystem disk_;
+  RehearsedFiles rehearsedFiles_;
+
+ public:
+  FileJournal files;
+  PortableXmlLibrary xml;
   TerminalUserInterface ui;
 
  private:
@@ -37,5 +49,8 @@ class Wiring {
   CopyWatch toolset;
   Module module;
 };
+
+/// Tells the user something that is worth knowing and stops nothing.
+void tell(Wiring& wiring, std::string text);
 
 }  // namespace quorbind

@@ -47,7 +47,9 @@ TEST_F(Show, TheCatalogueAsAnObject) {
             "      \"acronym\": \"ALM\",\n"
             "      \"name\": \"Alarms\",\n"
             "      \"folder\": \"Manual\",\n"
-            "      \"file\": \"Book_ALM.xml\"\n"
+            "      \"file\": \"Book_ALM.xml\",\n"
+            "      \"link\": \"\",\n"
+            "      \"categories\": []\n"
             "    }\n"
             "  ]\n"
             "}\n");
@@ -64,6 +66,8 @@ TEST_F(Show, ABookAsAnObject) {
             "  \"name\": \"Alarms\",\n"
             "  \"folder\": \"Manual\",\n"
             "  \"file\": \"Book_ALM.xml\",\n"
+            "  \"link\": \"\",\n"
+            "  \"categories\": [],\n"
             "  \"headings\": [\n"
             "    {\n"
             "      \"level\": 1,\n"
@@ -72,6 +76,42 @@ TEST_F(Show, ABookAsAnObject) {
             "      \"bookmark\": \"#b\"\n"
             "    }\n"
             "  ]\n"
+            "}\n");
+}
+
+TEST_F(Show, ABookHasItsLinkFromItsBookFileAndItsCategoriesFromTheCatalogue) {
+  EXPECT_EQ(addAlarms({"--category", "Operation; R&D"}).status, 0);
+  EXPECT_EQ(quorbind({"set", "Alarms", "--link", "<l>", "--server", "server", "--library", "Plant"})
+                .status,
+            0);
+  EXPECT_EQ(show({"ALM"}).out,
+            "Alarms (ALM), folder Manual\n"
+            "link: <l>\n"
+            "categories: Operation; R&D\n"
+            "  Alarms  alarms.htm\n"
+            "    Reset & Test  alarms.htm#reset\n"
+            "  Trends  trends.htm#top\n");
+}
+
+TEST_F(Show, ASingleDocumentIsNamedWithItsType) {
+  disk.write("server/Docs/Plant/Quor_TOC.xml",
+             "<Quor_Master><Quor_Books><Book><Book_Name>Plan</Book_Name><Book_Acro>P</Book_Acro>"
+             "<Book_Key id=\"L\"/><Book_Folder>P</Book_Folder><Book_File type=\"map\">p.pdf"
+             "</Book_File><Book_Categories/></Book></Quor_Books></Quor_Master>");
+  EXPECT_EQ(show({"P"}).out,
+            "Plan (P), folder P\n"
+            "file: p.pdf of type map\n"
+            "link: L\n");
+  EXPECT_EQ(show({"P", "--json"}).out,
+            "{\n"
+            "  \"acronym\": \"P\",\n"
+            "  \"name\": \"Plan\",\n"
+            "  \"folder\": \"P\",\n"
+            "  \"file\": \"p.pdf\",\n"
+            "  \"type\": \"map\",\n"
+            "  \"link\": \"L\",\n"
+            "  \"categories\": [],\n"
+            "  \"headings\": []\n"
             "}\n");
 }
 

@@ -5,6 +5,39 @@ namespace {
 
 using Usage = CommandTest;
 
+const std::vector<Words> kSubcommands{
+    {"add"},
+    {"prepare"},
+    {"check"},
+    {"init"},
+    {"libraries"},
+    {"where"},
+    {"books"},
+    {"show"},
+    {"rename"},
+    {"delete"},
+    {"set"},
+    {"install"},
+    {"merge"},
+    {"categories"},
+    {"categories", "list"},
+    {"categories", "add"},
+    {"categories", "rename"},
+    {"categories", "file"},
+    {"categories", "rebuild"},
+    {"categories", "create"},
+    {"keywords"},
+    {"keywords", "list"},
+    {"keywords", "find"},
+    {"keywords", "add"},
+    {"keywords", "rename"},
+    {"links"},
+    {"links", "list"},
+    {"links", "add"},
+    {"links", "check"},
+    {"links", "merge"},
+};
+
 TEST_F(Usage, WithoutASubcommandIsWrong) {
   const Outcome outcome = quorbind({});
   EXPECT_EQ(outcome.status, 2);
@@ -12,6 +45,17 @@ TEST_F(Usage, WithoutASubcommandIsWrong) {
   EXPECT_EQ(outcome.err,
             "A subcommand is required\n"
             "Run with --help for more information.\n");
+}
+
+TEST_F(Usage, AGroupWithoutASubcommandOfItsOwnIsWrong) {
+  for (const char* group : {"categories", "keywords", "links"}) {
+    const Outcome outcome = quorbind({group});
+    EXPECT_EQ(outcome.status, 2) << group;
+    EXPECT_EQ(outcome.out, "") << group;
+    EXPECT_EQ(outcome.err,
+              "A subcommand is required\n"
+              "Run with --help for more information.\n");
+  }
 }
 
 TEST_F(Usage, AFlagThatIsNotKnownIsWrong) {
@@ -51,17 +95,23 @@ TEST_F(Usage, TheVersionIsToldOnTheStandardOutput) {
 TEST_F(Usage, HelpOfTheWholeCommandNamesTheSubcommandsAndTheExitStatuses) {
   const Outcome outcome = quorbind({"--help"});
   EXPECT_EQ(outcome.status, 0);
-  for (const char* text : {"init ", "add ", "prepare ", "check ", "show ", "Exit status: 0 done"}) {
-    EXPECT_NE(outcome.out.find(text), std::string::npos) << text;
+  for (const Words& subcommand : kSubcommands) {
+    EXPECT_NE(outcome.out.find("\n  " + subcommand.front() + " "), std::string::npos)
+        << subcommand.front();
   }
+  EXPECT_NE(outcome.out.find("Exit status: 0 done"), std::string::npos);
 }
 
 TEST_F(Usage, EverySubcommandHasHelp) {
-  for (const char* subcommand : {"init", "add", "prepare", "check", "show"}) {
-    const Outcome outcome = quorbind({subcommand, "--help"});
-    EXPECT_EQ(outcome.status, 0) << subcommand;
-    EXPECT_NE(outcome.out.find(std::string("Usage: quorbind ") + subcommand), std::string::npos)
-        << outcome.out;
+  for (const Words& subcommand : kSubcommands) {
+    std::string usage = "Usage: quorbind";
+    for (const std::string& word : subcommand) {
+      usage += " " + word;
+    }
+    const Outcome outcome = quorbind(joined(subcommand, {"--help"}));
+    EXPECT_EQ(outcome.status, 0) << usage;
+    EXPECT_NE(outcome.out.find(usage), std::string::npos) << outcome.out;
+    EXPECT_EQ(outcome.err, "") << usage;
   }
 }
 

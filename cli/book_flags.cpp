@@ -1,0 +1,72 @@
+#include "cli/book_flags.h"
+
+#include "bookxml/names.h"
+#include "cli/failure.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "resources/form_layouts.h"
+
+namespace quorbind {
+
+namespace {
+
+/// In bytes.
+constexpr std::size_t kLongestName = 255;
+
+constexpr std::string_view kNameBox = "txtBookName";
+constexpr std::string_view kAcronymBox = "txtBookAcro";
+constexpr std::string_view kFolderBox = "Text1";
+constexpr std::string_view kOkButton = "cmdOk";
+
+/// The dialogs' own handlers judge, in a module that the run doesn't use.
+template <typename Typing>
+void judgeByDialog(Wiring& wiring, Typing&& typing) {
+  Module scratch(wiring.module.platform);
+  const std::size_t boxes = wiring.ui.shown().size();
+  typing(scratch);
+  if (wiring.ui.shown().size() > boxes) {
+    throw AlreadyTold(ExitStatus::kRefused);
+  }
+}
+
+}  // namespace
+
+std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming, bool isSpared) {
+  const std::string form(layout::kBookInfo.name);
+  return {{form, std::string(kNameBox), "--name", naming.name, isSpared},
+          {form, std::string(kAcronymBox), "--acro", naming.acronym, isSpared}};
+}
+
+void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
+  judgeByDialog(wiring, [&](Module& scratch) {
+    scratch.bookInfo.type(kNameBox, naming.name.value_or(""));
+    scratch.bookInfo.type(kAcronymBox, naming.acronym.value_or(""));
+    scratch.bookInfo.click(kOkButton);
+  });
+  if (naming.acronym) {
+    requireNameThatFits(book_names::fileOf(*naming.acronym), "--acro");
+  }
+}
+
+void requireUsableFolder(Wiring& wiring, const std::string& folder) {
+  const std::string name(trimBlanks(folder));
+  judgeByDialog(wiring, [&](Module& scratch) {
+    scratch.bookFolder.type(kFolderBox, name);
+    scratch.bookFolder.click(kOkButton);
+  });
+  if (!staysInFolder(name)) {
+    throw CommandFailure(ExitStatus::kRefused, "--folder " + folder + " leads out of the library");
+  }
+  requireNameThatFits(name, "--folder");
+}
+
+void requireNameThatFits(std::string_view name, std::string_view flag) {
+  if (name.size() > kLongestName) {
+    throw CommandFailure(ExitStatus::kRefused,
+                         std::string(flag) + " is too long: the name that it gives has " +
+                             std::to_string(name.size()) + " bytes, and " +
+                             std::to_string(kLongestName) + " are the most that a name can have");
+  }
+}
+
+}  // namespace quorbind

@@ -1,0 +1,35 @@
+#pragma once
+
+// What the flags say about a book, held to the rules of the dialogs that a person would have typed
+// it into. A rule that is broken is told in the dialog's own box; the failure is then AlreadyTold.
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/wiring.h"
+
+namespace quorbind {
+
+/// Name and acronym of a book, as they are typed.
+struct BookNaming {
+  std::optional<std::string> name;
+  std::optional<std::string> acronym;
+};
+
+/// What the flags answer in the book dialog. With both of them `isSpared` says that no dialog needs
+/// to be shown; the one that follows a duplicate then finds its answers used up.
+std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming, bool isSpared = false);
+
+/// Name and acronym obey the rules of the book dialog, as far as they are given, and the acronym
+/// fits into the name of a file.
+void requireUsableNaming(Wiring& wiring, const BookNaming& naming);
+
+/// The folder obeys the rules of the folder dialog and lies in the library.
+void requireUsableFolder(Wiring& wiring, const std::string& folder);
+
+/// No file system in use takes a longer name than this of a file or a folder. `flag` is to blame.
+void requireNameThatFits(std::string_view name, std::string_view flag);
+
+}  // namespace quorbind

@@ -1,0 +1,81 @@
+#include "cli/file_journal.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "cli/failure.h"
+#include "platform/runtime_error.h"
+
+namespace quorbind {
+
+template <typename Step>
+auto FileJournal::changing(std::string_view path, Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const RunTimeError& error) {
+    if (isWriteError(error.number()) && !failedWrite_) {
+      failedWrite_ = files_.absolutePath(path);
+    }
+    throw;
+  }
+}
+
+class FileJournal::WatchedReplacement final : public FileReplacement {
+ public:
+  WatchedReplacement(FileJournal& journal, std::string_view path)
+      : journal_(journal), path_(path), replacement_(journal.files_.replace(path)) {}
+
+  void write(std::string_view bytes) override {
+    journal_.changing(path_, [&] { replacement_->write(bytes); });
+  }
+  void commit() override {
+    journal_.changing(path_, [&] { replacement_->commit(); });
+    journal_.note({FileChange::Kind::kWritten, path_});
+  }
+
+ private:
+  FileJournal& journal_;
+  std::string path_;
+  std::unique_ptr<FileReplacement> replacement_;
+};
+
+void FileJournal::createFolder(std::string_view path) {
+  changing(path, [&] { files_.createFolder(path); });
+  note({FileChange::Kind::kFolderMade, std::string(path)});
+}
+
+void FileJournal::copyFile(std::string_view from, std::string_view to) {
+  changing(to, [&] { files_.copyFile(from, to); });
+  note({FileChange::Kind::kWritten, std::string(to)});
+}
+
+void FileJournal::moveFile(std::string_view from, std::string_view to) {
+  changing(from, [&] { files_.moveFile(from, to); });
+  const FileChange undone{
+      FileChange::Kind::kMoved, files_.absolutePath(to), files_.absolutePath(from)};
+  if (!changes_.empty() && changes_.back() == undone) {
+    changes_.pop_back();
+  } else {
+    note({FileChange::Kind::kMoved, std::string(from), files_.absolutePath(to)});
+  }
+}
+
+void FileJournal::deleteFile(std::string_view path) {
+  changing(path, [&] { files_.deleteFile(path); });
+  note({FileChange::Kind::kDeleted, std::string(path)});
+}
+
+std::unique_ptr<FileReplacement> FileJournal::replace(std::string_view path) {
+  return changing(path, [&]() -> std::unique_ptr<FileReplacement> {
+    return std::make_unique<WatchedReplacement>(*this, path);
+  });
+}
+
+void FileJournal::note(FileChange change) {
+  change.path = files_.absolutePath(change.path);
+  if (std::find(changes_.begin(), changes_.end(), change) == changes_.end()) {
+    changes_.push_back(std::move(change));
+  }
+}
+
+}  // namespace quorbind

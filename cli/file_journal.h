@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace quorbind {
+
+/// A change that came about.
+struct FileChange {
+  enum class Kind { kWritten, kMoved, kDeleted, kFolderMade };
+  Kind kind = Kind::kWritten;
+  /// In full, as the component names it.
+  std::string path;
+  /// Where a moved file went.
+  std::string target = {};
+
+  bool operator==(const FileChange&) const = default;
+};
+
+/// A file system that remembers what was changed through it, and what could not be. The component
+/// tells a failed write in a box that does not always name the file, and goes on in places: only
+/// the files themselves tell what a run has left.
+class FileJournal final : public FileSystem {
+ public:
+  /// Kept by reference.
+  explicit FileJournal(FileSystem& files) : files_(files) {}
+
+  /// In the order in which they came about; a file that was written more than once stands there
+  /// once, and a move that was undone does not.
+  [[nodiscard]] const std::vector<FileChange>& changes() const { return changes_; }
+  /// The file or folder of the first write that failed.
+  [[nodiscard]] const std::optional<std::string>& failedWrite() const { return failedWrite_; }
+
+  [[nodiscard]] bool fileExists(std::string_view path) override { return files_.fileExists(path); }
+  [[nodiscard]] bool folderExists(std::string_view path) override {
+    return files_.folderExists(path);
+  }
+  void createFolder(std::string_view path) override;
+  void copyFile(std::string_view from, std::string_view to) override;
+  void moveFile(std::string_view from, std::string_view to) override;
+  void deleteFile(std::string_view path) override;
+  [[nodiscard]] std::string absolutePath(std::string_view path) override {
+    return files_.absolutePath(path);
+  }
+  [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override {
+    return files_.sameFile(left, right);
+  }
+  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
+    return files_.namesIn(folder);
+  }
+  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
+    return files_.open(path);
+  }
+  [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
+
+ private:
+  class WatchedReplacement;
+
+  /// Runs a step that changes what stands at `path`.
+  template <typename Step>
+  auto changing(std::string_view path, Step&& step);
+  void note(FileChange change);
+
+  FileSystem& files_;
+  std::vector<FileChange> changes_;
+  std::optional<std::string> failedWrite_;
+};
+
+}  // namespace quorbind

@@ -1,0 +1,19 @@
+#include "cli/listing.h"
+
+#include "cli/failure.h"
+#include "cli/report.h"
+
+namespace quorbind {
+
+ExitStatus runListing(Wiring& wiring, bool json, const std::function<void()>& listing) {
+  const ExitStatus status = reportingFailures(wiring.ui, [&] {
+    listing();
+    return ExitStatus::kDone;
+  });
+  if (status != ExitStatus::kDone && json) {
+    printFailure(status, wiring.ui.shown(), "nothing was shown");
+  }
+  return status;
+}
+
+}  // namespace quorbind

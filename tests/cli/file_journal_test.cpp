@@ -1,0 +1,82 @@
+#include "cli/file_journal.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/portable/portable_file_system.h"
+#include "tests/support/raised_error.h"
+#include "tests/support/read_only_files.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Kind = FileChange::Kind;
+
+class Journal : public ::testing::Test {
+ protected:
+  void SetUp() override { folder_.write("a.txt", "first"); }
+
+  /// A name in the folder, which is the drive.
+  [[nodiscard]] static std::string at(std::string_view name) { return "C:\\" + std::string(name); }
+
+  TemporaryFolder folder_;
+  PortableFileSystem disk_{folder_.path()};
+  FileJournal journal_{disk_};
+};
+
+TEST_F(Journal, NotesChangesInTheirOrderUnderFullNames) {
+  journal_.createFolder("C:/sub");
+  journal_.copyFile(at("a.txt"), at("sub\\copy.txt"));
+  journal_.moveFile(at("sub\\copy.txt"), "C:/sub/moved.txt");
+  journal_.deleteFile(at("a.txt"));
+  EXPECT_THAT(journal_.changes(),
+              ElementsAre(FileChange{Kind::kFolderMade, "C:\\sub"},
+                          FileChange{Kind::kWritten, "C:\\sub\\copy.txt"},
+                          FileChange{Kind::kMoved, "C:\\sub\\copy.txt", "C:\\sub\\moved.txt"},
+                          FileChange{Kind::kDeleted, "C:\\a.txt"}));
+  EXPECT_FALSE(journal_.failedWrite());
+}
+
+TEST_F(Journal, NotesAReplacementWhenItIsCommittedAndOnce) {
+  journal_.replace(at("a.txt"))->write("dropped");
+  EXPECT_THAT(journal_.changes(), IsEmpty());
+  for (const char* text : {"one", "two"}) {
+    const std::unique_ptr<FileReplacement> replacement = journal_.replace(at("a.txt"));
+    replacement->write(text);
+    replacement->commit();
+  }
+  EXPECT_THAT(journal_.changes(), ElementsAre(FileChange{Kind::kWritten, "C:\\a.txt"}));
+  EXPECT_EQ(folder_.read("a.txt"), "two");
+}
+
+TEST_F(Journal, AMoveThatIsUndoneIsNoChange) {
+  journal_.moveFile(at("a.txt"), at("b.txt"));
+  journal_.moveFile(at("b.txt"), at("a.txt"));
+  EXPECT_THAT(journal_.changes(), IsEmpty());
+}
+
+TEST_F(Journal, RemembersTheFirstWriteThatFailed) {
+  ReadOnlyFiles readOnly(disk_);
+  FileJournal journal(readOnly);
+  EXPECT_EQ(errorRaisedBy([&] { static_cast<void>(journal.replace(at("a.txt"))); }), 70);
+  EXPECT_EQ(errorRaisedBy([&] { journal.createFolder(at("sub")); }), 70);
+  EXPECT_EQ(journal.failedWrite(), "C:\\a.txt");
+  EXPECT_THAT(journal.changes(), IsEmpty());
+}
+
+TEST_F(Journal, WhatIsInTheWayIsNoFailedWrite) {
+  folder_.write("b.txt", "second");
+  EXPECT_EQ(errorRaisedBy([&] { journal_.moveFile(at("a.txt"), at("b.txt")); }), 58);
+  EXPECT_FALSE(journal_.failedWrite());
+  EXPECT_THAT(journal_.changes(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorbind::testing
