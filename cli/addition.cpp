@@ -123,13 +123,14 @@ bool Addition::flagsAreAccepted() {
 
 /// The component would leave the refused keywords out and add the book.
 bool Addition::keywordsAreAccepted() {
-  for (const std::string_view keyword : Pieces(arguments_.keywords, kListSeparator)) {
-    if (const auto fault = findKeywordFault(keyword)) {
+  const Pieces keywords(arguments_.keywords, kListSeparator);
+  return std::all_of(keywords.begin(), keywords.end(), [this](std::string_view keyword) {
+    const auto fault = findKeywordFault(keyword);
+    if (fault) {
       wiring_.ui.show(fault->box);
-      return false;
     }
-  }
-  return true;
+    return !fault;
+  });
 }
 
 /// Making the categories file replaces the one that stands there with all that is filed in it, and

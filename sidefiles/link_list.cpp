@@ -24,20 +24,26 @@ void LinkIdentifierList::record(const std::string& identifier,
                     .sourceFilePath = sourceFilePath,
                     .projectName = state_.currentProductName,
                     .bookAcro = bookAcro});
-  if (!isReady()) {
-    recordAlone(link);
-  } else if (!isTaken(identifier)) {
-    changes_->make(
-        [this, link] {
-          file_->record(links_[link]);
-          return true;
-        },
-        [this, link] { recordAlone(link); });
-  } else if (settle()) {
-    tellOfTakenLinkId(platform_, identifier);
-  } else {
-    recordAlone(link);
+  if (isReady()) {
+    if (!isTaken(identifier)) {
+      recordLater(link);
+      return;
+    }
+    if (settle()) {
+      tellOfTakenLinkId(platform_, identifier);
+      return;
+    }
   }
+  recordAlone(link);
+}
+
+void LinkIdentifierList::recordLater(std::size_t which) {
+  changes_->make(
+      [this, which] {
+        file_->record(links_[which]);
+        return true;
+      },
+      [this, which] { recordAlone(which); });
 }
 
 bool LinkIdentifierList::isReady() {

@@ -47,6 +47,7 @@ class LinkIdentifierList {
   void requireFile();
   void requireOthers();
   [[nodiscard]] bool isTaken(const std::string& identifier);
+  void recordLater(std::size_t which);
   void recordAlone(std::size_t which);
   /// As ListedChanges::settle.
   bool settle();

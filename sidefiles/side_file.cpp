@@ -34,9 +34,9 @@ void SideFile::forget() {
 
 XmlNode appendTextElement(XmlDocument& document,
                           const XmlNode& parent,
-                          std::string_view name,
+                          std::string_view tag,
                           std::string_view text) {
-  const XmlNode element = document.createElement(name);
+  XmlNode element = document.createElement(tag);
   element.setText(text);
   parent.append(element);
   return element;

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/platform.h"
 #include "platform/xml_document.h"
@@ -44,7 +45,7 @@ class SideFile {
 /// Puts a new element with that text behind the last child of `parent`, and answers it.
 XmlNode appendTextElement(XmlDocument& document,
                           const XmlNode& parent,
-                          std::string_view name,
+                          std::string_view tag,
                           std::string_view text);
 
 }  // namespace quorbind
