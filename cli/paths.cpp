@@ -62,6 +62,7 @@ LibraryPaths::LibraryPaths(const std::string& server, const std::string& library
       catalogue(joined(folder, catalogue_names::kFile)),
       bookCategories(joined(folder, category_names::kFile)),
       searchKeywords(joined(folder, keyword_names::kFile)),
+      linkIdentifiers(joined(folder, link_names::kFile)),
       selection(docsFolder + std::string(server_names::kSelectionFile)),
       defaultCategories(docsFolder + std::string(server_names::kDefaultCategoriesFile)) {}
 

@@ -32,6 +32,7 @@ struct LibraryPaths {
   std::string catalogue;
   std::string bookCategories;
   std::string searchKeywords;
+  std::string linkIdentifiers;
   std::string selection;  ///< the server's list of libraries
   std::string defaultCategories;
 };

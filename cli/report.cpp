@@ -5,6 +5,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string_view>
+#include <utility>
 
 #include "cli/toc_file.h"
 #include "platform/portable/visible_text.h"
@@ -42,10 +43,15 @@ Json toJson(const CatalogueEntry& book) {
           {"file", book.bookFile}};
 }
 
-void addLine(Json& object, std::size_t line) {
-  if (line > 0) {
-    object["line"] = line;
+void addNumber(Json& object, const char* name, std::size_t number) {
+  if (number > 0) {
+    object[name] = number;
   }
+}
+
+void addPlace(Json& object, std::size_t line, std::size_t column) {
+  addNumber(object, "line", line);
+  addNumber(object, "column", column);
 }
 
 std::string inFolder(const std::string& folder) {
@@ -77,7 +83,7 @@ void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMe
                  {"files", report.files},
                  {"missing", report.missing},
                  {"messages", toJson(messages)}};
-  addLine(object, report.line);
+  addPlace(object, report.line, report.column);
   if (!report.note.empty()) {
     object["note"] = report.note;
   }
@@ -98,14 +104,17 @@ void printCheckAsText(const CheckReport& report) {
 void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>& messages) {
   Json missing = Json::array();
   for (const MissingDocument& document : report.missing) {
-    missing.push_back({{"line", document.line}, {"file", document.file}});
+    Json entry = Json::object();
+    addNumber(entry, "line", document.line);
+    entry["file"] = document.file;
+    missing.push_back(std::move(entry));
   }
   Json object = {{"status", static_cast<int>(report.status)},
                  {"accepted", report.status == ExitStatus::kDone},
                  {"entries", report.entries},
                  {"missing", missing},
                  {"messages", toJson(messages)}};
-  addLine(object, report.line);
+  addPlace(object, report.line, report.column);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }
@@ -178,8 +187,10 @@ void printBookAsJson(const CatalogueEntry& book, const std::vector<BookHeading>&
   print(object);
 }
 
-void tellFailure(const std::string& toc, std::size_t line, const std::string& note) {
-  std::cerr << "quorbind: " << visibleText(placeIn(toc, line) + note) << '\n';
+template <typename Report>
+void tellFailure(const Report& report, const std::string& note) {
+  std::cerr << "quorbind: " << visibleText(placeIn(report.toc, report.line, report.column) + note)
+            << '\n';
 }
 
 }  // namespace
@@ -194,7 +205,7 @@ void printAddition(const AdditionReport& report,
                    const std::vector<ShownMessage>& messages,
                    bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report.toc, report.line, report.note);
+    tellFailure(report, report.note);
   }
   if (json) {
     printAdditionAsJson(report, messages);
@@ -205,7 +216,7 @@ void printAddition(const AdditionReport& report,
 
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report.toc, report.line, kNotAccepted);
+    tellFailure(report, kNotAccepted);
   }
   if (json) {
     printCheckAsJson(report, messages);

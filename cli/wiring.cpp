@@ -34,6 +34,7 @@ Wiring::Wiring(const std::string& serverRoot,
       ui(terminal, std::move(answers)),
       reference_({files, xml, ui, locale}, serverRoot),
       toolset(reference_),
-      module(Platform{files, xml, ui, toolset, locale}) {}
+      module(Platform{files, xml, ui, toolset, locale}),
+      mayAsk(terminal.input != nullptr) {}
 
 }  // namespace quorbind

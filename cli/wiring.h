@@ -36,6 +36,8 @@ class Wiring {
  public:
   CopyWatch toolset;
   Module module;
+  /// Whether there is a person who can be asked.
+  const bool mayAsk;
 };
 
 }  // namespace quorbind
