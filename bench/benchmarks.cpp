@@ -73,6 +73,7 @@ class Case {
     const bool generated = generate(sample);
     const std::string book = sample.world.disk.read(kGeneratedFile);
     beginning = beginningOf(book);
+    sample.writePage();
     if (!generated || !writeFloorBook() || sample.world.disk.read(kFloorBook) != book) {
       throw std::runtime_error("the floor does not write the book file that the component writes");
     }
@@ -109,6 +110,15 @@ bool check(Case& data) {
       sample.documents() == Documents::kMissing ? sample.entries() : std::size_t{0};
   return check.mbValidateTocFile(toc, TocCheck::kText) &&
          check.marrsMissingFiles().size() == missing;
+}
+
+/// The page's documents are missing: they would stand beside it.
+bool checkPage(Case& data) {
+  Sample& sample = data.sample;
+  TocCheck check(sample.world.module);
+  std::string toc = kPage;
+  return check.mbValidateTocFile(toc, TocCheck::kHtml) &&
+         check.marrsMissingFiles().size() == sample.headings();
 }
 
 bool convert(Case& data) {
@@ -162,6 +172,7 @@ struct Stage {
 constexpr std::array kStages{
     Stage{"component/check/missing", Documents::kMissing, check},
     Stage{"component/check/standing", Documents::kStanding, check},
+    Stage{"component/page", Documents::kMissing, checkPage},
     Stage{"component/generate", Documents::kMissing, convert},
     Stage{"component/add/missing", Documents::kMissing, add},
     Stage{"component/add/standing", Documents::kStanding, add},

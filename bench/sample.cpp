@@ -25,16 +25,31 @@ std::string inQuotes(std::string_view field) {
   return std::string("\"").append(field).append("\" ");
 }
 
+std::string nameOf(std::size_t index) {
+  return "Setting " + std::to_string(index) + " of the pump, in \xC2\xB5s";
+}
+
+std::string subLinkOf(std::size_t index) {
+  return index % kEntriesPerBookmark == 0 ? "#range" : "";
+}
+
 /// One entry in the quotes that the check reads and the markers that the generator reads.
 std::string lineOf(std::size_t index) {
-  const std::string number = std::to_string(index);
-  const std::string name = "Setting " + number + " of the pump, in \xC2\xB5s";
+  const std::string name = nameOf(index);
   const std::string file = kBookFolder + ("\\" + Sample::documentOf(index));
-  const std::string subLink = index % kEntriesPerBookmark == 0 ? "#range" : "";
+  const std::string subLink = subLinkOf(index);
   const text_form::Entry entry{
       .level = levelOf(index), .name = name, .file = file, .subLink = subLink};
   return inQuotes(std::to_string(entry.level)) + inQuotes(name) + inQuotes(file) +
          inQuotes(subLink) + text_form::lineOf(entry) + "\r\n";
+}
+
+/// One heading of a page, on a line of its own.
+std::string headingOf(std::size_t index) {
+  const std::string level = std::to_string(levelOf(index) - 1);
+  return "<p><K" + level + "><A HREF=\"" + kBookFolder + "/" + Sample::documentOf(index) +
+         subLinkOf(index) + "\" FLINKVALUE=\"F" + std::to_string(index) + "\">" + nameOf(index) +
+         "</A></K" + level + "></p>\r\n";
 }
 
 }  // namespace
@@ -73,6 +88,15 @@ void Sample::writeToc() const {
   for (std::size_t index = 0; index < entries_; ++index) {
     toc << lineOf(index);
   }
+}
+
+void Sample::writePage() const {
+  std::ofstream page(systemPath(kPageFile), std::ios::binary);
+  page << "<html><body>\r\n";
+  for (std::size_t index = 1; index < entries_; ++index) {
+    page << headingOf(index);
+  }
+  page << "</body></html>\r\n";
 }
 
 void Sample::writeDocuments() const {

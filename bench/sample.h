@@ -31,6 +31,8 @@ class Sample {
   /// The system's path of a file on the disk, named with `/`.
   [[nodiscard]] std::string systemPath(std::string_view name) const;
 
+  /// Writes the same headings as an HTML page.
+  void writePage() const;
   /// Puts the library back to one book.
   void resetLibrary() const;
 
@@ -47,6 +49,8 @@ class Sample {
 // Names on the disk, as the system has them, and as the component is told them.
 inline constexpr const char* kTocFile = "in/toc.txt";
 inline constexpr const char* kToc = R"(C:\in\toc.txt)";
+inline constexpr const char* kPageFile = "in/toc.htm";
+inline constexpr const char* kPage = R"(C:\in\toc.htm)";
 inline constexpr const char* kBookFolder = "Manual";
 inline constexpr const char* kGeneratedFile = "in/Book_BEN.xml";
 inline constexpr const char* kCatalogueFile = "library/Quor_TOC.xml";

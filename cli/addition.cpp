@@ -5,9 +5,10 @@
 
 #include "bookxml/names.h"
 #include "catalogue/book_config.h"
+#include "cli/book_file_survey.h"
 #include "cli/failure.h"
+#include "cli/page_survey.h"
 #include "cli/prepared_toc.h"
-#include "cli/toc_survey.h"
 #include "platform/abandoned.h"
 #include "platform/error_sources.h"
 #include "platform/paths.h"
@@ -15,6 +16,7 @@
 #include "resources/form_layouts.h"
 #include "sidefiles/keyword_rules.h"
 #include "sidefiles/names.h"
+#include "toc/text_form.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
 #include "workflow/inputs/input_check.h"
@@ -46,9 +48,22 @@ void requireNameThatFits(std::string_view name, std::string_view flag) {
   }
 }
 
+/// Whether the host asks for name and acronym before it calls the driver: link identifiers of a
+/// page carry the acronym and are recorded during the validation, in which a book file's own values
+/// are held against the catalogue.
+bool asksFirst(const AddArguments& arguments) {
+  const std::int16_t kind = kindOf(arguments.toc, arguments.kind);
+  return kind == TocCheck::kHtml ||
+         (kind == TocCheck::kXml && (arguments.name || arguments.acronym));
+}
+
 /// A name and an acronym that are both given need no form.
 bool formIsSpared(const AddArguments& arguments) {
-  return !isBlank(arguments.name) && !isBlank(arguments.acronym);
+  return !isBlank(arguments.name) && !isBlank(arguments.acronym) && !asksFirst(arguments);
+}
+
+std::string inTheWay(const std::string& path) {
+  return nativeName(path) + ": the file is in the way; move it or delete it";
 }
 
 }  // namespace
@@ -86,15 +101,19 @@ ExitStatus Addition::addBook() {
   const TocFile toc(wiring_.files, arguments_.toc);
   wiring_.ui.showPathAs(toc.path, toc.name);
   requireUsableLibrary();
-  const std::int16_t kind = kindOf(toc.name, arguments_.kind);
-  if (!flagsAreAccepted() || !bCheckForValidInput(wiring_.module, toc.path, kind)) {
+  kind_ = kindOf(toc.name, arguments_.kind);
+  if (!flagsAreAccepted() || !bCheckForValidInput(wiring_.module, toc.path, kind_)) {
     return ExitStatus::kRefused;
   }
   requireFolderInLibrary();
   requireNamesThatFit();
   considerCategories();
   requireUsableSideFiles();
-  return judge(callComponent(kind == TocCheck::kText ? readyToc(toc) : toc.path, kind));
+  const Ready ready = makeReady(toc);
+  if (const auto* status = std::get_if<ExitStatus>(&ready)) {
+    return *status;
+  }
+  return judge(toc, callComponent(std::get<std::string>(ready)));
 }
 
 /// Does what adding will do to the catalogue, without an effect.
@@ -199,7 +218,20 @@ void Addition::requireNamesThatFit() const {
   }
 }
 
-std::string Addition::readyToc(const TocFile& toc) {
+Addition::Ready Addition::makeReady(const TocFile& toc) {
+  switch (kind_) {
+    case TocCheck::kText:
+      return readyText(toc);
+    case TocCheck::kHtml:
+      return readyPage(toc);
+    case TocCheck::kXml:
+      return readyBookFile(toc);
+    default:
+      return toc.path;
+  }
+}
+
+std::string Addition::readyText(const TocFile& toc) {
   const TocSurvey survey = surveyTextToc(wiring_.module.platform, toc);
   if (survey.refusal) {
     report_.line = survey.refusal->line;
@@ -208,7 +240,12 @@ std::string Addition::readyToc(const TocFile& toc) {
   }
   requireReadableDepth(survey, toc.name);
   std::string ready = survey.hasMarks ? toc.path : preparedCopyOf(toc);
-  considerFolder(ready);
+  readingInput(arguments_.toc,
+               [&] { statedPlace_ = readStatedPlace(wiring_.module.platform, ready); });
+  tellOfUnusedFolder();
+  if (!statedPlace_.refusal && !isBlank(arguments_.acronym)) {
+    requireFreeBookFile(ready, *arguments_.acronym);
+  }
   return ready;
 }
 
@@ -224,41 +261,113 @@ std::string Addition::preparedCopyOf(const TocFile& toc) {
   return path;
 }
 
-/// What can be said of the book's folder before the component is called.
-void Addition::considerFolder(const std::string& tocPath) {
-  readingInput(arguments_.toc,
-               [&] { statedPlace_ = readStatedPlace(wiring_.module.platform, tocPath); });
-  const StatedPlace& stated = statedPlace_;
-  if (stated.folder && arguments_.folder) {
+/// The component writes while it checks a page, and records the link identifiers before it looks at
+/// the folder. So everything that can refuse the book is asked here first.
+Addition::Ready Addition::readyPage(const TocFile& toc) {
+  const PageSurvey survey = surveyHtmlToc(wiring_.module.platform, toc);
+  if (survey.rules.refusal) {
+    return refuse(*survey.rules.refusal, ExitStatus::kRefused);
+  }
+  requireReadableDepth(survey.rules, toc.name);
+  statedPlace_ = survey.place;
+  if (statedPlace_.refusal) {
+    return refuse({.violation = {.message = *statedPlace_.refusal, .offersLine = false},
+                   .line = statedPlace_.line},
+                  ExitStatus::kRefused);
+  }
+  if (!askForNames()) {
+    return ExitStatus::kRefused;
+  }
+  tellOfUnusedFolder();
+  requireFolder();
+  if (survey.hasLinkIdentifiers) {
+    requireUsableSideFile(library_.linkIds, link_names::kListPath);
+  }
+  requireFreeBookFile(toc.path, wiring_.module.state.currentBookAcro);
+  makeRoomForExport(toc);
+  return toc.path;
+}
+
+Addition::Ready Addition::readyBookFile(const TocFile& toc) {
+  const BookFileSurvey survey = surveyBookFile(wiring_.module.platform, toc);
+  if (survey.refusal) {
+    return refuse(*survey.refusal, survey.status);
+  }
+  statedPlace_.folder = survey.folder;
+  if (asksFirst(arguments_) && !askForNames()) {
+    return ExitStatus::kRefused;
+  }
+  tellOfUnusedFolder();
+  return toc.path;
+}
+
+ExitStatus Addition::refuse(const TocRefusal& refusal, ExitStatus status) {
+  report_.line = refusal.line;
+  report_.column = refusal.column;
+  tellRefusal(wiring_.ui, refusal);
+  return status;
+}
+
+bool Addition::askForNames() {
+  return Quor_Book(wiring_.module, this).mbGetFormInput(library_.catalogue, kind_);
+}
+
+void Addition::tellOfUnusedFolder() {
+  const auto& folder = statedPlace_.folder;
+  if (folder && arguments_.folder) {
     wiring_.ui.show(
-        {.text =
-             "--folder " + *arguments_.folder + " is not used: the table of contents names " +
-             (stated.folder->empty() ? "the library's own folder" : "the folder " + *stated.folder),
+        {.text = "--folder " + *arguments_.folder + " is not used: the table of contents names " +
+                 (folder->empty() ? "the library's own folder" : "the folder " + *folder),
          .icon = MessageIcon::kInformation});
   }
-  if (!stated.refusal && !isBlank(arguments_.acronym)) {
-    requireFreeBookFile(
-        tocPath, stated.folder.value_or(std::string(trimBlanks(arguments_.folder.value_or("")))));
+}
+
+/// Gives up where the folder dialog would have to, which comes too late.
+void Addition::requireFolder() {
+  if (!statedPlace_.folder && isBlank(arguments_.folder) && !wiring_.mayAsk) {
+    throw Abandoned(AbandonReason::kAnswerMissing, "give --folder");
   }
 }
 
 /// The generator writes its file beside the table of contents, from where it is moved into the
 /// book's folder there; after the copy it is deleted. A file of that name that stands there already
 /// is not this run's to overwrite, install or delete.
-void Addition::requireFreeBookFile(const std::string& tocPath, const std::string& folder) {
+void Addition::requireFreeBookFile(const std::string& tocPath, const std::string& acronym) {
   const std::string besideToc(folderOf(tocPath));
-  const std::string bookFile = "\\" + book_names::fileOf(*arguments_.acronym);
+  const std::string bookFile = "\\" + book_names::fileOf(acronym);
+  const std::string folder =
+      statedPlace_.folder.value_or(std::string(trimBlanks(arguments_.folder.value_or(""))));
   const std::string inBookFolder = besideToc + "\\" + folder;
   for (const std::string& place : {besideToc, inBookFolder}) {
     const std::string path = place + bookFile;
     if (wiring_.files.fileExists(path)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           nativeName(path) + ": the file is in the way; move it or delete it");
+      throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
     }
   }
 }
 
-bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
+/// The export of a page is named after the upper-cased path of the page, and is this run's to
+/// delete only if it was not there before.
+void Addition::makeRoomForExport(const TocFile& toc) {
+  const Locale& locale = wiring_.locale;
+  if (!wiring_.files.sameFile(locale.upperCase(toc.path), toc.path)) {
+    throw CommandFailure(ExitStatus::kRefused,
+                         toc.name +
+                             ": the name of another file differs from it in letter case alone; "
+                             "rename one of them");
+  }
+  const std::string folder(folderPartOf(toc.path));
+  const std::string path =
+      folder +
+      std::string(fileNameOf(text_form::exportPathOf(locale, toc.path, text_form::kHtmlExtension)));
+  if (wiring_.files.fileExists(path)) {
+    throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
+  }
+  writing(nativeName(folder), [&] { static_cast<void>(wiring_.files.replace(path)); });
+  export_.emplace(nativeName(path));
+}
+
+bool Addition::callComponent(const std::string& tocPath) {
   const bool spared = formIsSpared(arguments_);
   // In the form in which the catalogue has it and by which the keywords are found; the dialog gives
   // the same.
@@ -266,7 +375,7 @@ bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
   Quor_Book book(wiring_.module, this);
   return book.Book_Valuator(tocPath,
                             library_.catalogue,
-                            kind,
+                            kind_,
                             arguments_.place.library,
                             spared ? rules->mstrCheckSpecialCharecters(*arguments_.name) : "",
                             spared ? *arguments_.acronym : "",
@@ -285,13 +394,13 @@ void Addition::evtGetFolderName(std::string_view sFolderName) {
   report_.folder = sFolderName;
 }
 
-ExitStatus Addition::judge(bool finished) {
+ExitStatus Addition::judge(const TocFile& toc, bool finished) {
   const auto books = readCatalogue(wiring_.module.platform, library_.catalogue);
   if (books.size() <= booksBefore_.size()) {
     return judgeWithoutEntry(finished);
   }
   const ListedBook& book = books.back();
-  if (!wiring_.toolset.lastCopyArrived() || !wiring_.files.fileExists(bookFileOf(library_, book))) {
+  if (!hasArrived(book, toc)) {
     takeOut(book, books);
     return ExitStatus::kWriteFailed;
   }
@@ -305,9 +414,22 @@ ExitStatus Addition::judge(bool finished) {
   return ExitStatus::kDone;
 }
 
+/// An older file of the same name may stand where the new one should be. Of a generated book file
+/// the copying component tells whether it was put there; an existing one is copied in another way,
+/// and must have the headings of the one that was given.
+bool Addition::hasArrived(const ListedBook& book, const TocFile& toc) {
+  const std::string bookFile = bookFileOf(library_, book);
+  if (!wiring_.files.fileExists(bookFile)) {
+    return false;
+  }
+  return kind_ == TocCheck::kXml ? haveSameHeadings(wiring_.module.platform, toc.path, bookFile)
+                                 : wiring_.toolset.lastCopyArrived();
+}
+
 ExitStatus Addition::judgeWithoutEntry(bool finished) {
   if (wasWriteErrorShown()) {
-    report_.note = nothingAddedWithout(nativeName(finished ? library_.catalogue : generatedFile()));
+    report_.note =
+        nothingAddedWithout(nativeName(finished ? library_.catalogue : bookFileBeingMade()));
     return ExitStatus::kWriteFailed;
   }
   if (wasPlaceRefused()) {
@@ -319,11 +441,16 @@ ExitStatus Addition::judgeWithoutEntry(bool finished) {
   return finished && !hadError ? ExitStatus::kRefused : ExitStatus::kInternal;
 }
 
-/// Where the generator of a run that did not come to its end was to make the book file.
-std::string Addition::generatedFile() const {
+/// Where a run that did not come to its end was to make the book file: the generator beside the
+/// table of contents, an existing one in its place.
+std::string Addition::bookFileBeingMade() const {
   const ProcessState& state = wiring_.module.state;
-  return std::string(folderPartOf(state.currentTocPath)) +
-         book_names::fileOf(state.currentBookAcro);
+  const std::string name = book_names::fileOf(state.acroOfBookFile());
+  if (kind_ == TocCheck::kXml) {
+    const std::string folder = statedPlace_.folder.value_or("");
+    return library_.folder + "\\" + (folder.empty() ? "" : folder + "\\") + name;
+  }
+  return std::string(folderPartOf(state.currentTocPath)) + name;
 }
 
 /// Takes the entry of a book whose file did not arrive out again. Entries are found by their name,
@@ -385,6 +512,10 @@ std::string Addition::fileOfWriteError(const ListedBook& book) const {
   }
   if (isFrom(source::kAddCategoryNode) || isFrom(source::kCreateBookCateXmlFile)) {
     return library_.bookCategories;
+  }
+  if (isFrom(source::kAddToLinkIdFile) || isFrom(source::kGenerateBookLinkId) ||
+      isFrom(source::kAddLinkIdInfo)) {
+    return library_.linkIds;
   }
   return bookFileOf(library_, book);
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -15,6 +16,7 @@
 #include "cli/report.h"
 #include "cli/temporary_file.h"
 #include "cli/toc_file.h"
+#include "cli/toc_survey.h"
 #include "cli/wiring.h"
 #include "toc/book_place.h"
 #include "workflow/driver/book_valuator.h"
@@ -45,17 +47,26 @@ class Addition final : private QuorBookEvents {
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
 
-  /// The file to hand to the component: the table itself, or a copy in the form that the generator
-  /// reads.
-  [[nodiscard]] std::string readyToc(const TocFile& toc);
+  /// The file to hand to the component, or how the run ends without that; the user has been told.
+  using Ready = std::variant<std::string, ExitStatus>;
+  [[nodiscard]] Ready makeReady(const TocFile& toc);
+  /// The table itself, or a copy in the form that the generator reads.
+  [[nodiscard]] std::string readyText(const TocFile& toc);
   [[nodiscard]] std::string preparedCopyOf(const TocFile& toc);
-  void considerFolder(const std::string& tocPath);
-  void requireFreeBookFile(const std::string& tocPath, const std::string& folder);
+  [[nodiscard]] Ready readyPage(const TocFile& toc);
+  [[nodiscard]] Ready readyBookFile(const TocFile& toc);
+  [[nodiscard]] ExitStatus refuse(const TocRefusal& refusal, ExitStatus status);
+  [[nodiscard]] bool askForNames();
+  void tellOfUnusedFolder();
+  void requireFolder();
+  void requireFreeBookFile(const std::string& tocPath, const std::string& acronym);
+  void makeRoomForExport(const TocFile& toc);
 
-  [[nodiscard]] bool callComponent(const std::string& tocPath, std::int16_t kind);
-  [[nodiscard]] ExitStatus judge(bool finished);
+  [[nodiscard]] bool callComponent(const std::string& tocPath);
+  [[nodiscard]] ExitStatus judge(const TocFile& toc, bool finished);
+  [[nodiscard]] bool hasArrived(const ListedBook& book, const TocFile& toc);
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
-  [[nodiscard]] std::string generatedFile() const;
+  [[nodiscard]] std::string bookFileBeingMade() const;
   void takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
   void describeBook(const ListedBook& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
@@ -70,10 +81,12 @@ class Addition final : private QuorBookEvents {
   Wiring& wiring_;
   AdditionReport report_;
   std::vector<ListedBook> booksBefore_;
+  std::int16_t kind_ = 0;
   StatedPlace statedPlace_;
   /// The run makes the library's categories file.
   bool createsCategories_ = false;
   std::optional<TemporaryFile> preparedCopy_;
+  std::optional<FileToRemove> export_;
 };
 
 }  // namespace quorbind

@@ -111,6 +111,19 @@ std::string readBookLink(const Platform& platform, const std::string& path) {
   return scan.link();
 }
 
+bool haveSameHeadings(const Platform& platform, const std::string& left, const std::string& right) {
+  const auto headingsOf = [&platform](const std::string& path) {
+    std::vector<BookHeading> headings;
+    readHeadings(platform, path, [&](const BookHeading& heading) { headings.push_back(heading); });
+    return headings;
+  };
+  try {
+    return headingsOf(left) == headingsOf(right);
+  } catch (const CommandFailure&) {
+    return false;
+  }
+}
+
 BookDocuments findDocuments(const Platform& platform, const std::string& path) {
   const std::string folder = std::string(folderOf(path)) + "\\";
   BookDocuments documents;
@@ -120,7 +133,8 @@ BookDocuments findDocuments(const Platform& platform, const std::string& path) {
     if (name.empty() || !seen.insert(name).second) {
       return;
     }
-    const bool present = staysInFolder(name) && platform.files.fileExists(folder + name);
+    const auto below = nameBelow(name);
+    const bool present = below && platform.files.fileExists(folder + *below);
     (present ? documents.present : documents.missing).push_back(name);
   });
   return documents;

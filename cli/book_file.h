@@ -19,6 +19,8 @@ struct BookHeading {
   /// The document's name, as the book file has it, and the bookmark in it; both may be empty.
   std::string document;
   std::string bookmark;
+
+  bool operator==(const BookHeading&) const = default;
 };
 
 /// Hands over the headings of the book file at `path` in their order. A file that is not there,
@@ -30,6 +32,8 @@ void readHeadings(const Platform& platform,
 /// The link of the book in the book file at `path`; empty when it has none. Fails as readHeadings
 /// does, and for a file that describes no book.
 std::string readBookLink(const Platform& platform, const std::string& path);
+/// Whether two book files tell of the same headings. False also where one of them can't be read.
+bool haveSameHeadings(const Platform& platform, const std::string& left, const std::string& right);
 
 /// The documents that a book names, each once and in its order.
 struct BookDocuments {

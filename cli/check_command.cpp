@@ -3,8 +3,9 @@
 #include <string>
 #include <unordered_map>
 
+#include "cli/book_file_survey.h"
 #include "cli/failure.h"
-#include "cli/paths.h"
+#include "cli/page_survey.h"
 #include "cli/report.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
@@ -21,41 +22,78 @@ namespace {
 /// that the entry names. Each name is looked up once.
 class DocumentSearch {
  public:
-  DocumentSearch(FileSystem& files, std::string_view tocPath)
-      : files_(files), folder_(std::string(folderOf(tocPath)) + "\\") {}
+  DocumentSearch(FileSystem& files, std::string_view tocPath, CheckReport& report)
+      : files_(files), folder_(folderPartOf(tocPath)), report_(report) {}
 
+  /// Reports a document, which may have a bookmark, unless it is there or nothing is named.
+  void note(std::size_t line, std::string_view document) {
+    const std::string_view name = document.substr(0, document.find('#'));
+    if (!name.empty() && !finds(name)) {
+      report_.missing.push_back({line, std::string(document)});
+    }
+  }
+
+ private:
   bool finds(std::string_view document) {
     const auto [known, isNew] = known_.try_emplace(std::string(document), false);
     if (isNew) {
-      const std::string name = withBackslashes(document);
-      known->second = staysBelow(name) && files_.fileExists(folder_ + name);
+      const auto name = nameBelow(document);
+      known->second = name && files_.fileExists(folder_ + *name);
     }
     return known->second;
   }
 
- private:
   FileSystem& files_;
   std::string folder_;
+  CheckReport& report_;
   std::unordered_map<std::string, bool> known_;
 };
 
-/// Holds a text table of contents against the rules and looks for its documents in one walk.
-ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
-  DocumentSearch search(wiring.files, toc.path);
-  const auto note = [&](const TextTocLine& line, const TextTocEntry& entry) {
-    const std::string_view document = entry.file.substr(0, entry.file.find('#'));
-    if (!document.empty() && !search.finds(document)) {
-      report.missing.push_back({line.number, std::string(entry.file)});
-    }
-  };
-  const TocSurvey survey = surveyTextToc(wiring.module.platform, toc, note);
+void reportRefusal(CheckReport& report, const TocRefusal& refusal, Wiring& wiring) {
+  report.line = refusal.line;
+  report.column = refusal.column;
+  tellRefusal(wiring.ui, refusal);
+}
+
+ExitStatus judge(CheckReport& report, const TocSurvey& survey, const TocFile& toc, Wiring& wiring) {
   report.entries = survey.entries;
   if (survey.refusal) {
-    report.line = survey.refusal->line;
-    tellRefusal(wiring.ui, *survey.refusal);
+    reportRefusal(report, *survey.refusal, wiring);
   }
   requireReadableDepth(survey, toc.name);
   return survey.refusal ? ExitStatus::kRefused : ExitStatus::kDone;
+}
+
+// Each holds a table of contents against the rules and looks for its documents in one walk.
+
+ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
+  DocumentSearch search(wiring.files, toc.path, report);
+  const auto note = [&search](const TextTocLine& line, const TextTocEntry& entry) {
+    search.note(line.number, entry.file);
+  };
+  return judge(report, surveyTextToc(wiring.module.platform, toc, note), toc, wiring);
+}
+
+ExitStatus checkPage(CheckReport& report, const TocFile& toc, Wiring& wiring) {
+  DocumentSearch search(wiring.files, toc.path, report);
+  const auto note = [&search](std::size_t line, std::string_view document) {
+    search.note(line, document);
+  };
+  return judge(report, surveyHtmlToc(wiring.module.platform, toc, note).rules, toc, wiring);
+}
+
+ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring) {
+  const BookFileSurvey survey = surveyBookFile(wiring.module.platform, toc);
+  if (survey.refusal) {
+    reportRefusal(report, *survey.refusal, wiring);
+    return survey.status;
+  }
+  DocumentSearch search(wiring.files, toc.path, report);
+  for (const std::string& document : survey.documents) {
+    search.note(/*line=*/0, document);
+  }
+  report.entries = survey.documents.size();
+  return ExitStatus::kDone;
 }
 
 ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& wiring) {
@@ -65,12 +103,19 @@ ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& w
   if (!bCheckForValidInput(wiring.module, toc.path, kind)) {
     return ExitStatus::kRefused;
   }
-  if (kind == TocCheck::kText) {
-    return checkText(report, toc, wiring);
+  switch (kind) {
+    case TocCheck::kText:
+      return checkText(report, toc, wiring);
+    case TocCheck::kHtml:
+      return checkPage(report, toc, wiring);
+    case TocCheck::kXml:
+      return checkBookFile(report, toc, wiring);
+    default: {
+      std::string path = toc.path;
+      return TocCheck(wiring.module).mbValidateTocFile(path, kind) ? ExitStatus::kDone
+                                                                   : ExitStatus::kRefused;
+    }
   }
-  std::string path = toc.path;
-  return TocCheck(wiring.module).mbValidateTocFile(path, kind) ? ExitStatus::kDone
-                                                               : ExitStatus::kRefused;
 }
 
 }  // namespace

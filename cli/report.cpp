@@ -3,6 +3,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string_view>
+#include <utility>
 
 #include "cli/json_text.h"
 #include "cli/text_list.h"
@@ -29,10 +30,15 @@ Json toJson(const ListedBook& book) {
   return object;
 }
 
-void addLine(Json& object, std::size_t line) {
-  if (line > 0) {
-    object["line"] = line;
+void addNumber(Json& object, const char* name, std::size_t number) {
+  if (number > 0) {
+    object[name] = number;
   }
+}
+
+void addPlace(Json& object, std::size_t line, std::size_t column) {
+  addNumber(object, "line", line);
+  addNumber(object, "column", column);
 }
 
 void printAdditionAsText(const AdditionReport& report) {
@@ -55,7 +61,7 @@ void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMe
                  {"files", report.files},
                  {"missing", report.missing},
                  {"messages", toJson(messages)}};
-  addLine(object, report.line);
+  addPlace(object, report.line, report.column);
   if (!report.note.empty()) {
     object["note"] = report.note;
   }
@@ -76,14 +82,17 @@ void printCheckAsText(const CheckReport& report) {
 void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>& messages) {
   Json missing = Json::array();
   for (const MissingDocument& document : report.missing) {
-    missing.push_back({{"line", document.line}, {"file", document.file}});
+    Json entry = Json::object();
+    addNumber(entry, "line", document.line);
+    entry["file"] = document.file;
+    missing.push_back(std::move(entry));
   }
   Json object = {{"status", static_cast<int>(report.status)},
                  {"accepted", report.status == ExitStatus::kDone},
                  {"entries", report.entries},
                  {"missing", missing},
                  {"messages", toJson(messages)}};
-  addLine(object, report.line);
+  addPlace(object, report.line, report.column);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }
@@ -137,8 +146,10 @@ void printBookAsJson(const ListedBook& book, const std::vector<BookHeading>& hea
   printJson(object);
 }
 
-void tellFailure(const std::string& toc, std::size_t line, const std::string& note) {
-  std::cerr << "quorbind: " << visibleText(placeIn(toc, line) + note) << '\n';
+template <typename Report>
+void tellFailure(const Report& report, const std::string& note) {
+  std::cerr << "quorbind: " << visibleText(placeIn(report.toc, report.line, report.column) + note)
+            << '\n';
 }
 
 }  // namespace
@@ -153,7 +164,7 @@ void printAddition(const AdditionReport& report,
                    const std::vector<ShownMessage>& messages,
                    bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report.toc, report.line, report.note);
+    tellFailure(report, report.note);
   }
   if (json) {
     printAdditionAsJson(report, messages);
@@ -164,7 +175,7 @@ void printAddition(const AdditionReport& report,
 
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report.toc, report.line, kNotAccepted);
+    tellFailure(report, kNotAccepted);
   }
   if (json) {
     printCheckAsJson(report, messages);

@@ -17,9 +17,11 @@ namespace quorbind {
 /// How an addition ended.
 struct AdditionReport {
   ExitStatus status = ExitStatus::kInternal;
-  /// The table of contents as the user named it, and its line that was refused; 0 for none.
+  /// The table of contents as the user named it, and the line and the character in it that were
+  /// refused; 0 for none.
   std::string toc;
   std::size_t line = 0;
+  std::size_t column = 0;
   /// Why the status is not 0; empty when it is.
   std::string note;
   bool added = false;
@@ -34,6 +36,7 @@ struct AdditionReport {
 
 /// A document that a table of contents names and that is not there.
 struct MissingDocument {
+  /// 0 where it can't be told.
   std::size_t line = 0;
   std::string file;
 };
@@ -42,8 +45,9 @@ struct MissingDocument {
 struct CheckReport {
   ExitStatus status = ExitStatus::kInternal;
   std::string toc;
-  /// The line that was refused; 0 for none.
+  /// The line and the character in it that were refused; 0 for none.
   std::size_t line = 0;
+  std::size_t column = 0;
   std::size_t entries = 0;
   std::vector<MissingDocument> missing;
 };

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/runtime_error.h"
 
@@ -100,6 +101,16 @@ TemporaryFile::~TemporaryFile() {
   if (descriptor_ >= 0) {
     ::close(descriptor_);
   }
+  unlink(path_.c_str());
+  fileOfThisProcess = nullptr;
+}
+
+FileToRemove::FileToRemove(std::string path) : path_(std::move(path)) {
+  installHandlers();
+  fileOfThisProcess = path_.c_str();
+}
+
+FileToRemove::~FileToRemove() {
   unlink(path_.c_str());
   fileOfThisProcess = nullptr;
 }

@@ -32,4 +32,19 @@ class TemporaryFile {
   std::string buffer_;
 };
 
+/// A file that another part of this process is going to make under a known name, and that is gone
+/// when the object is, and also when one of those signals ends the process before. Not beside a
+/// TemporaryFile, nor another one of these.
+class FileToRemove {
+ public:
+  /// `path` is named as this machine does.
+  explicit FileToRemove(std::string path);
+  ~FileToRemove();
+  FileToRemove(const FileToRemove&) = delete;
+  FileToRemove& operator=(const FileToRemove&) = delete;
+
+ private:
+  std::string path_;
+};
+
 }  // namespace quorbind

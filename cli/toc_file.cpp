@@ -15,8 +15,14 @@ TocFile::TocFile(FileSystem& files, const std::string& tocName)
   requireReadable(files, path, name);
 }
 
-std::string placeIn(const std::string& file, std::size_t line) {
-  return line == 0 ? file + ": " : file + ":" + std::to_string(line) + ": ";
+std::string placeIn(const std::string& file, std::size_t line, std::size_t column) {
+  std::string place = file;
+  for (const std::size_t number : {line, column}) {
+    if (number > 0) {
+      place.append(":").append(std::to_string(number));
+    }
+  }
+  return place.append(": ");
 }
 
 }  // namespace quorbind

@@ -18,7 +18,8 @@ struct TocFile {
   std::string path;
 };
 
-/// `FILE: ` or, where a line is to blame, `FILE:LINE: `.
-std::string placeIn(const std::string& file, std::size_t line);
+/// `FILE: ` or, where a line is to blame, `FILE:LINE: `, and where a place in it is,
+/// `FILE:LINE:COLUMN: `.
+std::string placeIn(const std::string& file, std::size_t line, std::size_t column = 0);
 
 }  // namespace quorbind

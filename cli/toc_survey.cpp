@@ -68,7 +68,7 @@ TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const Entr
 }
 
 void tellRefusal(UserInterface& ui, const TocRefusal& refusal) {
-  ui.show(criticalMessage(refusal.violation.message));
+  ui.show({.text = refusal.violation.message, .icon = refusal.violation.icon});
   if (refusal.violation.offersLine) {
     ui.putOnClipboard(refusal.text);
   }

@@ -12,12 +12,15 @@
 
 namespace quorbind {
 
-/// Why a text table of contents is refused.
+/// Why a table of contents is refused.
 struct TocRefusal {
   TocViolation violation;
-  /// The line that breaks the rule; 0 and empty when the file ends too early.
+  /// The line that breaks the rule; 0 when none does, because the file ends too early.
   std::size_t line = 0;
+  /// What is offered on the clipboard, where something is.
   std::string text = {};
+  /// The character of the line at which the fault begins, counted from 1; 0 for the whole line.
+  std::size_t column = 0;
 };
 
 /// What a text table of contents looks like before the component is asked to take it.

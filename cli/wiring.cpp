@@ -37,7 +37,8 @@ Wiring::Wiring(const std::string& serverRoot,
       ui(terminal, std::move(answers)),
       reference_({files, xml, ui, locale}, serverRoot),
       toolset(reference_),
-      module(Platform{files, xml, ui, toolset, locale}) {}
+      module(Platform{files, xml, ui, toolset, locale}),
+      mayAsk(terminal.input != nullptr) {}
 
 void tell(Wiring& wiring, std::string text) {
   wiring.ui.show({.text = std::move(text), .icon = MessageIcon::kInformation});

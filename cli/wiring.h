@@ -48,6 +48,8 @@ class Wiring {
  public:
   CopyWatch toolset;
   Module module;
+  /// Whether there is a person who can be asked.
+  const bool mayAsk;
 };
 
 /// Tells the user something that is worth knowing and stops nothing.

@@ -39,6 +39,15 @@ inline constexpr ErrorSource kValidateTextToc{"Quorbind: Quor_Book::mbValidateTe
 inline constexpr ErrorSource kCheckTTocForValidity{"Quorbind: Quor_Book::mbcheckTTocForValidity"};
 inline constexpr ErrorSource kCheckFilePath{"Quorbind: Quor_Book::mbCheckFilePath"};
 inline constexpr ErrorSource kHtmlExportToText{"Quorbind: Quor_Book::mHTMLExportToText"};
+inline constexpr ErrorSource kValidateHtmlToc{"Quorbind: Quor_Book::mbValidateHTMLToc"};
+inline constexpr ErrorSource kCheckHtmlTocBookTitle{"Quorbind: Quor_Book::mcheckHTMLTocBookTitle"};
+inline constexpr ErrorSource kParseFile{"Quorbind: Quor_Book::mstrParseFile"};
+inline constexpr ErrorSource kCheckStartEndTagsHtml{"Quorbind: Quor_Book::mbCheckStartEndTagsHTML"};
+inline constexpr ErrorSource kCheckForHeadingHtml{"Quorbind: Quor_Book::mbCheckForHeadingHTML"};
+inline constexpr ErrorSource kCheckFlink{"Quorbind: Quor_Book::mstrCheckFlink"};
+inline constexpr ErrorSource kCheckHtmlForValidity{"Quorbind: Quor_Book::mbCheckHTMLForValidity"};
+inline constexpr ErrorSource kRemoveTagsFromHtml{"Quorbind: Quor_Book::mstrRemoveTagsFromHTML"};
+inline constexpr ErrorSource kValidateXmlToc{"Quorbind: Quor_Book::mbValidateXMLToc"};
 
 inline constexpr ErrorSource kBookInfoOk{"cmdOk_Click of Form frmBookInfo",
                                          ErrorWording::kInProcedure};

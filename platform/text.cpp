@@ -104,4 +104,16 @@ bool equalIgnoringAsciiCase(std::string_view left, std::string_view right) {
   });
 }
 
+std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from) {
+  if (from > text.size()) {
+    return std::string_view::npos;
+  }
+  const std::string_view searched = text.substr(from);
+  const auto matches = [](char a, char b) { return upperAscii(a) == upperAscii(b); };
+  const auto* const found =
+      std::search(searched.begin(), searched.end(), part.begin(), part.end(), matches);
+  return found == searched.end() ? std::string_view::npos
+                                 : from + static_cast<std::size_t>(found - searched.begin());
+}
+
 }  // namespace quorbind

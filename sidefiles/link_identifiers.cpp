@@ -21,8 +21,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kLinkJoint = "@QUOR@";
-
 /// The names of the headings that lead to the current one, by level. Begins with room for the
 /// levels 0 and 1, and grows by one level at a time.
 class HeadingNames {

@@ -5,11 +5,15 @@
 // current one of the process in both.
 
 #include <string>
+#include <string_view>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
 
 namespace quorbind {
+
+/// Joins the acronym and the names of the headings in the full link to a place in an HTML book.
+inline constexpr std::string_view kLinkJoint = "@QUOR@";
 
 /// Records the identifiers that the export `exportPath` of an HTML page carries. The full link of
 /// each is the acronym and the headings down to its own, blank ones left out. One that any product

@@ -11,20 +11,30 @@ namespace {
 
 constexpr std::string_view kLeadsOut = "Error:Book Folder leads out of the library: ";
 
-std::optional<std::string> refusalOf(const std::string& folder, std::string_view file) {
+}  // namespace
+
+std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
+                                                 std::string_view stated) {
   if (auto refusal = refusalOfFolder(folder)) {
     return refusal;
   }
   // An empty folder is the library's own, unless the name begins with `\\` because it leads
   // elsewhere.
-  const bool leadsOut = folder.empty() ? leadsToNetworkOrDevice(file) : !staysInFolder(folder);
+  const bool leadsOut = folder.empty() ? leadsToNetworkOrDevice(stated) : !staysInFolder(folder);
   if (leadsOut) {
-    return std::string(kLeadsOut).append(file);
+    return std::string(kLeadsOut).append(stated);
   }
   return std::nullopt;
 }
 
-}  // namespace
+StatedPlace statedPlaceOf(std::string_view file, std::size_t line) {
+  const std::string path = withBackslashes(file);
+  if (!contains(path, "\\")) {
+    return {};
+  }
+  const std::string folder = path.substr(0, path.find('\\'));
+  return {.line = line, .folder = folder, .refusal = refusalOfStatedFolder(folder, path)};
+}
 
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
   const text_form::BookEntry entry =
@@ -33,12 +43,7 @@ StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) 
   if (pieces.count() <= text_form::kFile) {
     return {};
   }
-  const std::string_view file = pieces.at(text_form::kFile);
-  if (!contains(file, "\\")) {
-    return {};
-  }
-  const std::string folder(file.substr(0, file.find('\\')));
-  return {.line = entry.line, .folder = folder, .refusal = refusalOf(folder, file)};
+  return statedPlaceOf(pieces.at(text_form::kFile), entry.line);
 }
 
 }  // namespace quorbind

@@ -224,14 +224,13 @@ TEST_F(AddRefusal, ABrokenRuleIsToldBeforeAFileInTheWay) {
 }
 
 TEST_F(AddRefusal, KindsOfLaterVersionsAreRefusedPlainly) {
-  disk.write("toc.xml", "<Book_Master/>");
+  disk.write("toc.xls", "workbook");
   const Tree before = disk.contents();
-  const Outcome kind = quorbind({"add", "toc.xml", "--server", "server", "--library", "Plant"});
+  const Outcome kind = quorbind({"add", "toc.xls", "--server", "server", "--library", "Plant"});
   EXPECT_EQ(kind.status, 1);
   EXPECT_EQ(kind.err,
-            "critical: Only text tables of contents can be added by this version. Nothing was "
-            "changed.\n"
-            "quorbind: toc.xml: nothing was added\n");
+            "critical: Workbooks can not be added by this version. Nothing was changed.\n"
+            "quorbind: toc.xls: nothing was added\n");
   EXPECT_EQ(disk.contents(), before);
 }
 

@@ -98,13 +98,12 @@ TEST_F(Check, RefusesAnExtensionThatIsNotTheKinds) {
 }
 
 TEST_F(Check, SaysPlainlyWhichKindsItCanNotCheck) {
-  disk.write("toc.htm", "<html></html>");
-  const Outcome outcome = quorbind({"check", "toc.htm"});
+  disk.write("toc.xls", "workbook");
+  const Outcome outcome = quorbind({"check", "toc.xls"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err,
-            "critical: Only text tables of contents can be added by this version. Nothing was "
-            "changed.\n"
-            "quorbind: toc.htm: not accepted\n");
+            "critical: Workbooks can not be added by this version. Nothing was changed.\n"
+            "quorbind: toc.xls: not accepted\n");
 }
 
 TEST_F(Check, ATableThatIsNotThereIsMissingInput) {

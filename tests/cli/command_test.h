@@ -42,6 +42,10 @@ class CommandTest : public ::testing::Test {
   [[nodiscard]] static Words addWords(const Words& more) {
     return joined({"add", "toc.txt", "--server", "server", "--library", "Plant"}, more);
   }
+  /// The same for another table of contents.
+  [[nodiscard]] Outcome addFile(const std::string& toc, const Words& more = {}) const {
+    return quorbind(joined({"add", toc, "--server", "server", "--library", "Plant"}, more));
+  }
   /// The same for a book whose name and acronym are given.
   [[nodiscard]] Outcome addAlarms(const Words& more = {}) const {
     return add(joined({"--name", "Alarms", "--acro", "ALM"}, more));
@@ -64,6 +68,10 @@ class CommandTest : public ::testing::Test {
   }
 
   [[nodiscard]] Tree serverTree() const { return below("server/"); }
+  /// A "Unicode text" file of the library, line ends as LF.
+  [[nodiscard]] std::string libraryText(const std::string& name) const {
+    return replaceAll(fromUtf16File(disk.read("server/Docs/Plant/" + name)), "\r\n", "\n");
+  }
   /// The names only.
   [[nodiscard]] std::vector<std::string> filesBelow(const std::string& folder) const {
     std::vector<std::string> names;

@@ -136,6 +136,47 @@ TEST_F(WithoutPermission, AFolderOfTheTableThatCanNotBeWritten) {
   EXPECT_EQ(disk.contents(), before);
 }
 
+TEST_F(WithoutPermission, AFolderOfAPageThatCanNotBeWritten) {
+  disk.write("toc.htm", "<K1><A HREF=\"Manual/a.htm\">A</A><IBD><A1></IBD></K1>");
+  allow("server");
+  forbid(".");
+  expectThatAPlainWriteIsRefused("new");
+  const Tree before = disk.contents();
+  const Outcome outcome = quorbindAsNobody({"add",
+                                            "toc.htm",
+                                            "--server",
+                                            "server",
+                                            "--library",
+                                            "Plant",
+                                            "--name",
+                                            "Alarms",
+                                            "--acro",
+                                            "ALM"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/: Permission denied\n"
+            "quorbind: toc.htm: DISK/ could not be written; nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(WithoutPermission, ABookFilesPlaceThatCanNotBeWritten) {
+  disk.write("book.xml",
+             "<Book_Master><Book><Book_Name>A</Book_Name><Book_Acro>ALM</Book_Acro>"
+             "<Book_Path>P\\Manual</Book_Path></Book><HFile>a.htm</HFile></Book_Master>");
+  disk.makeFolder("server/Docs/Plant/Manual");
+  allow("server");
+  forbid("server/Docs/Plant/Manual");
+  expectThatAPlainWriteIsRefused("server/Docs/Plant/Manual/new");
+  const std::vector<std::string> before = filesBelow("");
+  const Outcome outcome =
+      quorbindAsNobody({"add", "book.xml", "--server", "server", "--library", "Plant"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "quorbind: book.xml: DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be written; "
+            "nothing was added\n");
+  EXPECT_EQ(filesBelow(""), before);
+}
+
 TEST_F(WithoutPermission, AFolderOfAPreparedTableThatCanNotBeWritten) {
   ASSERT_EQ(quorbind({"prepare", "toc.txt", "-o", "prepared.txt"}).status, 0);
   disk.write("toc.txt", disk.read("prepared.txt"));

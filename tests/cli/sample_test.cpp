@@ -27,10 +27,52 @@ class Sample : public CommandTest {
 };
 
 TEST_F(Sample, BreaksNoRuleAndNamesNoDocumentThatIsNotThere) {
-  const Outcome outcome = quorbind({"check", "samples/pump-station/toc.txt"});
+  for (const auto& [toc, entries] : {std::pair{"samples/pump-station/toc.txt", "55"},
+                                     {"samples/weather-mast/toc.htm", "44"},
+                                     {"samples/site-safety/Book_SAF.xml", "12"}}) {
+    const Outcome outcome = quorbind({"check", toc});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, std::string(toc) + ": accepted, " + entries + " entries.\n");
+    EXPECT_EQ(outcome.err, "");
+  }
+}
+
+TEST_F(Sample, OfAPageIsAddedWholeWithItsLinkIdentifiers) {
+  const Outcome outcome =
+      addFile("samples/weather-mast/toc.htm", {"--name", "Weather Mast", "--acro", "WMH"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.out.find("missing"), std::string::npos) << outcome.out;
   EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.out, "Added Weather Mast (WMH) to Plant, folder Handbook: 9 files.\n");
+
+  Words expected = filesBelow("samples/weather-mast/Handbook/");
+  expected.insert(expected.begin(), "Book_WMH.xml");
+  EXPECT_EQ(filesBelow("server/Docs/Plant/Handbook/"), expected);
+
+  const std::string links = libraryText("Quor_LinkID.xml");
+  EXPECT_NE(links.find("<LinkID>WeatherMast</LinkID>\n"
+                       "\t\t\t<FullLink>WMH@QUOR@Weather Mast Handbook</FullLink>"),
+            std::string::npos)
+      << links;
+  EXPECT_NE(links.find("<LinkID>RainGauge</LinkID>\n"
+                       "\t\t\t<FullLink>WMH@QUOR@The mast and its instruments@QUOR@Rain gauge"
+                       "</FullLink>\n"
+                       "\t\t\t<LinkIDSourceFile>Plant\\Handbook\\mast.htm#rain</LinkIDSourceFile>\n"
+                       "\t\t\t<BookAcro>WMH</BookAcro>"),
+            std::string::npos)
+      << links;
+  EXPECT_NE(
+      libraryText("Handbook/Book_WMH.xml").find("<HName FLinkValue=\"wind-speed\">Anemometer"),
+      std::string::npos);
+}
+
+TEST_F(Sample, OfABookFileIsAddedWhole) {
+  const Outcome outcome = addFile("samples/site-safety/Book_SAF.xml");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.out, "Added Site Safety (SAF) to Plant, folder Safety: 5 files.\n");
+  EXPECT_EQ(filesBelow("server/Docs/Plant/Safety/"), filesBelow("samples/site-safety/"));
+  EXPECT_NE(libraryText("Safety/Book_SAF.xml").find("<Book_Path>Plant\\Safety</Book_Path>"),
+            std::string::npos);
 }
 
 TEST_F(Sample, HasBesideItWhatPrepareMakesOfIt) {

@@ -23,10 +23,6 @@ std::vector<std::string> categoriesIn(const std::string& category) {
   return categories;
 }
 
-const std::string& acronymOfBookFile(const ProcessState& state) {
-  return state.recordedXmlAcro.empty() ? state.currentBookAcro : state.recordedXmlAcro;
-}
-
 }  // namespace
 
 void mbAddBookTocForBook(Module& module,
@@ -44,7 +40,7 @@ void mbAddBookTocForBook(Module& module,
                  .acronym = rules->mstrCheckSpecialCharecters(state.currentBookAcro),
                  .product = productName,
                  .folder = bookFolder,
-                 .file = book_names::fileOf(acronymOfBookFile(state)),
+                 .file = book_names::fileOf(state.acroOfBookFile()),
                  .fileType = std::nullopt,
                  .categories = categoriesIn(category)});
     document->save(cataloguePath);

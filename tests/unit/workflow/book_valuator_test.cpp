@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/xml_document.h"
+#include "tests/support/book_run.h"
 #include "tests/support/catalogue_text.h"
 #include "tests/support/world.h"
 #include "toc/text_form.h"
@@ -16,18 +17,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-/// Notes the event between the other things that happen.
-class NotingEvents final : public QuorBookEvents {
- public:
-  explicit NotingEvents(ScriptedUserInterface& user) : user_(user) {}
-  void evtGetFolderName(std::string_view sFolderName) override {
-    user_.note("event [" + std::string(sFolderName) + "]");
-  }
-
- private:
-  ScriptedUserInterface& user_;
-};
 
 class AddBook : public ::testing::Test {
  protected:
@@ -52,22 +41,7 @@ class AddBook : public ::testing::Test {
   bool run(const std::string& name = "Pump Station", const std::string& acronym = "PST") {
     arguments_.vstrBookName = name;
     arguments_.vstrBookAcro = acronym;
-    const BookValuatorArguments& a = arguments_;
-    return book_.Book_Valuator(a.vstrtocpath,
-                               a.vstrQuorTOcPath,
-                               a.vintType,
-                               a.vstrProductName,
-                               a.vstrBookName,
-                               a.vstrBookAcro,
-                               a.vstrCategory,
-                               a.vstrKeywordsPath,
-                               a.vstrBookCategoryPath,
-                               a.strKeyWords,
-                               a.strCategory,
-                               a.spath,
-                               a.vlngInstallType,
-                               a.blnChkCateFlag,
-                               a.strServerPath);
+    return runBook(book_, arguments_);
   }
   [[nodiscard]] std::string catalogue() const { return world_.disk.read("lib/Quor_TOC.xml"); }
 

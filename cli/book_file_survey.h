@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/exit_status.h"
+#include "cli/toc_file.h"
+#include "cli/toc_survey.h"
+#include "platform/platform.h"
+#include "toc/book_place.h"
+
+namespace quorbind {
+
+/// What a book file as a table of contents looks like before the component is asked to take it.
+struct BookFileSurvey {
+  /// Nothing when it breaks no rule.
+  std::optional<TocRefusal> refusal;
+  /// What a refusal means for the shell.
+  ExitStatus status = ExitStatus::kDone;
+  /// The documents of its headings, as it names them; one for each heading.
+  std::vector<std::string> documents;
+  /// The folder of its book below the library's; empty for the library's own.
+  std::string folder;
+};
+
+/// Holds the file against the rules without telling anybody.
+BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc);
+
+}  // namespace quorbind

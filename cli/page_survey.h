@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+
+#include "cli/toc_file.h"
+#include "cli/toc_survey.h"
+#include "platform/platform.h"
+#include "toc/book_place.h"
+
+namespace quorbind {
+
+/// What an HTML page as a table of contents looks like before the component is asked to take it.
+struct PageSurvey {
+  /// Its entries are the headings, their levels those of the export. A refusal names the place of
+  /// the heading, the title or the tag at fault.
+  TocSurvey rules;
+  /// Where the page says that the book belongs.
+  StatedPlace place;
+  /// Whether it has link identifiers to be recorded.
+  bool hasLinkIdentifiers = false;
+};
+
+/// Told of every document that the title or a heading links to, with the line on which that begins.
+using DocumentVisitor = std::function<void(std::size_t line, std::string_view document)>;
+
+/// Holds the page against the rules without telling anybody. One that can't be read is a
+/// CommandFailure.
+PageSurvey surveyHtmlToc(const Platform& platform,
+                         const TocFile& toc,
+                         const DocumentVisitor& visitor = {});
+
+}  // namespace quorbind

@@ -1,0 +1,298 @@
+#include "tests/cli/command_test.h"
+
+namespace quorbind::testing {
+namespace {
+
+/// An existing book file as a table of contents.
+class BookFile : public CommandTest {
+ protected:
+  void SetUp() override { initLibrary(); }
+
+  static std::string bookFile(const std::string& name,
+                              const std::string& acronym,
+                              const std::string& path,
+                              const Words& documents) {
+    std::string headings;
+    for (const std::string& document : documents) {
+      headings +=
+          "<Heading level=\"H1\"><HName>Heading</HName><HFile>" + document + "</HFile></Heading>\n";
+    }
+    return "<Book_Master>\n<Book><Book_Name>" + name + "</Book_Name><Book_Acro>" + acronym +
+           "</Book_Acro><Book_Key/><Book_Path>" + path + "</Book_Path></Book>\n<Book_Headings>\n" +
+           headings + "</Book_Headings>\n</Book_Master>\n";
+  }
+  void writeBook(const std::string& path = "Old\\Manual") const {
+    disk.write("book.xml", bookFile("Alarms", "ALM", path, {"a.htm", "b.htm#x"}));
+    disk.write("a.htm", "<img src=\"a.png\">");
+    disk.write("a.png", "picture");
+    disk.write("b.htm", "page");
+  }
+  [[nodiscard]] Outcome addBook(const Words& more = {}) const { return addFile("book.xml", more); }
+
+  /// Adds the file of these bytes and checks it, and expects these ends, with nothing changed.
+  void expectRefusal(const std::string& bytes,
+                     int status,
+                     const std::string& box,
+                     const std::string& place = "") const {
+    disk.write("book.xml", bytes);
+    const Tree before = disk.contents();
+    const Outcome added = addBook();
+    EXPECT_EQ(added.status, status);
+    EXPECT_EQ(added.err, box + "quorbind: book.xml" + place + ": nothing was added\n");
+    const Outcome checked = quorbind({"check", "book.xml"});
+    EXPECT_EQ(checked.status, status);
+    EXPECT_EQ(checked.err, box + "quorbind: book.xml" + place + ": not accepted\n");
+    EXPECT_EQ(disk.contents(), before);
+  }
+  /// The same for one that does not parse in this line, whatever the reason is called.
+  void expectNotParsed(const std::string& bytes, int line) const {
+    disk.write("book.xml", bytes);
+    const Tree before = disk.contents();
+    const std::string begin =
+        "critical: Line No:" + std::to_string(line) + "\nError loading XML Document: ";
+    for (const auto& [outcome, end] : {std::pair{addBook(), "nothing was added\n"},
+                                       {quorbind({"check", "book.xml"}), "not accepted\n"}}) {
+      EXPECT_EQ(outcome.status, 4) << bytes;
+      ASSERT_EQ(outcome.err.substr(0, begin.size()), begin);
+      const std::string rest = outcome.err.substr(begin.size());
+      const std::string reason = rest.substr(0, rest.find('\n'));
+      EXPECT_FALSE(reason.empty());
+      EXPECT_EQ(rest,
+                reason + "\noffending line: " + reason +
+                    "\nquorbind: book.xml:" + std::to_string(line) + ": " + end);
+    }
+    EXPECT_EQ(disk.contents(), before);
+  }
+
+  [[nodiscard]] std::string books() const {
+    return quorbind({"show", "--server", "server", "--library", "Plant"}).out;
+  }
+};
+
+TEST_F(BookFile, IsAddedWithoutAQuestionAsItDescribesItself) {
+  writeBook();
+  const Outcome outcome = addBook();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "Added Alarms (ALM) to Plant, folder Manual: 3 files.\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(filesBelow("server/Docs/Plant/Manual/"),
+            (Words{"Book_ALM.xml", "a.htm", "a.png", "b.htm", "book.xml"}));
+  EXPECT_EQ(books(),
+            "ACRONYM  NAME    FOLDER\n"
+            "ALM      Alarms  Manual\n");
+}
+
+TEST_F(BookFile, StatesItsNewPlaceInTheLibrary) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  const std::string installed = disk.read("server/Docs/Plant/Manual/Book_ALM.xml");
+  EXPECT_NE(installed.find("<Book_Key>Plant</Book_Key>"), std::string::npos);
+  EXPECT_NE(installed.find("<Book_Path>Plant\\Manual</Book_Path>"), std::string::npos);
+}
+
+TEST_F(BookFile, LeavesNothingBesideItself) {
+  writeBook();
+  const Tree before = disk.contents();
+  EXPECT_EQ(addBook().status, 0);
+  for (const auto& [name, content] : disk.contents()) {
+    if (!name.starts_with("server/")) {
+      EXPECT_EQ(before.at(name), content) << name;
+    }
+  }
+}
+
+TEST_F(BookFile, TakesNameAndAcronymFromTheFlagsButKeepsItsFileName) {
+  writeBook();
+  const Outcome outcome = addBook({"--name", "Other", "--acro", "OTH"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "Added Other (OTH) to Plant, folder Manual: 3 files.\n");
+  EXPECT_TRUE(disk.has("server/Docs/Plant/Manual/Book_ALM.xml"));
+}
+
+TEST_F(BookFile, OneOfNameAndAcronymIsNotEnoughWithoutATerminal) {
+  writeBook();
+  const Tree before = disk.contents();
+  const Outcome outcome = addBook({"--name", "Other"});
+  EXPECT_EQ(outcome.status, 6);
+  EXPECT_EQ(outcome.err, "quorbind: book.xml: nothing was added: give --acro\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, WhoseNameTheCatalogueHasNeedsOtherFlags) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  const Tree before = disk.contents();
+  const Outcome again = addBook();
+  EXPECT_EQ(again.status, 6);
+  EXPECT_EQ(again.err,
+            "critical: Error:Book Name Alarms already Exists\n"
+            "quorbind: book.xml: nothing was added: give --name and --acro\n");
+  const Outcome flagged = addBook({"--name", "Alarms", "--acro", "NEW"});
+  EXPECT_EQ(flagged.status, 1);
+  EXPECT_EQ(flagged.err,
+            "critical: Error:Book Name Alarms already Exists\n"
+            "quorbind: book.xml: nothing was added: other values are needed for --name and "
+            "--acro\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, TellsThatTheFlagForTheFolderIsNotUsed) {
+  writeBook();
+  EXPECT_EQ(addBook({"--folder", "Other"}).err,
+            "information: --folder Other is not used: the table of contents names the folder "
+            "Manual\n");
+}
+
+TEST_F(BookFile, ListsTheDocumentsThatAReaderWouldNotFind) {
+  writeBook();
+  std::filesystem::remove(disk.path() / "b.htm");
+  EXPECT_EQ(addBook().out,
+            "Added Alarms (ALM) to Plant, folder Manual: 2 files.\n"
+            "missing: b.htm\n");
+}
+
+TEST_F(BookFile, IsCheckedWithItsDocuments) {
+  writeBook();
+  std::filesystem::remove(disk.path() / "b.htm");
+  const Tree before = disk.contents();
+  EXPECT_EQ(quorbind({"check", "book.xml"}).out,
+            "book.xml: missing: b.htm#x\n"
+            "book.xml: accepted, 2 entries.\n");
+  EXPECT_EQ(quorbind({"check", "book.xml", "--json"}).out,
+            "{\n"
+            "  \"status\": 0,\n"
+            "  \"accepted\": true,\n"
+            "  \"entries\": 2,\n"
+            "  \"missing\": [\n"
+            "    {\n"
+            "      \"file\": \"b.htm#x\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"messages\": []\n"
+            "}\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, WhoseFileCouldNotBePutInItsPlaceIsTakenOutAgain) {
+  writeBook();
+  disk.makeFolder("server/Docs/Plant/Manual/Book_ALM.xml");
+  const Outcome outcome = addBook();
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "quorbind: book.xml: DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be written; "
+            "nothing was added\n");
+  EXPECT_EQ(books(), "ACRONYM  NAME  FOLDER\n");
+}
+
+// Bad input
+
+TEST_F(BookFile, ThatIsNotWellFormed) {
+  expectNotParsed("<Book_Master>\n<Book>\n</Book_Master>\n", 3);
+  expectNotParsed("<Book_Master>\n<HFile>a.htm</HFile>\n", 3);
+  expectNotParsed("no XML", 1);
+}
+
+TEST_F(BookFile, WithADocumentTypeOrAHostileEntity) {
+  expectNotParsed("\n<!DOCTYPE Book_Master>\n<Book_Master><HFile>a.htm</HFile></Book_Master>", 2);
+  disk.write("secret.txt", "secret");
+  expectNotParsed(
+      "<!DOCTYPE a [<!ENTITY s SYSTEM \"secret.txt\">]>\n"
+      "<Book_Master><HFile>&s;</HFile></Book_Master>",
+      1);
+  std::string bomb = "<!DOCTYPE a [<!ENTITY b0 \"bbbbbbbbbb\">";
+  for (int level = 1; level < 20; ++level) {
+    const std::string below = "&b" + std::to_string(level - 1) + ";";
+    bomb += "<!ENTITY b" + std::to_string(level) + " \"" + below + below + below + "\">";
+  }
+  expectNotParsed(bomb + "]>\n<Book_Master><HFile>&b19;</HFile></Book_Master>", 1);
+}
+
+TEST_F(BookFile, WithElementsTooDeepInsideEachOther) {
+  std::string file;
+  for (int depth = 0; depth < 300; ++depth) {
+    file += "<Heading>\n";
+  }
+  disk.write("book.xml", file);
+  EXPECT_EQ(addBook().status, 4);
+}
+
+TEST_F(BookFile, WithoutHeadings) {
+  expectRefusal(bookFile("Alarms", "ALM", "Old\\Manual", {}),
+                1,
+                "information: Error:Book should have at least one heading\n");
+  expectRefusal("<Book_Master/>", 1, "information: Error:Book should have at least one heading\n");
+}
+
+TEST_F(BookFile, WhosePathHasNoSeparatorGoesIntoTheLibrarysOwnFolder) {
+  writeBook("Manual");
+  const Outcome outcome = addBook();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "Added Alarms (ALM) to Plant, the library's own folder: 3 files.\n");
+  EXPECT_TRUE(disk.has("server/Docs/Plant/Book_ALM.xml"));
+}
+
+TEST_F(BookFile, WhoseOwnNamesLeadOutOfTheLibrary) {
+  for (const char* path : {"P\\..", "P/..", "\\\\server\\share", "P\\con"}) {
+    expectRefusal(
+        bookFile("Alarms", "ALM", path, {"a.htm"}),
+        1,
+        "critical: Error:Book Folder leads out of the library: " + std::string(path) + "\n");
+  }
+  expectRefusal(bookFile("Alarms", "ALM", "P\\C:", {"a.htm"}),
+                1,
+                "critical: Book Folder can not contain (/\\:*?\"<>)\n");
+  for (const char* acronym : {"..\\..\\x", "/etc/x", "C:x"}) {
+    expectRefusal(bookFile("Alarms", acronym, "P\\Manual", {"a.htm"}),
+                  1,
+                  "critical: Book Acro can not contain  (/\\:*?\"<>)\n");
+  }
+}
+
+TEST_F(BookFile, WithDocumentsThatLeadOutLooksAndBringsNothingFromThere) {
+  disk.write("secret.htm", "secret");
+  disk.write(
+      "sub/book.xml",
+      bookFile("Alarms",
+               "ALM",
+               "P\\Manual",
+               {"a.htm", "..\\secret.htm", "/secret.htm", "\\\\server\\share\\s.htm", "nul"}));
+  disk.write("sub/a.htm", "page <a href=\"../secret.htm\">");
+  EXPECT_EQ(addFile("sub/book.xml").out,
+            "Added Alarms (ALM) to Plant, folder Manual: 2 files.\n"
+            "missing: ..\\secret.htm\n"
+            "missing: /secret.htm\n"
+            "missing: \\\\server\\share\\s.htm\n"
+            "missing: nul\n");
+  EXPECT_EQ(filesBelow("server/Docs/Plant/Manual/"), (Words{"Book_ALM.xml", "a.htm", "book.xml"}));
+}
+
+TEST_F(BookFile, InTheLibrarysOwnFolderDoesNotTakeThePlaceOfTheCatalogue) {
+  disk.write("Quor_TOC.xml", bookFile("Alarms", "ALM", "Manual", {"a.htm", "Quor_LinkID.xml"}));
+  disk.write("Quor_LinkID.xml", "of somebody else");
+  disk.write("a.htm", "page");
+  EXPECT_EQ(addFile("Quor_TOC.xml").status, 0);
+  EXPECT_EQ(books(),
+            "ACRONYM  NAME    FOLDER\n"
+            "ALM      Alarms  \n");
+  EXPECT_FALSE(disk.has("server/Docs/Plant/Quor_LinkID.xml"));
+}
+
+TEST_F(BookFile, InEachEncoding) {
+  const std::string file = bookFile("Ger\xC3\xA4te", "ALM", "P\\Manual", {"a.htm"});
+  for (const std::string& bytes : {file,
+                                   "\xEF\xBB\xBF" + file,
+                                   utf16File(file),
+                                   "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n" +
+                                       replaceAll(file, "\xC3\xA4", "\xE4")}) {
+    disk.write("book.xml", bytes);
+    EXPECT_EQ(addBook().status, 0);
+    EXPECT_EQ(books(),
+              "ACRONYM  NAME    FOLDER\n"
+              "ALM      Ger\xC3\xA4te  Manual\n");
+    std::filesystem::remove_all(disk.path() / "server");
+    initLibrary();
+  }
+}
+
+}  // namespace
+}  // namespace quorbind::testing
