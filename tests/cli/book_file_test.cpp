@@ -273,7 +273,7 @@ TEST_F(BookFile, InTheLibrarysOwnFolderDoesNotTakeThePlaceOfTheCatalogue) {
   EXPECT_EQ(addFile("Quor_TOC.xml").status, 0);
   EXPECT_EQ(books(),
             "ACRONYM  NAME    FOLDER\n"
-            "ALM      Alarms  \n");
+            "ALM      Alarms\n");
   EXPECT_FALSE(disk.has("server/Docs/Plant/Quor_LinkID.xml"));
 }
 
