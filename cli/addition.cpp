@@ -275,6 +275,8 @@ Addition::Ready Addition::readyPage(const TocFile& toc) {
                    .line = statedPlace_.line},
                   ExitStatus::kRefused);
   }
+  // Offered in the dialog, as the component would offer it.
+  wiring_.module.state.currentBookName = survey.title;
   if (!askForNames()) {
     return ExitStatus::kRefused;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "cli/failure.h"
@@ -64,7 +65,7 @@ class PageSurveyor final : public HtmlTocListener {
     if (const auto violation = checkHtmlLevel(block.text, previousLevel_, level)) {
       return refuse(block, lines_, *violation);
     }
-    if (!checkDocumentAndTitle(block, lines_)) {
+    if (!acceptedTitle(block, lines_)) {
       return false;
     }
     noteLinkIdentifier(block.text);
@@ -86,7 +87,12 @@ class PageSurveyor final : public HtmlTocListener {
     const auto block = htmlTitleBlockIn(page_);
     // The title may stand behind headings, so its line is counted by itself.
     LineCounter lines(page_);
-    return !block || (checkDocumentAndTitle(*block, lines) && checkLinkIdentifier(*block, lines));
+    if (!block) {
+      return true;
+    }
+    const auto title = acceptedTitle(*block, lines);
+    survey_.title = title.value_or("");
+    return title && checkLinkIdentifier(*block, lines);
   }
 
   // The component ends with an error at an identifier of the book that has no characters.
@@ -103,10 +109,12 @@ class PageSurveyor final : public HtmlTocListener {
     return isWhole;
   }
 
-  bool checkDocumentAndTitle(const HtmlTocPiece& block, LineCounter& lines) {
+  /// Checks the document and the title of a heading or of the book; nothing when it refused one.
+  std::optional<std::string> acceptedTitle(const HtmlTocPiece& block, LineCounter& lines) {
     const auto path = htmlPathIn(block.text);
     if (!path) {
-      return refuse(block, lines, htmlPathMissing(block.text));
+      refuse(block, lines, htmlPathMissing(block.text));
+      return std::nullopt;
     }
     if (!path->empty()) {
       document_ = path->substr(0, path->find('#'));
@@ -114,10 +122,12 @@ class PageSurveyor final : public HtmlTocListener {
         visitor_(lines.lineAt(block.position), *path);
       }
     }
-    if (const auto violation = checkHtmlTitle(block.text, withoutHtmlTags(block.text))) {
-      return refuse(block, lines, *violation);
+    std::string title = withoutHtmlTags(block.text);
+    if (const auto violation = checkHtmlTitle(block.text, title)) {
+      refuse(block, lines, *violation);
+      return std::nullopt;
     }
-    return true;
+    return title;
   }
 
   void note(std::size_t line, std::int16_t headingLevel) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "cli/toc_file.h"
@@ -16,6 +17,8 @@ struct PageSurvey {
   /// Its entries are the headings, their levels those of the export. A refusal names the place of
   /// the heading, the title or the tag at fault.
   TocSurvey rules;
+  /// The title of the book; empty when the page has none.
+  std::string title;
   /// Where the page says that the book belongs.
   StatedPlace place;
   /// Whether it has link identifiers to be recorded.

@@ -159,18 +159,19 @@ TEST_F(HtmlPage, WhoseHeadingsNameNoFolderTakesThatOfTheFlag) {
             "Added Alarms (ALM) to Plant, folder Manual: 2 files.\n");
 }
 
-TEST_F(HtmlPage, AsksForNameAndAcronymBeforeItIsTaken) {
+TEST_F(HtmlPage, AsksForNameAndAcronymFirstAndOffersItsTitle) {
   writePage();
   TerminalSession session(
-      {.words = joined(
-           {quorbindExecutable()},
-           {"add", "toc.htm", "--server", "server", "--library", "Plant", "--name", "Alarms"}),
+      {.words =
+           {quorbindExecutable(), "add", "toc.htm", "--server", "server", "--library", "Plant"},
        .folder = disk.path().string(),
        .environment = environment});
+  session.waitFor("Book Name: [Alarm Handling] ");
+  session.typeLine("");
   session.waitFor("Book Acro: ");
   EXPECT_FALSE(disk.has("server/Docs/Plant/Quor_LinkID.xml"));
   session.typeLine("ALM");
-  session.waitFor("Added Alarms (ALM) to Plant, folder Manual: 3 files.\n");
+  session.waitFor("Added Alarm Handling (ALM) to Plant, folder Manual: 3 files.\n");
   EXPECT_EQ(session.finish().status, 0);
   EXPECT_NE(libraryText("Quor_LinkID.xml").find("<BookAcro>ALM</BookAcro>"), std::string::npos);
 }
