@@ -27,7 +27,7 @@ std::vector<ListedBook> inBoth(const std::vector<ListedBook>& main,
   }
   std::vector<ListedBook> both;
   std::copy_if(main.begin(), main.end(), std::back_inserter(both), [&](const ListedBook& book) {
-    return known.count({book.name, book.acronym}) > 0;
+    return known.contains({book.name, book.acronym});
   });
   return both;
 }

@@ -131,9 +131,9 @@ std::vector<std::string> RehearsedFiles::namesIn(std::string_view folder) {
     if (folderOf(entryKey) != key) {
       continue;
     }
-    std::erase_if(names, [&](const std::string& name) {
-      return locale_.upperCase(name) == fileNameOf(entryKey);
-    });
+    const std::string_view upperName = fileNameOf(entryKey);
+    std::erase_if(names,
+                  [&](const std::string& name) { return locale_.upperCase(name) == upperName; });
     if (!std::holds_alternative<Nothing>(entry.content)) {
       names.emplace(fileNameOf(entry.path));
     }
