@@ -28,6 +28,12 @@ inline constexpr std::string_view kFLinkValue = "FLinkValue";
 inline constexpr std::string_view kHeadingFile = "HFile";
 inline constexpr std::string_view kBookMark = "BookMark";
 
+// Where what describes the book stands, as queries.
+inline constexpr std::string_view kNamePath = "Book_Master/Book/Book_Name";
+inline constexpr std::string_view kAcroPath = "Book_Master/Book/Book_Acro";
+inline constexpr std::string_view kKeyPath = "Book_Master/Book/Book_Key";
+inline constexpr std::string_view kPathPath = "Book_Master/Book/Book_Path";
+
 /// The name of the book XML file of the book with that acronym.
 inline std::string fileOf(std::string_view acronym) {
   return std::string(kFilePrefix).append(acronym).append(kFileExtension);

@@ -2,6 +2,9 @@
 
 #include <string_view>
 
+#include "platform/paths.h"
+#include "platform/text.h"
+
 // The names in a server's two lists, written down once: docs/formats/ tells what they hold.
 
 namespace quorbind {
@@ -13,6 +16,14 @@ inline constexpr std::string_view kFilePrefix = "Quor_";
 inline constexpr std::string_view kDocsFolder = "Docs";
 inline constexpr std::string_view kSelectionFile = "Quor_Selection.xml";
 inline constexpr std::string_view kDefaultCategoriesFile = "Quor_DefaultCategories.xml";
+
+/// Whether a file of that name is one of those that a server and its libraries keep their books in.
+/// A book's folder can be the library's own, and nothing of a book may take the place of the
+/// catalogue.
+inline bool isLibraryFile(std::string_view name) {
+  const std::string upper = upperCaseAscii(fileNameOf(name));
+  return upper.starts_with(upperCaseAscii(kFilePrefix)) && upper.ends_with(".XML");
+}
 }  // namespace server_names
 
 /// A library's master catalogue.

@@ -9,12 +9,9 @@
 #include "cli/prepared_toc.h"
 #include "cli/toc_survey.h"
 #include "platform/abandoned.h"
-#include "platform/error_sources.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 #include "resources/form_layouts.h"
-#include "sidefiles/keyword_rules.h"
-#include "sidefiles/names.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
 #include "workflow/inputs/input_check.h"
@@ -23,7 +20,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kListSeparator = ";";
 constexpr std::string_view kNothingAdded = "nothing was added";
 constexpr std::string_view kNotWritten = " could not be written";
 /// In bytes, of a file or a folder, on the file systems in use.
@@ -92,8 +88,6 @@ ExitStatus Addition::addBook() {
   }
   requireFolderInLibrary();
   requireNamesThatFit();
-  considerCategories();
-  requireUsableSideFiles();
   return judge(callComponent(kind == TocCheck::kText ? readyToc(toc) : toc.path, kind));
 }
 
@@ -118,67 +112,7 @@ bool Addition::flagsAreAccepted() {
     scratch.bookFolder.type("Text1", *arguments_.folder);
     scratch.bookFolder.click("cmdOk");
   }
-  return wiring_.ui.shown().size() == boxes && keywordsAreAccepted();
-}
-
-/// The component would leave the refused keywords out and add the book.
-bool Addition::keywordsAreAccepted() {
-  for (const std::string_view keyword : Pieces(arguments_.keywords, kListSeparator)) {
-    if (const auto fault = findKeywordFault(keyword)) {
-      wiring_.ui.show(fault->box);
-      return false;
-    }
-  }
-  return true;
-}
-
-/// Making the categories file replaces the one that stands there with all that is filed in it, and
-/// without the defaults it would have no root.
-void Addition::considerCategories() {
-  const auto tell = [this](const std::string& text) {
-    wiring_.ui.show({.text = text, .icon = MessageIcon::kInformation});
-  };
-  const bool isThere = wiring_.files.fileExists(library_.bookCategories);
-  const std::string& defaults = library_.defaultCategories;
-  if (arguments_.createCategories && isThere) {
-    tell("--create-categories is not used: the library has a categories file");
-  } else if (arguments_.createCategories) {
-    const XmlLoadResult result = wiring_.xml.createDocument()->load(defaults);
-    createsCategories_ = result.loaded;
-    if (!result) {
-      tell(std::string("--create-categories is not used: ") + loadFailure(defaults, result).what());
-    }
-  }
-  if (!arguments_.categories.empty() && !isThere && !createsCategories_) {
-    tell("--categories is not used: the library has no categories file");
-  }
-}
-
-/// Does what recording will do to the side files, without an effect: the component says nothing of
-/// a categories file that does not load, and too little of the other.
-void Addition::requireUsableSideFiles() {
-  if (!arguments_.keywords.empty()) {
-    requireUsableSideFile(library_.searchKeywords, keyword_names::kBooks);
-  }
-  if (!arguments_.categories.empty()) {
-    requireUsableSideFile(library_.bookCategories, category_names::kSet);
-  }
-}
-
-void Addition::requireUsableSideFile(const std::string& path, std::string_view root) {
-  const std::string name = nativeName(path);
-  if (wiring_.files.fileExists(path)) {
-    requireReadable(wiring_.files, path, name);
-    const auto document = wiring_.xml.createDocument();
-    if (const XmlLoadResult result = document->load(path); !result) {
-      throw loadFailure(path, result);
-    }
-    if (!document->select(root)) {
-      throw CommandFailure(ExitStatus::kNotParseable,
-                           name + ": the element " + std::string(root) + " is missing");
-    }
-  }
-  writing(name, [&] { static_cast<void>(wiring_.files.replace(path)); });
+  return wiring_.ui.shown().size() == boxes;
 }
 
 /// The folder dialog lets names like `..` pass, which a person would not type by mistake.
@@ -259,15 +193,12 @@ void Addition::requireFreeBookFile(const std::string& tocPath, const std::string
 
 bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
   const bool spared = formIsSpared(arguments_);
-  // In the form in which the catalogue has it and by which the keywords are found; the dialog gives
-  // the same.
-  const auto rules = wiring_.toolset.createXmlTextRules();
   Quor_Book book(wiring_.module, this);
   return book.Book_Valuator(tocPath,
                             library_.catalogue,
                             kind,
                             arguments_.place.library,
-                            spared ? rules->mstrCheckSpecialCharecters(*arguments_.name) : "",
+                            spared ? *arguments_.name : "",
                             spared ? *arguments_.acronym : "",
                             arguments_.category,
                             library_.searchKeywords,
@@ -276,7 +207,7 @@ bool Addition::callComponent(const std::string& tocPath, std::int16_t kind) {
                             arguments_.categories,
                             library_.searchKeywords,
                             arguments_.installType,
-                            createsCategories_,
+                            arguments_.createCategories,
                             library_.docsFolder);
 }
 
@@ -296,8 +227,8 @@ ExitStatus Addition::judge(bool finished) {
   }
   describeBook(book);
   if (wasWriteErrorShown()) {
-    report_.note =
-        "the book was added, but " + nativeName(fileOfWriteError(book)) + std::string(kNotWritten);
+    report_.note = "the book was added, but " + nativeName(bookFileOf(library_, book)) +
+                   std::string(kNotWritten);
     return ExitStatus::kWriteFailed;
   }
   report_.note.clear();
@@ -368,24 +299,6 @@ bool Addition::wasWriteErrorShown() const {
   return std::any_of(boxes.begin(), boxes.end(), [](const ShownMessage& box) {
     return isWriteError(box.errorNumber);
   });
-}
-
-/// The file that the first write error was about; the operation that reports it tells which.
-std::string Addition::fileOfWriteError(const CatalogueEntry& book) const {
-  const auto& boxes = wiring_.ui.shown();
-  const auto box = std::find_if(boxes.begin(), boxes.end(), [](const ShownMessage& shown) {
-    return isWriteError(shown.errorNumber);
-  });
-  const auto isFrom = [&box](const ErrorSource& source) {
-    return contains(box->text, source.text);
-  };
-  if (isFrom(source::kAddKeywordsToXmlFile) || isFrom(source::kCreateKeywordXmlFile)) {
-    return library_.searchKeywords;
-  }
-  if (isFrom(source::kAddCategoryNode) || isFrom(source::kCreateBookCateXmlFile)) {
-    return library_.bookCategories;
-  }
-  return bookFileOf(library_, book);
 }
 
 }  // namespace quorbind

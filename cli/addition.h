@@ -7,7 +7,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -37,11 +36,7 @@ class Addition final : private QuorBookEvents {
 
   [[nodiscard]] ExitStatus addBook();
   void requireUsableLibrary();
-  void considerCategories();
-  void requireUsableSideFiles();
-  void requireUsableSideFile(const std::string& path, std::string_view root);
   [[nodiscard]] bool flagsAreAccepted();
-  [[nodiscard]] bool keywordsAreAccepted();
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
 
@@ -59,7 +54,6 @@ class Addition final : private QuorBookEvents {
   void takeOut(const CatalogueEntry& book, const std::vector<CatalogueEntry>& books);
   void describeBook(const CatalogueEntry& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
-  [[nodiscard]] std::string fileOfWriteError(const CatalogueEntry& book) const;
   [[nodiscard]] bool wasPlaceRefused() const;
 
   /// Runs a step that writes; `what` names the file, also in the note of a failure.
@@ -71,8 +65,6 @@ class Addition final : private QuorBookEvents {
   AdditionReport report_;
   std::vector<CatalogueEntry> booksBefore_;
   StatedPlace statedPlace_;
-  /// The run makes the library's categories file.
-  bool createsCategories_ = false;
   std::optional<TemporaryFile> preparedCopy_;
 };
 

@@ -105,19 +105,21 @@ void addRecords(CLI::App& command, AddArguments& arguments) {
                   "Categories for the book's entry in the catalogue, separated by ';' or ','")
       ->option_text("LIST");
   command
-      .add_option("--keywords", arguments.keywords, "Search keywords of the book, separated by ';'")
+      .add_option("--keywords",
+                  arguments.keywords,
+                  "Search keywords of the book, separated by ';'; not recorded by this version yet")
       ->option_text("LIST");
   command
       .add_option("--categories",
                   arguments.categories,
-                  "Categories of the library to file the book under, separated by ';' or ','")
+                  "Categories of the library to file the book under, separated by ';' or ','; not "
+                  "recorded by this version yet")
       ->option_text("LIST");
   command.add_option("--install-type", arguments.installType, "Installation type of the library")
       ->option_text("NUMBER");
   command.add_flag("--create-categories",
                    arguments.createCategories,
-                   "Make a missing categories file of the library from the server's default "
-                   "categories first");
+                   "Make the library's categories file from the server's default categories first");
 }
 
 CLI::App& addAdd(CLI::App& app, AddArguments& arguments) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "catalogue/book_config.h"
 #include "catalogue/names.h"
 #include "cli/failure.h"
 #include "cli/paths.h"
@@ -14,7 +13,6 @@
 #include "platform/portable/visible_text.h"
 #include "platform/text_file.h"
 #include "platform/xml_writer.h"
-#include "sidefiles/names.h"
 
 namespace quorbind {
 
@@ -34,20 +32,17 @@ class Initialisation {
   void run() {
     const auto selection = loadSelection();
     const bool isListed = selection && isInSelection(*selection);
-    requireUsableDefaults();
     makeFolder(paths_.folder);
     makeFile(paths_.catalogue, [](XmlWriter& writer) {
       writer.startElement(catalogue_names::kMaster);
       writer.textElement(catalogue_names::kBooks, "");
     });
     makeFile(paths_.defaultCategories, [](XmlWriter& writer) {
-      using namespace default_category_names;
-      writer.startElement(kDefaults);
-      writeDefaultCategories(writer, kDeveloperPro);
-      writeDefaultCategories(writer, kDeveloper);
+      writer.startElement("Default_Categories");
+      writeDefaultCategories(writer, "Quor_Developer_Pro");
+      writeDefaultCategories(writer, "Quor_Developer");
       writer.endElement();
     });
-    makeCategoriesFile();
     if (selection && !isListed) {
       addToSelection(*selection);
     } else if (!selection) {
@@ -62,7 +57,7 @@ class Initialisation {
   static void writeDefaultCategories(XmlWriter& writer, std::string_view list) {
     writer.startElement(list);
     for (const std::string_view category : kDefaultCategories) {
-      writer.textElement(default_category_names::kName, category);
+      writer.textElement("CategoryName", category);
     }
     writer.endElement();
   }
@@ -137,35 +132,6 @@ class Initialisation {
     const XmlNode element = document.createElement(name);
     element.setText(text);
     parent.append(element);
-  }
-
-  /// Default categories that don't load would leave a categories file without a root.
-  void requireUsableDefaults() {
-    if (wiring_.files.fileExists(paths_.bookCategories) ||
-        !wiring_.files.fileExists(paths_.defaultCategories)) {
-      return;
-    }
-    requireReadable(wiring_.files, paths_.defaultCategories, nativeName(paths_.defaultCategories));
-    if (const auto result = wiring_.xml.createDocument()->load(paths_.defaultCategories); !result) {
-      throw loadFailure(paths_.defaultCategories, result);
-    }
-  }
-
-  /// By the component, which tells its failures in a box.
-  void makeCategoriesFile() {
-    if (wiring_.files.fileExists(paths_.bookCategories)) {
-      return;
-    }
-    constexpr std::int32_t kOrdinaryInstallation = 0;
-    written(paths_.bookCategories, [&] {
-      const std::size_t boxes = wiring_.ui.shown().size();
-      Book_Config(wiring_.module)
-          .CreateBookCateXmlFile(paths_.docsFolder, paths_.bookCategories, kOrdinaryInstallation);
-      if (wiring_.ui.shown().size() > boxes) {
-        throw CommandFailure(ExitStatus::kWriteFailed,
-                             nativeName(paths_.bookCategories) + " could not be made");
-      }
-    });
   }
 
   /// Makes a folder with all those above it that are missing.

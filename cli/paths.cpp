@@ -6,7 +6,6 @@
 #include "catalogue/names.h"
 #include "platform/paths.h"
 #include "platform/text.h"
-#include "sidefiles/names.h"
 
 namespace quorbind {
 
@@ -60,8 +59,8 @@ LibraryPaths::LibraryPaths(const std::string& server, const std::string& library
       location(joined(server_names::kDocsFolder, library)),
       folder(docsFolder + library),
       catalogue(joined(folder, catalogue_names::kFile)),
-      bookCategories(joined(folder, category_names::kFile)),
-      searchKeywords(joined(folder, keyword_names::kFile)),
+      bookCategories(joined(folder, "Quor_BookCategories.xml")),
+      searchKeywords(joined(folder, "Quor_SearchKeywords.xml")),
       selection(docsFolder + std::string(server_names::kSelectionFile)),
       defaultCategories(docsFolder + std::string(server_names::kDefaultCategoriesFile)) {}
 

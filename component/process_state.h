@@ -25,6 +25,11 @@ struct ProcessState {
   /// Set by Cancel in the book dialog.
   bool cancelled = false;
   std::int32_t installationType = 0;
+
+  /// The acronym that the book file is named after: its own where the table of contents states one.
+  [[nodiscard]] const std::string& acroOfBookFile() const {
+    return recordedXmlAcro.empty() ? currentBookAcro : recordedXmlAcro;
+  }
 };
 
 }  // namespace quorbind

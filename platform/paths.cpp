@@ -94,4 +94,20 @@ bool staysInFolder(std::string_view name) {
   return !isFolderItself && !containsAnyOf(name, R"(\/:)") && !isDevice(name);
 }
 
+std::optional<std::string> nameBelow(std::string_view name) {
+  const std::string path = withBackslashes(name);
+  std::string below;
+  for (const std::string_view part : Pieces(path, "\\")) {
+    const bool isDoubledSeparator = part.empty() && !below.empty();
+    if (isDoubledSeparator || part == ".") {
+      continue;
+    }
+    if (!staysInFolder(part)) {
+      return std::nullopt;
+    }
+    below.append(below.empty() ? "" : "\\").append(part);
+  }
+  return below.empty() ? std::nullopt : std::optional(std::move(below));
+}
+
 }  // namespace quorbind

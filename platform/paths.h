@@ -3,6 +3,7 @@
 // Names of files as the component's world writes them: `\` between the parts, folders usually
 // carried with their trailing `\`. Everything here looks at the text alone and asks no disk.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,5 +31,11 @@ bool leadsToNetworkOrDevice(std::string_view path);
 /// empty, no separator, no drive, no alternate stream, not `.` or `..` under any trailing dots and
 /// blanks, not a device.
 bool staysInFolder(std::string_view name);
+
+/// A document's name for a file as a name below the folder that it is meant for: with `\`, without
+/// doubled separators and parts that are `.`. Nothing for a name that leads elsewhere: one that is
+/// empty, begins at a root, or has a part that does not stay in its folder (`..`, a drive, a scheme,
+/// a device).
+std::optional<std::string> nameBelow(std::string_view name);
 
 }  // namespace quorbind

@@ -100,4 +100,18 @@ bool equalIgnoringAsciiCase(std::string_view left, std::string_view right) {
   });
 }
 
+std::size_t findIgnoringAsciiCase(std::string_view text,
+                                  std::string_view part,
+                                  std::size_t from) {
+  if (from > text.size()) {
+    return std::string_view::npos;
+  }
+  const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
+  const auto found = std::search(start, text.end(), part.begin(), part.end(), [](char a, char b) {
+    return upperAscii(a) == upperAscii(b);
+  });
+  return found == text.end() ? std::string_view::npos
+                             : static_cast<std::size_t>(found - text.begin());
+}
+
 }  // namespace quorbind

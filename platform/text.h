@@ -45,5 +45,10 @@ std::string replaceAll(std::string_view text, std::string_view from, std::string
 /// marks are searched. For the words of a language use Locale::upperCase.
 std::string upperCaseAscii(std::string_view text);
 [[nodiscard]] bool equalIgnoringAsciiCase(std::string_view left, std::string_view right);
+/// Where `part` (not empty) begins in `text`, from `from` on, under that folding; npos when it does
+/// not.
+[[nodiscard]] std::size_t findIgnoringAsciiCase(std::string_view text,
+                                                std::string_view part,
+                                                std::size_t from = 0);
 
 }  // namespace quorbind

@@ -1,7 +1,6 @@
 #include "sidefiles/category_file.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/xml_writer.h"
 #include "platform/xpath_query.h"
@@ -14,10 +13,6 @@ namespace {
 constexpr char kQuote = '\'';
 
 }  // namespace
-
-void requireCategoryName(std::string_view name) {
-  requireFitsQuery(name, kQuote);
-}
 
 std::string categoryQuery(std::string_view name) {
   return std::string(category_names::kCategoryPath)
@@ -69,18 +64,16 @@ void CategoryFile::addCategory(std::string_view name) {
   const XmlNode category = document().createElement(category_names::kCategory);
   appendTextElement(document(), category, category_names::kName, name);
   document().select(category_names::kSet).insertBefore(category, other);
-  readCategory(category, nullptr);
+  addToIndex(category);
 }
 
-bool CategoryFile::has(std::string_view category) {
-  return !categoriesNamed(category).empty();
-}
-
-CategoryFile::Texts CategoryFile::textsInCategories() {
-  const XmlNode set = document().select(category_names::kSet);
-  dropIndex();
-  Texts texts;
-  readCategories(set, &texts);
+std::vector<std::string> CategoryFile::textsInCategories() const {
+  std::vector<std::string> texts;
+  for (const XmlNode& category : document().select(category_names::kSet).children()) {
+    for (const XmlNode& child : category.children()) {
+      texts.push_back(child.text());
+    }
+  }
   return texts;
 }
 
@@ -94,45 +87,31 @@ void CategoryFile::requireIndex() {
   if (indexed_) {
     return;
   }
-  if (const XmlNode set = document().select(category_names::kSet)) {
-    readCategories(set, nullptr);
+  for (const XmlNode& category : document().selectAll(category_names::kCategoryPath)) {
+    addToIndex(category);
   }
   indexed_ = true;
 }
 
-void CategoryFile::readCategories(const XmlNode& set, Texts* texts) {
-  for (XmlNode node = set.firstChild(); node; node = node.nextSibling()) {
-    readCategory(node, texts);
-  }
-  indexed_ = true;
-}
-
-void CategoryFile::readCategory(const XmlNode& node, Texts* texts) {
-  const bool isCategory = node.name() == category_names::kCategory;
+void CategoryFile::addToIndex(const XmlNode& node) {
   Category category;
   category.node = node;
   for (XmlNode child = node.firstChild(); child; child = child.nextSibling()) {
     ++category.childCount;
-    std::string text = child.text();
     const std::string name = child.name();
-    if (isCategory && name == category_names::kBookAcro) {
-      category.acronyms.insert(text);
-    } else if (isCategory && name == category_names::kName) {
-      byName_[text].push_back(categories_.size());
-    }
-    if (texts != nullptr) {
-      texts->push_back(std::move(text));
+    if (name == category_names::kBookAcro) {
+      category.acronyms.insert(child.text());
+    } else if (name == category_names::kName) {
+      byName_[child.text()].push_back(categories_.size());
     }
   }
-  if (isCategory) {
-    categories_.push_back(std::move(category));
-  }
+  categories_.push_back(std::move(category));
 }
 
 std::span<const std::size_t> CategoryFile::categoriesNamed(std::string_view name) {
-  requireCategoryName(name);
+  requireFitsQuery(name, kQuote);
   requireIndex();
-  const auto found = byName_.find(name);
+  const auto found = byName_.find(std::string(name));
   return found == byName_.end() ? std::span<const std::size_t>() : found->second;
 }
 

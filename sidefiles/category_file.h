@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <map>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -22,7 +21,6 @@ namespace quorbind {
 class CategoryFile final : public SideFile {
  public:
   using SideFile::SideFile;
-  using Texts = std::vector<std::string>;
 
   /// Files a book under a category. A category that is not there is made, in front of the one for
   /// all other books, unless its name is empty. False when nothing was done; a book that is filed
@@ -36,12 +34,9 @@ class CategoryFile final : public SideFile {
   /// Makes a category in front of the one for all other books, or as the last when that is missing.
   void addCategory(std::string_view name);
 
-  /// Whether there is a category of that name. Raises as looking it up does.
-  [[nodiscard]] bool has(std::string_view category);
-
   /// The texts of everything that stands in a category, category by category: its name, and the
   /// acronyms in it. Raises 91 in a document with another root.
-  [[nodiscard]] Texts textsInCategories();
+  [[nodiscard]] std::vector<std::string> textsInCategories() const;
 
  private:
   struct Category {
@@ -52,22 +47,17 @@ class CategoryFile final : public SideFile {
 
   void dropIndex() override;
   void requireIndex();
-  /// Reads everything below `set`; the texts go to `texts` as well, unless that is null.
-  void readCategories(const XmlNode& set, Texts* texts);
-  void readCategory(const XmlNode& node, Texts* texts);
+  void addToIndex(const XmlNode& node);
   [[nodiscard]] std::span<const std::size_t> categoriesNamed(std::string_view name);
   void appendAcronym(Category& category, std::string_view acronym);
 
   std::vector<Category> categories_;
   /// Where the categories of a name stand in categories_.
-  std::map<std::string, std::vector<std::size_t>, std::less<>> byName_;
+  std::unordered_map<std::string, std::vector<std::size_t>> byName_;
   bool indexed_ = false;
 };
 
-/// Raises kInvalidQueryError for a name that can't be looked up: one with an apostrophe.
-void requireCategoryName(std::string_view name);
-
-/// The query for the categories of a name. Raises as requireCategoryName does.
+/// The query for the categories of a name. Raises kInvalidQueryError for one with an apostrophe.
 std::string categoryQuery(std::string_view name);
 
 }  // namespace quorbind

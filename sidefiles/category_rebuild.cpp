@@ -139,9 +139,8 @@ class Rebuild {
   }
 
  private:
-  /// Looking up a name may fail, which is told.
   static bool hasFailureToTell(const std::string& name) {
-    return ignoringErrors([&] { requireCategoryName(name); }) != 0;
+    return ignoringErrors([&] { categoryQuery(name); }) != 0;
   }
 
   void fileQuietly(std::span<const std::string> names) {
@@ -153,7 +152,7 @@ class Rebuild {
     }
   }
 
-  // A name that comes again finds its category as complete as it left it, and most are acronyms.
+  // A name that comes again finds its category as complete as it left it.
   void fileTogether(std::span<const std::string> names) {
     if (!file_.load()) {
       return;
@@ -161,7 +160,7 @@ class Rebuild {
     file_.addAcronyms(otherCategory(), entriesOf(filings_.uncategorised()));
     std::unordered_set<std::string_view> done;
     for (const std::string& name : names) {
-      if (file_.has(name) && done.insert(name).second) {
+      if (done.insert(name).second) {
         file_.addAcronyms(name, entriesOf(filings_.of(name)));
       }
     }

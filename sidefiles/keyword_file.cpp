@@ -1,7 +1,6 @@
 #include "sidefiles/keyword_file.h"
 
 #include <utility>
-#include <vector>
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
@@ -149,9 +148,7 @@ void KeywordFile::requireBook() {
   }
   if (document().select(bookQuery())) {
     keywords_ = document().select(listQuery());
-    const std::vector<XmlNode> keywords = keywords_.selectAll(keyword_names::kKeyword);
-    known_.reserve(keywords.size());
-    for (const XmlNode& keyword : keywords) {
+    for (const XmlNode& keyword : keywords_.selectAll(keyword_names::kKeyword)) {
       known_.insert(keyword.text());
     }
   }

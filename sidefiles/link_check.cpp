@@ -52,7 +52,8 @@ std::vector<std::string> trimmedLinkIds(const Platform& platform, const std::str
   const auto document = platform.xml.createDocument();
   document->load(path);
   std::vector<std::string> identifiers;
-  for (const XmlNode& linkId : document->selectAll(link_names::kLinkIdPath)) {
+  for (const XmlNode& linkId : document->selectAll(
+           std::string(link_names::kIdPath).append("/").append(link_names::kLinkId))) {
     identifiers.emplace_back(trimBlanks(linkId.text()));
   }
   return identifiers;

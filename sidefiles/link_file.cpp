@@ -1,7 +1,6 @@
 #include "sidefiles/link_file.h"
 
-#include <utility>
-#include <vector>
+#include <array>
 
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
@@ -110,11 +109,11 @@ bool LinkFile::leadsSomewhere(std::string_view identifier) {
 
 bool LinkFile::hasTrimmed(std::string_view identifier) {
   requireIndex();
-  const std::string trimmed(trimBlanks(identifier));
-  return identifiers_.contains(trimmed) || trimmed_.contains(trimmed);
+  return trimmed_.contains(std::string(trimBlanks(identifier)));
 }
 
 void LinkFile::record(const LinkIdentifier& link) {
+  requireFitsQuery(link.identifier, kQuote);
   if (const XmlNode linkId = find(link.identifier)) {
     fillIn(linkId, link);
   } else {
@@ -127,7 +126,6 @@ void LinkFile::makeList() {
 }
 
 void LinkFile::dropIndex() {
-  list_ = XmlNode();
   identifiers_.clear();
   trimmed_.clear();
   indexed_ = false;
@@ -137,26 +135,25 @@ void LinkFile::requireIndex() {
   if (indexed_) {
     return;
   }
-  list_ = document().select(link_names::kListPath);
-  const std::vector<XmlNode> linkIds = document().selectAll(link_names::kLinkIdPath);
-  identifiers_.reserve(linkIds.size());
-  for (const XmlNode& linkId : linkIds) {
-    addToIndex(linkId);
+  for (const XmlNode& entry : document().selectAll(link_names::kIdPath)) {
+    addToIndex(entry);
   }
   indexed_ = true;
 }
 
-void LinkFile::addToIndex(const XmlNode& linkId) {
-  std::string identifier = linkId.text();
-  const std::string_view trimmed = trimBlanks(identifier);
-  if (trimmed.size() < identifier.size()) {
-    trimmed_.emplace(trimmed);
+void LinkFile::addToIndex(const XmlNode& entry) {
+  XmlNode first;
+  for (XmlNode field = entry.firstChild(); field; field = field.nextSibling()) {
+    if (field.name() == link_names::kLinkId) {
+      first = first ? first : field;
+      const std::string identifier = field.text();
+      trimmed_.insert(std::string(trimBlanks(identifier)));
+      identifiers_.try_emplace(identifier, first);
+    }
   }
-  identifiers_.try_emplace(std::move(identifier), linkId);
 }
 
 XmlNode LinkFile::find(std::string_view identifier) {
-  requireFitsQuery(identifier, kQuote);
   requireIndex();
   const auto found = identifiers_.find(std::string(identifier));
   return found == identifiers_.end() ? XmlNode() : found->second;
@@ -167,13 +164,13 @@ void LinkFile::enter(const LinkIdentifier& link) {
     rules_ = platform().toolset.createXmlTextRules();
   }
   const XmlNode entry = document().createElement(link_names::kId);
-  const XmlNode linkId = appendTextElement(
+  appendTextElement(
       document(), entry, link_names::kLinkId, rules_->ReplaceSpecCharToXMLChar(link.identifier));
   appendTextElement(document(), entry, link_names::kFullLink, link.fullLink);
   appendTextElement(document(), entry, link_names::kSourceFile, sourceFileOf(link));
   appendTextElement(document(), entry, link_names::kBookAcro, link.bookAcro);
-  list_.append(entry);
-  addToIndex(linkId);
+  document().select(link_names::kListPath).append(entry);
+  addToIndex(entry);
 }
 
 }  // namespace quorbind

@@ -54,14 +54,15 @@ class LinkFile final : public SideFile {
  public:
   using SideFile::SideFile;
 
-  /// Whether the identifier, as it is given, stands there with a full link that is not blank.
-  /// Raises kInvalidQueryError for one with an apostrophe.
+  /// Whether the identifier, as it is given, stands there with a full link that is not blank. False
+  /// also for one that can't be looked up.
   [[nodiscard]] bool leadsSomewhere(std::string_view identifier);
   /// Whether an identifier stands there, the blanks at the ends of both left out.
   [[nodiscard]] bool hasTrimmed(std::string_view identifier);
 
-  /// Enters an identifier that leads nowhere yet. Raises as leadsSomewhere does, 91 in a document
-  /// without a list and for an entry that lacks a field, and what the tool set raises.
+  /// Enters an identifier that leads nowhere yet. Raises kInvalidQueryError for an apostrophe in
+  /// the identifier, 91 in a document without a list and for an entry that lacks a field, and what
+  /// the tool set raises.
   void record(const LinkIdentifier& link);
   /// Makes the list of a file that has only its root. Raises 91 for another root.
   void makeList();
@@ -69,16 +70,13 @@ class LinkFile final : public SideFile {
  private:
   void dropIndex() override;
   void requireIndex();
-  void addToIndex(const XmlNode& linkId);
+  void addToIndex(const XmlNode& entry);
   [[nodiscard]] XmlNode find(std::string_view identifier);
   void enter(const LinkIdentifier& link);
 
   std::unique_ptr<XmlTextRules> rules_;
-  /// The list of entries; no node where the document has none.
-  XmlNode list_;
-  /// The first element of each identifier, by its text.
+  /// The first field of the entry that has an identifier, by its text.
   std::unordered_map<std::string, XmlNode> identifiers_;
-  /// What is left, without their blanks, of the identifiers that have blanks at their ends.
   std::unordered_set<std::string> trimmed_;
   bool indexed_ = false;
 };

@@ -18,18 +18,17 @@ void LinkIdentifierList::record(const std::string& identifier,
                                 const std::string& fullLink,
                                 const std::string& sourceFilePath,
                                 const std::string& bookAcro) {
-  const std::size_t link = links_.size();
-  links_.push_back({.identifier = identifier,
-                    .fullLink = fullLink,
-                    .sourceFilePath = sourceFilePath,
-                    .projectName = state_.currentProductName,
-                    .bookAcro = bookAcro});
+  const LinkIdentifier link{.identifier = identifier,
+                            .fullLink = fullLink,
+                            .sourceFilePath = sourceFilePath,
+                            .projectName = state_.currentProductName,
+                            .bookAcro = bookAcro};
   if (!isReady()) {
     recordAlone(link);
   } else if (!isTaken(identifier)) {
     changes_->make(
-        [this, link] {
-          file_->record(links_[link]);
+        [&] {
+          file_->record(link);
           return true;
         },
         [this, link] { recordAlone(link); });
@@ -67,18 +66,12 @@ void LinkIdentifierList::readOthers() {
 }
 
 bool LinkIdentifierList::isTaken(const std::string& identifier) {
-  if (others_->trimmedIds.contains(std::string(trimBlanks(identifier))) ||
-      (others_->includeThisOne && file_->hasTrimmed(identifier))) {
-    return true;
-  }
-  // One that can't be looked up fails when it is recorded.
-  bool leadsSomewhere = false;
-  ignoringErrors([&] { leadsSomewhere = file_->leadsSomewhere(identifier); });
-  return leadsSomewhere;
+  return others_->trimmedIds.contains(std::string(trimBlanks(identifier))) ||
+         (others_->includeThisOne && file_->hasTrimmed(identifier)) ||
+         file_->leadsSomewhere(identifier);
 }
 
-void LinkIdentifierList::recordAlone(std::size_t which) {
-  const LinkIdentifier& link = links_[which];
+void LinkIdentifierList::recordAlone(const LinkIdentifier& link) {
   if (file_) {
     file_->forget();
   }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 #include <unordered_set>
-#include <vector>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
@@ -47,14 +45,12 @@ class LinkIdentifierList {
   void findFile();
   void readOthers();
   [[nodiscard]] bool isTaken(const std::string& identifier);
-  void recordAlone(std::size_t which);
+  void recordAlone(const LinkIdentifier& link);
   /// As ListedChanges::settle.
   bool settle();
 
   const Platform& platform_;
   const ProcessState& state_;
-  /// Everything that came, for those that have to be recorded alone later.
-  std::vector<LinkIdentifier> links_;
   std::string path_;
   /// Present once the server's folder is known.
   std::optional<LinkFile> file_;

@@ -16,8 +16,7 @@ void ListedChanges::make(const Change& change, Alone alone) {
     settle();
     alone();
     file_.forget();
-  } else if (changed || !unsaved_.empty()) {
-    // An item that found everything done may have found it in memory only.
+  } else if (changed) {
     unsaved_.push_back(std::move(alone));
   }
 }

@@ -36,7 +36,7 @@ class ListedChanges {
 
  private:
   SideFile& file_;
-  /// The items since the last save, from the first that changed something on.
+  /// The items that are in memory and not in the file.
   std::vector<Alone> unsaved_;
 };
 

@@ -48,7 +48,7 @@ inline constexpr std::string_view kFullLink = "FullLink";
 inline constexpr std::string_view kSourceFile = "LinkIDSourceFile";
 inline constexpr std::string_view kBookAcro = "BookAcro";
 inline constexpr std::string_view kListPath = "LINKS/IBD";
-inline constexpr std::string_view kLinkIdPath = "LINKS/IBD/ID/LinkID";
+inline constexpr std::string_view kIdPath = "LINKS/IBD/ID";
 }  // namespace link_names
 
 }  // namespace quorbind

@@ -11,20 +11,21 @@ namespace {
 
 constexpr std::string_view kLeadsOut = "Error:Book Folder leads out of the library: ";
 
-std::optional<std::string> refusalOf(const std::string& folder, std::string_view file) {
+}  // namespace
+
+std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
+                                                 std::string_view stated) {
   if (auto refusal = refusalOfFolder(folder)) {
     return refusal;
   }
   // An empty folder is the library's own, unless the name begins with `\\` because it leads
   // elsewhere.
-  const bool leadsOut = folder.empty() ? leadsToNetworkOrDevice(file) : !staysInFolder(folder);
+  const bool leadsOut = folder.empty() ? leadsToNetworkOrDevice(stated) : !staysInFolder(folder);
   if (leadsOut) {
-    return std::string(kLeadsOut).append(file);
+    return std::string(kLeadsOut).append(stated);
   }
   return std::nullopt;
 }
-
-}  // namespace
 
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
   const text_form::BookEntry entry =
@@ -38,7 +39,7 @@ StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) 
     return {};
   }
   const std::string folder(file.substr(0, file.find('\\')));
-  return {.line = entry.line, .folder = folder, .refusal = refusalOf(folder, file)};
+  return {.line = entry.line, .folder = folder, .refusal = refusalOfStatedFolder(folder, file)};
 }
 
 }  // namespace quorbind

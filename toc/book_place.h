@@ -20,6 +20,11 @@ struct StatedPlace {
   std::optional<std::string> refusal;
 };
 
+/// Why a book may not lie in `folder`, a folder below the library's that `stated` was read as;
+/// nothing when it may.
+std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
+                                                 std::string_view stated);
+
 /// Reads it from a table of contents in the intermediate text form. Raises what opening the file
 /// raises.
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath);

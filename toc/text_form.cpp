@@ -8,6 +8,8 @@ namespace quorbind::text_form {
 
 namespace {
 
+constexpr std::string_view kExportEnding = "_Temp.txt";
+
 std::string inMarkers(std::string_view field) {
   return std::string(kMarker).append(field).append(kMarker);
 }
@@ -21,6 +23,12 @@ std::string lineOf(const Entry& entry) {
     line.append(" ").append(inMarkers(field));
   }
   return line;
+}
+
+std::string exportPathOf(const Locale& locale,
+                         std::string_view tocPath,
+                         std::string_view extension) {
+  return replaceAll(locale.upperCase(tocPath), extension, kExportEnding);
 }
 
 BookEntry readBookEntry(FileSystem& files, const Locale& locale, std::string_view path) {

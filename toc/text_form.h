@@ -20,6 +20,9 @@ inline constexpr std::string_view kNoLink = "#NoLink#";
 /// The BookLinkValue of an entry that can't be linked to from other books.
 inline constexpr std::string_view kNoBookLink = "#NO_BOOKLINK#";
 
+/// The extension of an HTML page in an upper-cased path.
+inline constexpr std::string_view kHtmlExtension = ".HTM";
+
 /// Where the fields are found in a line that was cut at every marker.
 enum Piece : std::size_t {
   kLevel = 1,
@@ -43,6 +46,10 @@ struct Entry {
 
 /// One line of the form, without its line end.
 std::string lineOf(const Entry& entry);
+
+/// The file that a table of contents is exported to: its upper-cased path with every `extension`
+/// as `_Temp.txt`. Of a longer extension such as `.HTML` the last letter stays behind.
+std::string exportPathOf(const Locale& locale, std::string_view tocPath, std::string_view extension);
 
 /// The line that describes the book itself.
 struct BookEntry {

@@ -1,8 +1,9 @@
 #include "toc/text_toc.h"
 
+#include <string>
+
 #include "platform/number.h"
 #include "platform/runtime_error.h"
-#include "resources/messages.h"
 
 namespace quorbind {
 
@@ -20,10 +21,6 @@ constexpr std::string_view kEmptyLine = "Error:Empty Line in TOC is not valid";
 constexpr std::string_view kLevelIsText = "Error:Node Level value can not be String";
 constexpr std::string_view kLevelOutOfSequence = "Error:Invalid Node Level Sequence ";
 constexpr std::string_view kNameIsEmpty = "Error:Node Name can not be Empty";
-
-TocViolation violationIn(std::string_view line, std::string_view error) {
-  return {(Message::kLine + line).append("\r").append(error)};
-}
 
 bool follows(int level, int previousLevel) {
   return level - previousLevel <= 1 && level != 0 && (level != 1 || previousLevel == 0);

@@ -6,21 +6,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "toc/toc_violation.h"
 
 namespace quorbind {
-
-/// A rule that a table of contents breaks.
-struct TocViolation {
-  /// The text that tells the user.
-  std::string message;
-  /// Whether the offending line is also offered on the clipboard.
-  bool offersLine = true;
-};
 
 /// One line on its way through the rules; both views hold during the call that hands it over.
 struct TextTocLine {

@@ -12,14 +12,11 @@ namespace quorbind {
 namespace {
 
 constexpr std::string_view kKindNotBuilt =
-    "Only text tables of contents can be added by this version. Nothing was changed.";
+    "Workbooks can not be added by this version. Nothing was changed.";
 /// Documents of a text table of contents are looked up from the root of the current drive, wherever
 /// the table itself lies.
 constexpr std::string_view kRootFolder = "\\";
 constexpr char kBookmarkSign = '#';
-/// An export is named like its table of contents. In `.HTML` the last letter stays behind.
-constexpr std::string_view kHtmlExtension = ".HTM";
-constexpr std::string_view kExportEnding = "_Temp.txt";
 
 }  // namespace
 
@@ -36,7 +33,9 @@ bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType) {
       case kText:
         return mbValidateTextToc(tocPath);
       case kXml:
+        return mbValidateXMLToc(tocPath);
       case kHtml:
+        return exportHtmlToc(tocPath);
       case kExcel:
         ui.show(criticalMessage(std::string(kKindNotBuilt)));
         return false;
@@ -117,32 +116,16 @@ bool TocCheck::mbCheckFilePath(std::string_view /*line*/,
   return true;
 }
 
-// A name that would reach out to the network or a device is not looked up: it counts as missing.
+// A name that would reach out to the network or a device is not looked up: it counts as missing. So
+// does one that leads out of the folder of its table of contents; nothing leads out of the root.
 bool TocCheck::documentExists(std::string_view folder, std::string_view fileName) {
-  const std::string path = std::string(folder).append(fileName);
-  return !leadsToNetworkOrDevice(path) &&
-         module_.platform.files.fileExists(module_.platform.files.absolutePath(path));
-}
-
-bool TocCheck::mHTMLExportToText(std::string& tocPath, std::string_view text) {
-  const Platform& platform = module_.platform;
-  return trapped(platform.ui, source::kHtmlExportToText, false, [&] {
-    tocPath = replaceAll(platform.locale.upperCase(tocPath), kHtmlExtension, kExportEnding);
-    try {
-      TextWriter file(platform.files, tocPath);
-      file.write(text);
-      file.close();
-      return true;
-    } catch (const RunTimeError& error) {
-      if (!error.is(ErrorNumber::kPermissionDenied)) {
-        throw;
-      }
-      platform.ui.show({.text = (Message::kTemporaryFileUnderThis + folderOf(tocPath)).append(" ") +
-                                Message::kNoPermissionAtLocation,
-                        .icon = MessageIcon::kInformation});
-      return false;
-    }
-  });
+  FileSystem& files = module_.platform.files;
+  if (folder == kRootFolder) {
+    const std::string path = std::string(folder).append(fileName);
+    return !leadsToNetworkOrDevice(path) && files.fileExists(files.absolutePath(path));
+  }
+  const auto name = nameBelow(fileName);
+  return name && files.fileExists(files.absolutePath(std::string(folder).append(*name)));
 }
 
 void TocCheck::mDisplayErrorMessage(std::string_view message, std::string_view offendingText) {
@@ -157,8 +140,20 @@ void TocCheck::tell(std::string_view line, const TocViolation& violation) {
   if (violation.offersLine) {
     mDisplayErrorMessage(violation.message, line);
   } else {
-    module_.platform.ui.show(criticalMessage(violation.message));
+    module_.platform.ui.show({.text = violation.message, .icon = violation.icon});
   }
+}
+
+bool TocCheck::accepts(std::string_view line, const std::optional<TocViolation>& violation) {
+  if (violation) {
+    tell(line, *violation);
+  }
+  return !violation;
+}
+
+void TocCheck::forgetBook() {
+  mstrBookFile_.clear();
+  mstrBookFolder_.clear();
 }
 
 }  // namespace quorbind

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/text.h"
+#include "platform/xml_document.h"
+#include "toc/html_toc.h"
 #include "toc/text_toc.h"
+#include "toc/toc_violation.h"
 #include "workflow/forms/module.h"
 
 namespace quorbind {
@@ -30,6 +34,31 @@ class TocCheck {
   bool mbcheckTTocForValidity(std::string_view line,
                               const Pieces& pieces,
                               std::string_view tocPath);
+
+  /// Checks an HTML page and puts its export, the headings in the intermediate text form, into
+  /// `exportText`. The book's own link identifier, where the page has one, is recorded meanwhile.
+  bool mbValidateHTMLToc(std::string_view tocPath, std::string& exportText);
+  /// The whole text of a page; empty when it can't be read.
+  std::string mstrParseFile(std::string_view tocPath);
+  /// The title of the book in a page, which may have none: becomes the book's name unless it has
+  /// one, and its document the book's main file. `folder` is that of the page, ending in `\`.
+  bool mcheckHTMLTocBookTitle(std::string_view page,
+                              std::string_view folder,
+                              std::string_view tocPath);
+  /// One heading of a page; its line is appended to `exportText`.
+  bool mbCheckHTMLForValidity(std::string_view block,
+                              std::string_view folder,
+                              std::string& exportText);
+  /// The levels of a heading; nothing when they are refused.
+  std::optional<std::int16_t> mbCheckForHeadingHTML(std::string_view block);
+  std::string mstrCheckFlink(std::string_view block);
+  std::string mstrRemoveTagsFromHTML(std::string_view text);
+
+  /// Checks an existing book file and takes over what it says of its book: name and acronym unless
+  /// the book has them, the folder, and the acronym that the file is named after. Tells the user
+  /// when the catalogue has the name or the acronym already; where there is no catalogue, asks for
+  /// the folder.
+  bool mbValidateXMLToc(std::string_view tocPath);
 
   /// Looks whether the document of an entry is there. A missing one is noted and stops nothing: the
   /// answer is always True.
@@ -56,10 +85,28 @@ class TocCheck {
     return marrsMissingFiles_;
   }
 
+  // What the table of contents of the current run said of its book.
+
+  /// Forgets it: a run begins.
+  void forgetBook();
+  /// The book's main file, from the title of a page; empty for every other kind.
+  [[nodiscard]] const std::string& mstrBookFile() const { return mstrBookFile_; }
+  /// The folder of a book file's book, below the library's.
+  [[nodiscard]] const std::string& mstrBookFolder() const { return mstrBookFolder_; }
+
  private:
   class TextTocTeller;
+  class HtmlTocTeller;
 
   void tell(std::string_view line, const TocViolation& violation);
+  /// Whether nothing is violated; the user is told of what is.
+  bool accepts(std::string_view line, const std::optional<TocViolation>& violation);
+  bool exportHtmlToc(std::string& tocPath);
+  std::optional<std::string_view> takeHtmlPath(std::string_view block, std::string_view folder);
+  void recordBookLink(std::string_view page, std::string_view title, std::string_view tocPath);
+  void takeBookFrom(const XmlDocument& book);
+  void takeFolderFrom(const XmlDocument& book);
+  void askForFolder();
   [[nodiscard]] bool documentExists(std::string_view folder, std::string_view fileName);
 
   Module& module_;
@@ -67,6 +114,8 @@ class TocCheck {
   std::string mstrCurFile_;
   std::string mstrCurBookMark_;
   std::vector<std::string> marrsMissingFiles_;
+  std::string mstrBookFile_;
+  std::string mstrBookFolder_;
 };
 
 }  // namespace quorbind

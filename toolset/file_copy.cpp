@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -17,6 +15,7 @@
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/xml_document.h"
+#include "toolset/folder_listings.h"
 #include "toolset/page_links.h"
 
 namespace quorbind {
@@ -30,43 +29,6 @@ bool isPage(std::string_view name) {
   const std::string upper = upperCaseAscii(name);
   return upper.ends_with(kPageExtensions[0]) || upper.ends_with(kPageExtensions[1]);
 }
-
-/// Whether a file of that name is one of those that a library keeps its books in. A book's folder
-/// can be the library's own, and no document may take the place of the catalogue.
-bool isLibraryFile(std::string_view name) {
-  const std::string upper = upperCaseAscii(fileNameOf(name));
-  return upper.starts_with(upperCaseAscii(server_names::kFilePrefix)) && upper.ends_with(".XML");
-}
-
-/// A document's name for a file as a name below some folder; nothing for one that leads elsewhere.
-std::optional<std::string> nameBelow(std::string_view text) {
-  const std::string path = withBackslashes(text);
-  std::string name;
-  for (const std::string_view part : Pieces(path, "\\")) {
-    const bool isDoubledSeparator = part.empty() && !name.empty();
-    if (isDoubledSeparator || part == ".") {
-      continue;
-    }
-    if (!staysInFolder(part)) {
-      return std::nullopt;
-    }
-    name.append(name.empty() ? "" : "\\").append(part);
-  }
-  return name.empty() ? std::nullopt : std::optional(std::move(name));
-}
-
-/// File names, without regard to letter case like the file system's.
-class NameSet {
- public:
-  explicit NameSet(const Locale& locale) : locale_(locale) {}
-
-  /// Whether the name is new.
-  bool add(std::string_view name) { return names_.insert(locale_.upperCase(name)).second; }
-
- private:
-  const Locale& locale_;
-  std::unordered_set<std::string> names_;
-};
 
 /// Picks the names of the documents out of a book XML file, each once, in their order. Another
 /// document has none.
@@ -98,7 +60,7 @@ class DocumentNames final : public XmlScanHandler {
  private:
   void add(std::string_view text) {
     auto name = nameBelow(text);
-    if (name && !isLibraryFile(*name) && known_.add(*name)) {
+    if (name && !server_names::isLibraryFile(*name) && known_.add(*name)) {
       names_.push_back(*std::move(name));
     }
   }
@@ -109,47 +71,6 @@ class DocumentNames final : public XmlScanHandler {
   std::string text_;
   NameSet known_;
   std::vector<std::string> names_;
-};
-
-/// Tells what files there are, from one listing of each folder: a book names thousands of documents
-/// in a few folders, and to ask the disk for each that is missing would take most of the time.
-class FolderListings {
- public:
-  FolderListings(FileSystem& files, const Locale& locale) : files_(files), locale_(locale) {}
-
-  [[nodiscard]] bool hasFile(const std::string& path) {
-    const Listing& listing = listingOf(std::string(folderPartOf(path)));
-    return mayHold(listing, fileNameOf(path)) && files_.fileExists(path);
-  }
-
- private:
-  /// Names in upper case, sorted; nothing for a folder that can't be listed.
-  using Listing = std::optional<std::vector<std::string>>;
-
-  [[nodiscard]] bool mayHold(const Listing& listing, std::string_view name) const {
-    return !listing ||
-           std::binary_search(listing->begin(), listing->end(), locale_.upperCase(name));
-  }
-  const Listing& listingOf(const std::string& folder) {
-    const auto found = listings_.find(folder);
-    return found != listings_.end() ? found->second
-                                    : listings_.emplace(folder, list(folder)).first->second;
-  }
-  [[nodiscard]] Listing list(const std::string& folder) const {
-    Listing listing;
-    ignoringErrors([&] { listing = files_.namesIn(folder); });
-    if (listing) {
-      for (std::string& name : *listing) {
-        name = locale_.upperCase(name);
-      }
-      std::sort(listing->begin(), listing->end());
-    }
-    return listing;
-  }
-
-  FileSystem& files_;
-  const Locale& locale_;
-  std::unordered_map<std::string, Listing> listings_;
 };
 
 /// Makes a folder and those above it. One that can't be made shows in the copy that needs it.
@@ -176,16 +97,21 @@ void bringIntoPlace(FileSystem& files, std::string_view source, std::string_view
 /// names are those below the folders; the folders end in `\`.
 class DocumentCopy {
  public:
-  DocumentCopy(FileSystem& files, const Locale& locale, std::string targetFolder)
+  /// `settled` holds the places that this or an earlier copy has seen to.
+  DocumentCopy(FileSystem& files,
+               const Locale& locale,
+               FolderListings& listings,
+               NameSet& settled,
+               std::string targetFolder)
       : files_(files),
         locale_(locale),
-        listings_(files, locale),
-        targetFolder_(std::move(targetFolder)),
-        settled_(locale) {}
+        listings_(listings),
+        settled_(settled),
+        targetFolder_(std::move(targetFolder)) {}
 
   /// Takes note of a file from `folder` that is in place already.
   void add(const std::string& folder, const std::string& name) {
-    settled_.add(name);
+    settle(name);
     addPage(folder, name);
   }
 
@@ -197,7 +123,7 @@ class DocumentCopy {
     if (folder == folders.end()) {
       return;
     }
-    settled_.add(name);
+    settle(name);
     if (bring(*folder, name)) {
       addPage(*folder, name);
     }
@@ -239,18 +165,21 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (!isLibraryFile(name) && listings_.hasFile(folder + name) && settled_.add(name)) {
+    if (!server_names::isLibraryFile(name) && listings_.hasFile(folder + name) && settle(name)) {
       bring(folder, name);
     }
   }
 
+  /// Notes that the file was found, and so has been copied or can't be. Answers whether that is
+  /// new.
+  bool settle(const std::string& name) { return settled_.add(targetFolder_ + name); }
+
   FileSystem& files_;
   const Locale& locale_;
-  FolderListings listings_;
+  FolderListings& listings_;
+  NameSet& settled_;
   std::string targetFolder_;
   std::vector<Page> pages_;
-  /// What was found, and so has been copied or can't be.
-  NameSet settled_;
 };
 
 /// Where the documents of a book XML file in `folder` (with its `\`) are looked for.
@@ -302,7 +231,8 @@ std::string ReferenceFileCopy::targetFor(std::string_view source,
 
 void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source, const std::string& target) {
   const std::string folder(folderPartOf(source));
-  DocumentCopy documents(files_, locale_, std::string(folderPartOf(target)));
+  DocumentCopy documents(
+      files_, locale_, listings_, settled_, std::string(folderPartOf(target)));
   documents.add(folder, std::string(fileNameOf(source)));
   DocumentNames named(locale_);
   if (xml_.scan(source, named)) {

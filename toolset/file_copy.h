@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/toolset.h"
+#include "toolset/folder_listings.h"
 
 namespace quorbind {
 
@@ -24,13 +25,20 @@ class XmlLibrary;
 /// pages among these are copied and not read. Everything keeps its place below the target folder.
 /// What is missing or can't be copied is passed over, and changes nothing in the result.
 ///
+/// An object serves one book. For as long as it lives it looks at a folder once, and brings a file
+/// that several pages link to once, also when the pages are handed over one by one.
+///
 /// Names in documents are confined: one with a drive, a scheme, a root, a `..` or a device in it is
 /// never looked at.
 class ReferenceFileCopy final : public FileCopy {
  public:
   /// Kept by reference.
   ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const Locale& locale)
-      : files_(files), xml_(xml), locale_(locale) {}
+      : files_(files),
+        xml_(xml),
+        locale_(locale),
+        listings_(files, locale),
+        settled_(locale) {}
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
@@ -44,6 +52,8 @@ class ReferenceFileCopy final : public FileCopy {
   FileSystem& files_;
   XmlLibrary& xml_;
   const Locale& locale_;
+  FolderListings listings_;
+  NameSet settled_;
 };
 
 }  // namespace quorbind

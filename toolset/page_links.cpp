@@ -39,15 +39,20 @@ bool endsWithLinkAttribute(std::string_view text) {
   });
 }
 
+struct AttributeValue {
+  std::string_view text;
+  bool isQuoted = false;
+};
+
 /// The value that begins the text behind a `=`; empty when its closing quote is missing.
-std::string_view valueIn(std::string_view text) {
+AttributeValue valueIn(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
   const bool isQuoted = text.starts_with('"') || text.starts_with('\'');
   if (!isQuoted) {
-    return text.substr(0, text.find_first_of(kEndOfUnquoted));
+    return {text.substr(0, text.find_first_of(kEndOfUnquoted)), isQuoted};
   }
   const std::size_t end = text.find(text.front(), 1);
-  return end == std::string_view::npos ? std::string_view() : text.substr(1, end - 1);
+  return {end == std::string_view::npos ? std::string_view() : text.substr(1, end - 1), isQuoted};
 }
 
 /// `text` with every `%` and two hexadecimal digits as the byte that they stand for.
@@ -76,12 +81,19 @@ std::string nameIn(std::string_view value) {
 
 std::vector<std::string> linksIn(std::string_view page) {
   std::vector<std::string> links;
+  std::size_t next = 0;
   for (std::size_t equals = page.find('='); equals != std::string_view::npos;
-       equals = page.find('=', equals + 1)) {
+       equals = page.find('=', next)) {
+    next = equals + 1;
     if (!endsWithLinkAttribute(page.substr(0, equals))) {
       continue;
     }
-    std::string name = nameIn(valueIn(page.substr(equals + 1)));
+    const AttributeValue value = valueIn(page.substr(next));
+    // Without quotes to end them, values in values would add up to the square of the page.
+    if (!value.isQuoted && !value.text.empty()) {
+      next = static_cast<std::size_t>(value.text.end() - page.begin());
+    }
+    std::string name = nameIn(value.text);
     if (!name.empty()) {
       links.push_back(std::move(name));
     }

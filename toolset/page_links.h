@@ -11,7 +11,7 @@ namespace quorbind {
 /// `%20` turned back into its character. Values that name only a bookmark are left out.
 ///
 /// The page is not parsed. Whatever looks like one of these attributes counts, in any letter case
-/// and with either quote or none, also inside a comment or a script.
+/// and with either quote or none, also inside a comment, a script or a quoted value.
 std::vector<std::string> linksIn(std::string_view page);
 
 }  // namespace quorbind

@@ -223,7 +223,7 @@ TEST_F(AddRefusal, ABrokenRuleIsToldBeforeAFileInTheWay) {
             "quorbind: toc.txt:3: nothing was added\n");
 }
 
-TEST_F(AddRefusal, KindsOfLaterVersionsAreRefusedPlainly) {
+TEST_F(AddRefusal, KindsAndRecordsOfLaterVersionsAreRefusedPlainly) {
   disk.write("toc.xml", "<Book_Master/>");
   const Tree before = disk.contents();
   const Outcome kind = quorbind({"add", "toc.xml", "--server", "server", "--library", "Plant"});
@@ -232,6 +232,13 @@ TEST_F(AddRefusal, KindsOfLaterVersionsAreRefusedPlainly) {
             "critical: Only text tables of contents can be added by this version. Nothing was "
             "changed.\n"
             "quorbind: toc.xml: nothing was added\n");
+  const Outcome keywords = addAlarms({"--keywords", "alarm"});
+  EXPECT_EQ(keywords.status, 1);
+  EXPECT_EQ(keywords.err,
+            "critical: Keywords and categories can not be recorded by this version. Nothing was "
+            "changed.\n"
+            "quorbind: toc.txt: nothing was added\n");
+  EXPECT_EQ(addAlarms({"--categories", "Alarms"}).status, 1);
   EXPECT_EQ(disk.contents(), before);
 }
 

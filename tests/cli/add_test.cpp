@@ -23,12 +23,9 @@ TEST_F(Add, PutsABookWithItsDocumentsIntoTheLibrary) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "Added Alarms (ALM) to Plant, folder Manual: 3 files.\n");
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(filesBelow("server/Docs/Plant/"),
-            (Words{"Manual/Book_ALM.xml",
-                   "Manual/alarms.htm",
-                   "Manual/trends.htm",
-                   "Quor_BookCategories.xml",
-                   "Quor_TOC.xml"}));
+  EXPECT_EQ(
+      filesBelow("server/Docs/Plant/"),
+      (Words{"Manual/Book_ALM.xml", "Manual/alarms.htm", "Manual/trends.htm", "Quor_TOC.xml"}));
 }
 
 TEST_F(Add, EntersTheBookInTheCatalogue) {
@@ -70,7 +67,6 @@ TEST_F(Add, LeavesNothingBesideTheTableOfContents) {
                    "server/Docs/Plant/Manual/Book_ALM.xml",
                    "server/Docs/Plant/Manual/alarms.htm",
                    "server/Docs/Plant/Manual/trends.htm",
-                   "server/Docs/Plant/Quor_BookCategories.xml",
                    "server/Docs/Plant/Quor_TOC.xml",
                    "server/Docs/Quor_DefaultCategories.xml",
                    "server/Docs/Quor_Selection.xml",
@@ -194,6 +190,13 @@ TEST_F(Add, ATableKeptInsideTheLibraryKeepsItsBookFile) {
             "Added Alarms (ALM) to Plant, folder Manual: 2 files.\n"
             "missing: trends.htm\n");
   EXPECT_TRUE(disk.has("server/Docs/Plant/Manual/Book_ALM.xml"));
+}
+
+TEST_F(Add, TakesTheInstallationTypeAndCreatesNoCategoriesFileForNoCategory) {
+  const Outcome outcome = addAlarms({"--install-type", "1000", "--create-categories"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_FALSE(disk.has("server/Docs/Plant/Quor_BookCategories.xml"));
 }
 
 }  // namespace

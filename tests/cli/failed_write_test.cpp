@@ -104,25 +104,6 @@ TEST_F(WithoutPermission, ABookFolderThatCanNotBeWrittenLeavesTheCatalogueAsItWa
   EXPECT_EQ(disk.contents(), before);
 }
 
-TEST_F(WithoutPermission, ASideFileThatCanNotBeWrittenLeavesEverythingAsItWas) {
-  disk.write("server/Docs/Plant/Quor_SearchKeywords.xml", "<Books/>");
-  allow("server");
-  for (const auto& [flag, file] :
-       {std::pair{"--keywords", "server/Docs/Plant/Quor_SearchKeywords.xml"},
-        {"--categories", "server/Docs/Plant/Quor_BookCategories.xml"}}) {
-    forbid(file);
-    expectThatAPlainWriteIsRefused(file);
-    const Tree before = disk.contents();
-    const Outcome outcome = addAsNobody({flag, "alarm"});
-    EXPECT_EQ(outcome.status, 5);
-    EXPECT_EQ(outcome.err,
-              std::string("critical: DISK/") + file +
-                  ": Permission denied\nquorbind: toc.txt: DISK/" + file +
-                  " could not be written; nothing was added\n");
-    EXPECT_EQ(disk.contents(), before);
-  }
-}
-
 TEST_F(WithoutPermission, AFolderOfTheTableThatCanNotBeWritten) {
   allow("server");
   forbid(".");
@@ -256,36 +237,6 @@ TEST_F(FullDisk, EveryFileIsOldOrNewAndTheCatalogueNamesOnlyBooksThatArrived) {
                            : 0;
     fs::remove_all(disk.path() / "server/Docs/Plant/Manual");
     fs::remove(disk.path() / "server/filler");
-  }
-  ADD_FAILURE() << "the book never fits";
-}
-
-TEST_F(FullDisk, ASideFileIsOldOrNewAndTheNoteNamesTheOneThatCouldNotBeWritten) {
-  std::string keywords = "first";
-  for (int i = 0; i < 300; ++i) {
-    keywords += ";keyword-" + std::to_string(i);
-  }
-  bool toldOfKeywords = false;
-  for (std::size_t pages = 0; pages < 60; ++pages) {
-    fillBut(pages);
-    const Outcome outcome = addAlarms({"--keywords", keywords, "--categories", "Alarms;Trends"});
-    const bool hasKeywords = disk.has("server/Docs/Plant/Quor_SearchKeywords.xml");
-    if (hasKeywords) {
-      EXPECT_NE(fromUtf16File(disk.read("server/Docs/Plant/Quor_SearchKeywords.xml")).find("Books"),
-                std::string::npos);
-    }
-    if (outcome.status == 0) {
-      EXPECT_TRUE(toldOfKeywords) << "there was never room for the book alone";
-      return;
-    }
-    EXPECT_EQ(outcome.status, 5) << pages << outcome.err;
-    toldOfKeywords = toldOfKeywords || outcome.err.ends_with(
-                                           "quorbind: toc.txt: the book was added, but "
-                                           "DISK/server/Docs/Plant/Quor_SearchKeywords.xml could "
-                                           "not be written\n");
-    fs::remove_all(server() + "/Docs");
-    fs::remove(disk.path() / "server/filler");
-    initLibrary();
   }
   ADD_FAILURE() << "the book never fits";
 }

@@ -22,7 +22,6 @@ TEST_F(Init, MakesTheServersListTheDefaultCategoriesAndTheCatalogue) {
             "wrote DISK/server/Docs/Plant\n"
             "wrote DISK/server/Docs/Plant/Quor_TOC.xml\n"
             "wrote DISK/server/Docs/Quor_DefaultCategories.xml\n"
-            "wrote DISK/server/Docs/Plant/Quor_BookCategories.xml\n"
             "wrote DISK/server/Docs/Quor_Selection.xml\n");
   EXPECT_EQ(outcome.err, "");
 
@@ -59,44 +58,6 @@ TEST_F(Init, MakesTheServersListTheDefaultCategoriesAndTheCatalogue) {
             "</Default_Categories>\n");
 }
 
-TEST_F(Init, MakesTheCategoriesFileFromTheDefaultsOfTheServer) {
-  initLibrary();
-  disk.write("server/Docs/Quor_DefaultCategories.xml",
-             "<Default_Categories><Quor_Developer><CategoryName>R&amp;D</CategoryName>"
-             "</Quor_Developer></Default_Categories>");
-  EXPECT_EQ(init("Tools").status, 0);
-  const std::string categories = text("server/Docs/Tools/Quor_BookCategories.xml");
-  EXPECT_EQ(categories.substr(categories.find("<BookSet_Categories>")),
-            "<BookSet_Categories>\n"
-            "\t<Category>\n"
-            "\t\t<CategoryName>R&amp;D</CategoryName>\n"
-            "\t</Category>\n"
-            "\t<Category>\n"
-            "\t\t<CategoryName>Other Category</CategoryName>\n"
-            "\t</Category>\n"
-            "</BookSet_Categories>\n");
-}
-
-TEST_F(Init, DefaultCategoriesThatDoNotLoadMakeNoLibrary) {
-  initLibrary();
-  disk.write("server/Docs/Quor_DefaultCategories.xml", "<Default_Categories>\n<");
-  const Tree before = disk.contents();
-  const Outcome outcome = init("Tools");
-  EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_TRUE(outcome.err.starts_with("critical: DISK/server/Docs/Quor_DefaultCategories.xml:2: "))
-      << outcome.err;
-  EXPECT_EQ(disk.contents(), before);
-}
-
-TEST_F(Init, ACategoriesFileThatIsThereStaysAsItIs) {
-  initLibrary();
-  disk.write("server/Docs/Plant/Quor_BookCategories.xml", "the library's own");
-  disk.write("server/Docs/Quor_DefaultCategories.xml", "damaged");
-  EXPECT_EQ(init("Plant").status, 0);
-  EXPECT_EQ(disk.read("server/Docs/Plant/Quor_BookCategories.xml"), "the library's own");
-}
-
 TEST_F(Init, RunAgainChangesNoByte) {
   initLibrary();
   const Tree before = disk.contents();
@@ -114,7 +75,6 @@ TEST_F(Init, ASecondLibraryIsAddedToTheServersList) {
   EXPECT_EQ(outcome.out,
             "wrote DISK/server/Docs/Tools\n"
             "wrote DISK/server/Docs/Tools/Quor_TOC.xml\n"
-            "wrote DISK/server/Docs/Tools/Quor_BookCategories.xml\n"
             "wrote DISK/server/Docs/Quor_Selection.xml\n");
   EXPECT_EQ(text("server/Docs/Quor_Selection.xml"),
             "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"

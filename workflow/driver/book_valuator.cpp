@@ -10,10 +10,17 @@
 #include "platform/text.h"
 #include "platform/text_array.h"
 #include "platform/toolset.h"
+<<<<<<< /tmp/excel-scratch/_a
 #include "sidefiles/category_creation.h"
 #include "sidefiles/category_filing.h"
 #include "sidefiles/keyword_list.h"
+||||||| /tmp/excel-scratch/_o
+=======
+#include "platform/xml_document.h"
+#include "sidefiles/link_identifiers.h"
+>>>>>>> /tmp/excel-scratch/_b
 #include "toc/book_place.h"
+#include "workflow/driver/book_file_copy.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
 #include "workflow/inputs/input_check.h"
@@ -84,7 +91,7 @@ bool BookValuator::addBook(const BookValuatorArguments& arguments) {
     if (arguments.vintType == TocCheck::kExcel) {
       return false;
     }
-    if (nameBook(arguments) && placeIsAllowed()) {
+    if (nameBook(arguments) && placeIsAllowed(arguments)) {
       build(arguments);
     }
   }
@@ -107,6 +114,9 @@ void BookValuator::begin(const BookValuatorArguments& arguments) {
   state.currentCategoriesPath = arguments.vstrBookCategoryPath;
   state.currentTocPath = tocPath_;
   state.cancelled = false;
+  // A run that was given up may have left these.
+  state.recordedXmlAcro.clear();
+  tocCheck_.forgetBook();
   module_.bookInfo.setFileNameLabel(tocPath_);
 }
 
@@ -130,8 +140,11 @@ bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
 }
 
 // Asked here as well as by the generator, because a book whose place is refused must not have its
-// older book file copied either.
-bool BookValuator::placeIsAllowed() {
+// older book file copied either. Of a book file the validation has seen to it.
+bool BookValuator::placeIsAllowed(const BookValuatorArguments& arguments) {
+  if (arguments.vintType == TocCheck::kXml) {
+    return true;
+  }
   const StatedPlace stated = readStatedPlace(platform_, tocPath_);
   if (stated.refusal) {
     platform_.ui.show(criticalMessage(*stated.refusal));
@@ -144,11 +157,21 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
   module_.bookInfo.txtBookAcro().setText("");
   module_.progress.show();
 
-  convert(arguments);
+  const bool isBookFile = arguments.vintType == TocCheck::kXml;
+  if (isBookFile) {
+    workingFolder_ = folderPartOf(tocPath_);
+    bookFolder_ = tocCheck_.mstrBookFolder();
+  } else {
+    convert(arguments);
+  }
 
   module_.progress.setValue(kProgressConverted);
   setStatus(Message::kFileCopyingInProgress);
-  copyToLibrary();
+  if (isBookFile) {
+    installBookFile(arguments);
+  } else {
+    copyToLibrary();
+  }
 
   enterInCatalogue(arguments);
   recordKeywords(arguments);
@@ -162,7 +185,7 @@ void BookValuator::convert(const BookValuatorArguments& arguments) {
                                                           cataloguePath_,
                                                           state.currentBookName,
                                                           state.currentBookAcro,
-                                                          "",
+                                                          tocCheck_.mstrBookFile(),
                                                           arguments.vstrProductName);
   if (platform_.files.folderExists(workingFolder_ + bookFolder_)) {
     const std::string folderBesideToc = workingFolder_ + bookFolder_;
@@ -176,12 +199,34 @@ void BookValuator::convert(const BookValuatorArguments& arguments) {
 
 void BookValuator::copyToLibrary() {
   const std::string generated = workingFolder_ + "\\" + bookFileName();
-  const std::string destination = libraryFolder() + bookFolder_;
-  platform_.toolset.createFileCopy()->mbCopyFiles(destination, generated, 0, 0);
+  platform_.toolset.createFileCopy()->mbCopyFiles(destination(), generated, 0, 0);
   // A table of contents kept inside the library has its book file made where it belongs.
-  if (!platform_.files.sameFile(generated, destination + "\\" + bookFileName())) {
+  if (!platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
     platform_.files.deleteFile(generated);
   }
+}
+
+void BookValuator::installBookFile(const BookValuatorArguments& arguments) {
+  const std::string name = book_names::fileOf(module_.state.acroOfBookFile());
+  copyBookFile(platform_, tocPath_, destination(), name);
+  stateNewPlace(destination() + "\\" + name, arguments.vstrProductName);
+  AddLinkIDInfo(platform_, module_.state, arguments.strServerPath, workingFolder_);
+}
+
+/// Rewrites the product and the path that the book file states. An element that it lacks stays
+/// missing.
+void BookValuator::stateNewPlace(const std::string& bookFile, const std::string& productName) {
+  const auto book = platform_.xml.createDocument();
+  if (!book->load(bookFile)) {
+    return;
+  }
+  if (const XmlNode key = book->select(book_names::kKeyPath)) {
+    key.setText(productName);
+  }
+  if (const XmlNode path = book->select(book_names::kPathPath)) {
+    path.setText(productName + "\\" + bookFolder_);
+  }
+  book->save(bookFile);
 }
 
 void BookValuator::enterInCatalogue(const BookValuatorArguments& arguments) {
@@ -191,9 +236,8 @@ void BookValuator::enterInCatalogue(const BookValuatorArguments& arguments) {
   module_.progress.setValue(kProgressEntered);
   setStatus(Message::kAddingBookToCatalogue);
 
-  const std::string folder = libraryFolder() + bookFolder_;
-  if (!bookFolder_.empty() && !platform_.files.folderExists(folder)) {
-    platform_.files.createFolder(folder);
+  if (!bookFolder_.empty() && !platform_.files.folderExists(destination())) {
+    platform_.files.createFolder(destination());
   }
   setStatus(Message::kTocAdditionComplete);
 }
@@ -228,6 +272,10 @@ void BookValuator::end() {
 
 std::string BookValuator::bookFileName() const {
   return book_names::fileOf(module_.state.currentBookAcro);
+}
+
+std::string BookValuator::destination() const {
+  return libraryFolder() + bookFolder_;
 }
 
 std::string BookValuator::libraryFolder() const {

@@ -59,16 +59,19 @@ class BookValuator {
   void begin(const BookValuatorArguments& arguments);
   bool isAccepted(const BookValuatorArguments& arguments);
   bool nameBook(const BookValuatorArguments& arguments);
-  bool placeIsAllowed();
+  bool placeIsAllowed(const BookValuatorArguments& arguments);
   void build(const BookValuatorArguments& arguments);
   void convert(const BookValuatorArguments& arguments);
   void copyToLibrary();
+  void installBookFile(const BookValuatorArguments& arguments);
+  void stateNewPlace(const std::string& bookFile, const std::string& productName);
   void enterInCatalogue(const BookValuatorArguments& arguments);
   void recordKeywords(const BookValuatorArguments& arguments);
   void recordCategories(const BookValuatorArguments& arguments);
   void end();
 
   [[nodiscard]] std::string bookFileName() const;
+  [[nodiscard]] std::string destination() const;
   [[nodiscard]] std::string libraryFolder() const;
   void setStatus(Message message);
 

@@ -36,10 +36,6 @@ void appendCategories(XmlDocument& document, const XmlNode& parent, const std::s
   }
 }
 
-const std::string& acronymOfBookFile(const ProcessState& state) {
-  return state.recordedXmlAcro.empty() ? state.currentBookAcro : state.recordedXmlAcro;
-}
-
 XmlNode makeEntry(XmlDocument& document,
                   Module& module,
                   const std::string& productName,
@@ -54,7 +50,7 @@ XmlNode makeEntry(XmlDocument& document,
   appendElement(document, book, kAcro, rules->mstrCheckSpecialCharecters(state.currentBookAcro));
   appendElement(document, book, kKey, productName).setAttribute(kKeyId, "");
   appendElement(document, book, kFolder, bookFolder);
-  appendElement(document, book, kBookFile, book_names::fileOf(acronymOfBookFile(state)));
+  appendElement(document, book, kBookFile, book_names::fileOf(state.acroOfBookFile()));
   appendCategories(document, appendElement(document, book, kCategories, ""), category);
   return book;
 }

@@ -126,6 +126,33 @@ TEST(StaysInFolder, IsNotSaidOfDevices) {
   EXPECT_FALSE(staysInFolder("Aux "));
 }
 
+TEST(NameBelow, IsTheNameWithItsSeparatorsInOrder) {
+  EXPECT_EQ(nameBelow("a.htm"), "a.htm");
+  EXPECT_EQ(nameBelow("pages/deep/a.htm"), "pages\\deep\\a.htm");
+  EXPECT_EQ(nameBelow("./pages\\\\.\\a.htm"), "pages\\a.htm");
+}
+
+TEST(NameBelow, IsNoneForANameThatLeadsElsewhere) {
+  for (const char* name : {"",
+                           ".",
+                           "..",
+                           "../a.htm",
+                           "pages\\..\\a.htm",
+                           "pages\\.. \\a.htm",
+                           "\\a.htm",
+                           "/a.htm",
+                           "\\\\server\\share\\a.htm",
+                           "\\\\?\\C:\\a.htm",
+                           "C:\\a.htm",
+                           "C:a.htm",
+                           "http://server/a.htm",
+                           "file:///C:/a.htm",
+                           "a.htm:stream",
+                           "pages\\nul.htm"}) {
+    EXPECT_EQ(nameBelow(name), std::nullopt) << name;
+  }
+}
+
 }  // namespace
 
 }  // namespace quorbind::testing

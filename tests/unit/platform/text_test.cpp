@@ -108,6 +108,16 @@ TEST(EqualIgnoringAsciiCase, ComparesWithoutTheCaseOfAToZ) {
   EXPECT_FALSE(equalIgnoringAsciiCase("[", "{"));
 }
 
+TEST(FindIgnoringAsciiCase, FindsAPartFromAPositionOn) {
+  EXPECT_EQ(findIgnoringAsciiCase("a<ibd>b<IBD>", "<IBD>"), 1U);
+  EXPECT_EQ(findIgnoringAsciiCase("a<ibd>b<IBD>", "<IBD>", 2), 7U);
+  EXPECT_EQ(findIgnoringAsciiCase("a<ibd>", "<IBD>", 2), std::string_view::npos);
+  EXPECT_EQ(findIgnoringAsciiCase("abc", "C", 2), 2U);
+  EXPECT_EQ(findIgnoringAsciiCase("abc", "C", 3), std::string_view::npos);
+  EXPECT_EQ(findIgnoringAsciiCase("abc", "C", 4), std::string_view::npos);
+  EXPECT_EQ(findIgnoringAsciiCase("{", "["), std::string_view::npos);
+}
+
 }  // namespace
 
 }  // namespace quorbind::testing

@@ -137,6 +137,26 @@ TEST_F(FileCopyTest, ListsEachFolderOnceHoweverManyDocumentsAreMissing) {
   EXPECT_LT(files_.asked().size(), 20U);
 }
 
+TEST_F(FileCopyTest, CopiesALinkedFileOnceAlsoWhenThePagesAreHandedOverOneByOne) {
+  disk_.write("in/one.htm", "<img src=logo.png>");
+  disk_.write("in/two.htm", "<img src=LOGO.png>");
+  disk_.write("in/logo.png", "");
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib", "C:\\in\\one.htm", 0, 0));
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib", "C:\\in\\two.htm", 0, 0));
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\logo.png"), 1);
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\LOGO.png"), 0);
+  EXPECT_EQ(files_.timesAsked("C:\\in\\"), 1);
+}
+
+TEST_F(FileCopyTest, CopiesALinkedFileAgainToAnotherFolder) {
+  disk_.write("in/one.htm", "<img src=logo.png>");
+  disk_.write("in/logo.png", "");
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib", "C:\\in\\one.htm", 0, 0));
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\other", "C:\\in\\one.htm", 0, 0));
+  EXPECT_TRUE(disk_.has("lib/logo.png"));
+  EXPECT_TRUE(disk_.has("other/logo.png"));
+}
+
 TEST_F(FileCopyTest, FindsDocumentsInAFolderThatCannotBeListed) {
   disk_.write("in/intro.htm", "");
   files_.failToList();

@@ -61,6 +61,19 @@ TEST(PageLinks, AreFoundInCommentsAndScripts) {
               ElementsAre("a.png", "b.png"));
 }
 
+TEST(PageLinks, StandInQuotedValuesButNotInOnesWithoutQuotes) {
+  EXPECT_THAT(linksIn("<a href='x src=a.png '>"), ElementsAre("x src=a.png", "a.png"));
+  EXPECT_THAT(linksIn("<a href=src=a.png>"), ElementsAre("src=a.png"));
+}
+
+TEST(PageLinks, OfALongPageTakeTimeInProportionToIt) {
+  std::string page = "<a ";
+  for (int i = 0; i < 1'000'000; ++i) {
+    page += "src=";
+  }
+  EXPECT_EQ(linksIn(page).size(), 1U);
+}
+
 TEST(PageLinks, DoNotStandInAttributesWhoseNamesOnlyEndAlike) {
   EXPECT_THAT(linksIn("<img data-src='a.png' xsrc='b.png' x:href='c.htm' _src=d location.href='e' "
                       "1src='f'>"),

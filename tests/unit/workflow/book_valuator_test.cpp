@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "platform/xml_document.h"
 #include "tests/support/catalogue_text.h"
 #include "tests/support/world.h"
 #include "toc/text_form.h"
@@ -341,137 +338,18 @@ TEST_F(AddBook, EndsAWorkbookThroughTheCommonEndAfterItsCheck) {
   EXPECT_EQ(world_.user.recordWithoutProgress().back(), "event []");
 }
 
-class RecordBook : public AddBook {
- protected:
-  RecordBook() {
-    arguments_.spath = "C:\\lib\\kw.xml";
-    world_.disk.write("lib/kw.xml", "<Books/>");
-    world_.disk.write("lib/Quor_BookCategories.xml",
-                      "<BookSet_Categories><Category><CategoryName>A</CategoryName></Category>"
-                      "<Category><CategoryName>Other Category</CategoryName></Category>"
-                      "</BookSet_Categories>");
-    world_.disk.write("Quor_DefaultCategories.xml",
-                      "<Default_Categories>"
-                      "<Quor_Developer_Pro><CategoryName>Pro</CategoryName></Quor_Developer_Pro>"
-                      "<Quor_Developer><CategoryName>Guides</CategoryName></Quor_Developer>"
-                      "</Default_Categories>");
-  }
-
-  /// The texts of what a query finds in a file of the disk.
-  [[nodiscard]] std::vector<std::string> texts(const std::string& path,
-                                               std::string_view query) const {
-    const auto document = world_.platform().xml.createDocument();
-    EXPECT_TRUE(document->load(path)) << path;
-    std::vector<std::string> result;
-    for (const XmlNode& node : document->selectAll(query)) {
-      result.push_back(node.text());
-    }
-    return result;
-  }
-  [[nodiscard]] std::vector<std::string> keywords() const {
-    return texts("C:\\lib\\kw.xml", "Books/Book[@Book_Name='Pump Station']/Keywords/Keyword");
-  }
-  [[nodiscard]] std::vector<std::string> categories() const {
-    return texts("C:\\lib\\Quor_BookCategories.xml", "BookSet_Categories/Category/CategoryName");
-  }
-  /// The categories under which the book is filed.
-  [[nodiscard]] std::vector<std::string> categoriesOfBook() const {
-    return texts("C:\\lib\\Quor_BookCategories.xml",
-                 "BookSet_Categories/Category[BookAcro='PST']/CategoryName");
-  }
-};
-
-TEST_F(RecordBook, SplitsKeywordsAtSemicolons) {
-  arguments_.strKeyWords = "pump; station";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(keywords(), ElementsAre("pump", "station"));
-  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
-}
-
-TEST_F(RecordBook, TakesKeywordsWithACommaAsOneBesideAnEmptyOne) {
-  arguments_.strKeyWords = "a,b";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(keywords(), ElementsAre("a,b"));
-}
-
-TEST_F(RecordBook, WritesTheEmptyKeywordBesideASingleOneIntoAFileThatIsMadeForIt) {
-  std::filesystem::remove(world_.disk.path() / "lib/kw.xml");
-  arguments_.strKeyWords = "pump";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(keywords(), ElementsAre("", "pump"));
-}
-
-TEST_F(RecordBook, WritesKeywordsToThePathForThem) {
-  arguments_.vstrKeywordsPath = "C:\\lib\\other.xml";
-  arguments_.strKeyWords = "pump";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(keywords(), ElementsAre("pump"));
-  EXPECT_FALSE(world_.disk.has("lib/other.xml"));
-}
-
-TEST_F(RecordBook, LeavesTheSideFilesAloneWithoutKeywordsAndCategories) {
-  const std::string before = world_.disk.read("lib/Quor_BookCategories.xml");
-  arguments_.blnChkCateFlag = true;
-  EXPECT_TRUE(run());
-  EXPECT_EQ(world_.disk.read("lib/kw.xml"), "<Books/>");
-  EXPECT_EQ(world_.disk.read("lib/Quor_BookCategories.xml"), before)
-      << "no category, so the file is not made anew either";
-}
-
-TEST_F(RecordBook, FilesTheBookUnderTrimmedCategoriesAndSkipsThoseWithMarkupCharacters) {
-  arguments_.strCategory = " A ;R&D;a<b;a>b;say \"x\";O'Neil;B, C;";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(categoriesOfBook(), ElementsAre("A", "B, C"));
-  EXPECT_THAT(categories(), ElementsAre("A", "B, C", "Other Category"));
-  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
-}
-
-TEST_F(RecordBook, SplitsCategoriesAtCommasOnlyWhereThereIsNoSemicolon) {
-  arguments_.strCategory = "B , C";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(categoriesOfBook(), ElementsAre("B", "C"));
-}
-
-TEST_F(RecordBook, TakesASingleCategoryTrimmedWhateverItHolds) {
-  arguments_.strCategory = " R&D ";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(categoriesOfBook(), ElementsAre("R&D"));
-}
-
-TEST_F(RecordBook, MakesTheCategoriesFileFirstWhenToldSo) {
-  arguments_.strCategory = "B";
-  arguments_.blnChkCateFlag = true;
-  arguments_.vlngInstallType = 1000;
-  EXPECT_TRUE(run());
-  EXPECT_THAT(categories(), ElementsAre("Pro", "B", "Other Category"));
-  EXPECT_THAT(categoriesOfBook(), ElementsAre("B"));
-}
-
-TEST_F(RecordBook, RecordsKeywordsBeforeCategoriesBehindTheLastStatus) {
-  arguments_.strKeyWords = "a b;c";
-  arguments_.strCategory = "O'Neil";
-  EXPECT_TRUE(run());
-  EXPECT_THAT(keywords(), ::testing::IsEmpty());
-  const std::vector<std::string>& record = world_.user.record();
-  EXPECT_THAT(
-      std::vector<std::string>(record.end() - 5, record.end()),
-      ElementsAre("progress 8/10 Toc Addition Complete",
-                  "message: Search keyword should not have any spaces in between the characters",
-                  "message: Error -2147467259 (The value O'Neil can't stand in a query between the "
-                  "quote characters it contains.) in procedure AddCategoryNode of Class Module "
-                  "Quor_Book",
-                  "progress unloaded",
-                  "event [Manual]"));
-}
-
-TEST_F(RecordBook, RecordsNothingOfABookThatTheUserGaveUp) {
+TEST_F(AddBook, SaysPlainlyThatKeywordsAndCategoriesAreNotRecordedYet) {
   const auto before = world_.disk.contents();
   arguments_.strKeyWords = "pump";
-  arguments_.strCategory = "A";
-  arguments_.blnChkCateFlag = true;
-  world_.user.answerWith(pressCancel());
-  EXPECT_TRUE(run("", ""));
+  EXPECT_TRUE(run());
+  arguments_.strKeyWords = "";
+  arguments_.strCategory = "Operation";
+  EXPECT_TRUE(run());
   EXPECT_EQ(world_.disk.contents(), before);
+  const std::string box =
+      "critical: Keywords and categories can not be recorded by this version. "
+      "Nothing was changed.";
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre(box, "event []", box, "event []"));
 }
 
 TEST_F(AddBook, StartsASecondRunWithTheLevelOfTheFirst) {

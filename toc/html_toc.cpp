@@ -1,0 +1,345 @@
+#include "toc/html_toc.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "platform/number.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "platform/text_encoding.h"
+#include "toc/block_removal.h"
+#include "toc/text_form.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::size_t kNowhere = std::string_view::npos;
+
+// What a mark begins with; one of a heading ends with the next kTagEnd.
+constexpr std::string_view kStartMark = "<K";
+constexpr std::string_view kEndMark = "</K";
+constexpr std::string_view kTitleStart = "<HT>";
+constexpr std::string_view kTitleEnd = "</HT>";
+constexpr std::string_view kPathStart = "HREF=\"";
+constexpr std::string_view kFLinkStart = "FLINKVALUE=\"";
+constexpr char kTagStart = '<';
+constexpr char kTagEnd = '>';
+constexpr char kQuote = '"';
+/// An end mark whose level has one digit, such as `</K1>`.
+constexpr std::size_t kUsualEndMarkLength = 5;
+
+constexpr std::string_view kNoHeading = "Error:Book Should Have at least one Heading";
+constexpr std::string_view kEndTag = "End Tag ";
+constexpr std::string_view kWithoutStartTag = " Does Not Have a Start Tag";
+constexpr std::string_view kStartTag = "Start Tag ";
+constexpr std::string_view kWithoutEndTag = " Does Not Have a End Tag";
+constexpr std::string_view kLevelIsText = "Error:Not Valid Begining and End Tags";
+constexpr std::string_view kLevelsDiffer = "Error:Start and End Tag does not match ";
+constexpr std::string_view kLevelNotPositive = "Error:Heading level should be positive ";
+constexpr std::string_view kLevelOutOfSequence = "Error:Heading Tag does not follow sequence ";
+constexpr std::string_view kPathMissing = "Error:File Path information is missing";
+constexpr std::string_view kTitleMissing = "Error:File Title Information is missing";
+constexpr std::string_view kTitleHasBrackets = "Error: Invalid HMTL Content";
+
+bool isContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The position `count` characters behind `position`, or the end of `text`.
+std::size_t charactersBehind(std::string_view text, std::size_t position, std::size_t count) {
+  for (; count > 0 && position < text.size(); --count) {
+    do {
+      ++position;
+    } while (position < text.size() && isContinuation(text[position]));
+  }
+  return position;
+}
+
+/// The position `count` characters before `position`; there are as many.
+std::size_t charactersBefore(std::string_view text, std::size_t position, std::size_t count) {
+  for (; count > 0; --count) {
+    do {
+      --position;
+    } while (isContinuation(text[position]));
+  }
+  return position;
+}
+
+bool hasMarkAt(std::string_view text, std::size_t position, std::string_view mark) {
+  return equalIgnoringAsciiCase(text.substr(position, mark.size()), mark);
+}
+
+/// From `position` to the next end of a tag, that included.
+std::string_view tagAt(std::string_view text, std::size_t position) {
+  const std::size_t end = text.find(kTagEnd, position);
+  return text.substr(position, end == kNowhere ? kNowhere : end + 1 - position);
+}
+
+/// One walk through a page.
+class HeadingWalk {
+ public:
+  HeadingWalk(std::string_view page, HtmlTocListener& listener)
+      : page_(page), listener_(listener) {}
+
+  bool run() {
+    readOn();
+    if (!rest_.firstStartMark() && !rest_.firstEndMark()) {
+      listener_.refused({std::string(kNoHeading), /*offersLine=*/false});
+      return false;
+    }
+    while (rest_.firstStartMark() || rest_.firstEndMark()) {
+      if (!takeHeading()) {
+        return false;
+      }
+      isFirst_ = false;
+      readOn();
+    }
+    return true;
+  }
+
+ private:
+  using Mark = BlockRemoval::Mark;
+
+  /// Where the first end mark of what is left is taken to begin, and the block before it to end.
+  struct BlockEnd {
+    std::size_t mark = 0;
+    std::size_t behind = 0;
+  };
+
+  /// Reads on to the end of the next end mark that stays, or to the end of the page.
+  void readOn() {
+    while (at_ < page_.size()) {
+      const std::string_view sought = rest_.isAtEndMark() ? "<>" : "<";
+      copy(std::min(page_.find_first_of(sought, at_), page_.size()) - at_);
+      if (at_ == page_.size()) {
+        return;
+      }
+      if (readMark()) {
+        return;
+      }
+    }
+  }
+
+  /// Reads what stands at a bracket. Answers whether it ends an end mark that stays.
+  bool readMark() {
+    if (page_[at_] == kTagEnd) {
+      copy(1);
+      return !rest_.completeEndMark();
+    }
+    if (hasMarkAt(page_, at_, kEndMark)) {
+      rest_.beginEndMark(at_);
+      copy(isFirst_ ? usualEndMarkHere() : kEndMark.size());
+      return isFirst_;
+    }
+    if (hasMarkAt(page_, at_, kStartMark)) {
+      rest_.beginStartMark(at_);
+    }
+    copy(1);
+    return false;
+  }
+
+  // Of the first heading the end mark counts with one digit, wherever its bracket is.
+  [[nodiscard]] std::size_t usualEndMarkHere() const {
+    return charactersBehind(page_, at_, kUsualEndMarkLength) - at_;
+  }
+
+  void copy(std::size_t size) {
+    rest_.append(page_.substr(at_, size));
+    at_ += size;
+  }
+
+  bool takeHeading() {
+    const auto start = rest_.firstStartMark();
+    const auto end = rest_.firstEndMark();
+    if (!end) {
+      refuse(*start, start->position, HtmlTagFault::kNoEndTag);
+      return false;
+    }
+    const BlockEnd blockEnd = endOfBlock(end->position);
+    if (!start || start->position > blockEnd.mark) {
+      refuse(*end, blockEnd.mark, HtmlTagFault::kNoStartTag);
+      return false;
+    }
+    const std::string_view text = rest_.text();
+    const bool accepted = listener_.heading(
+        {start->origin, text.substr(start->position, blockEnd.behind - start->position)});
+    if (accepted) {
+      rest_.takeOutFirstBlock();
+    }
+    return accepted;
+  }
+
+  // All end marks but the first are found by their bracket, and taken to be of the usual length
+  // before it. That moves the beginning of those with another, and with it what a refusal shows.
+  [[nodiscard]] BlockEnd endOfBlock(std::size_t mark) const {
+    const std::string_view text = rest_.text();
+    const std::size_t bracket = isFirst_ ? kNowhere : text.find(kTagEnd, mark);
+    if (bracket == kNowhere) {
+      return {mark, charactersBehind(text, mark, kUsualEndMarkLength)};
+    }
+    return {charactersBefore(text, bracket, kUsualEndMarkLength - 1), bracket + 1};
+  }
+
+  void refuse(const Mark& mark, std::size_t position, HtmlTagFault fault) {
+    // Nothing was taken out before the first heading, so that the page itself is what is left.
+    const std::string_view text = isFirst_ ? page_ : rest_.text();
+    listener_.refused({mark.origin, tagAt(text, position)}, fault);
+  }
+
+  std::string_view page_;
+  HtmlTocListener& listener_;
+
+  std::size_t at_ = 0;
+  /// The page up to there, without the headings taken out.
+  BlockRemoval rest_;
+  bool isFirst_ = true;
+};
+
+/// What stands between `start` and the next quote.
+std::optional<std::string_view> valueBehind(std::string_view block, std::string_view start) {
+  const std::size_t found = findIgnoringAsciiCase(block, start);
+  if (found == kNowhere) {
+    return std::nullopt;
+  }
+  const std::size_t begin = found + start.size();
+  const std::size_t end = block.find(kQuote, begin);
+  return end == kNowhere ? std::nullopt : std::optional(block.substr(begin, end - begin));
+}
+
+/// The level in the first tag that begins with `mark`. Raises what reading a number raises, 13 too
+/// where there is no such tag.
+std::int16_t levelIn(std::string_view block, std::string_view mark) {
+  const std::size_t start = findIgnoringAsciiCase(block, mark);
+  const std::size_t end = start == kNowhere ? kNowhere : block.find(kTagEnd, start);
+  if (end == kNowhere) {
+    raise(ErrorNumber::kTypeMismatch);
+  }
+  const std::size_t begin = start + mark.size();
+  return toInteger16(block.substr(begin, end - begin));
+}
+
+std::optional<std::int16_t> readableLevelIn(std::string_view block, std::string_view mark) {
+  try {
+    return levelIn(block, mark);
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+bool walkHtmlToc(std::string_view page, HtmlTocListener& listener) {
+  return HeadingWalk(page, listener).run();
+}
+
+HtmlTagRefusal refusalOfHtmlTag(std::string_view tag, HtmlTagFault fault, const Locale& locale) {
+  std::string shown = locale.upperCase(tag);
+  std::string message = fault == HtmlTagFault::kNoStartTag
+                            ? std::string(kEndTag).append(shown).append(kWithoutStartTag)
+                            : std::string(kStartTag).append(shown).append(kWithoutEndTag);
+  return {std::move(shown), {std::move(message)}};
+}
+
+std::optional<TocViolation> checkHtmlLevel(std::string_view block,
+                                           std::int16_t& previousLevel,
+                                           std::int16_t& level) {
+  const auto startLevel = readableLevelIn(block, kStartMark);
+  if (!startLevel) {
+    return violationIn(block, kLevelIsText);
+  }
+  const auto endLevel = readableLevelIn(block, kEndMark);
+  if (!endLevel) {
+    return TocViolation{std::string(kLevelIsText), /*offersLine=*/false};
+  }
+  if (*startLevel != *endLevel) {
+    return violationIn(block, kLevelsDiffer);
+  }
+  if (*startLevel <= 0) {
+    return violationIn(block, kLevelNotPositive);
+  }
+  if (*startLevel - previousLevel > 1) {
+    return violationIn(block, kLevelOutOfSequence);
+  }
+  previousLevel = *startLevel;
+  if (*startLevel == std::numeric_limits<std::int16_t>::max()) {
+    raise(ErrorNumber::kOverflow);
+  }
+  level = *startLevel;
+  return std::nullopt;
+}
+
+std::optional<std::string_view> htmlPathIn(std::string_view block) {
+  return valueBehind(block, kPathStart);
+}
+
+TocViolation htmlPathMissing(std::string_view block) {
+  return violationIn(block, kPathMissing);
+}
+
+std::string withoutHtmlTags(std::string_view text) {
+  constexpr std::string_view kBrackets = "<>";
+  BlockRemoval rest;
+  bool isOver = false;
+  std::size_t at = 0;
+  for (std::size_t found = text.find_first_of(kBrackets); found != kNowhere;
+       found = text.find_first_of(kBrackets, at)) {
+    rest.append(text.substr(at, found - at));
+    at = found + 1;
+    if (text[found] == kTagStart) {
+      rest.beginStartMark(found);
+      rest.append({&kTagStart, 1});
+      continue;
+    }
+    rest.beginEndMark(found);
+    rest.append({&kTagEnd, 1});
+    if (rest.completeEndMark() || isOver) {
+      continue;
+    }
+    isOver = !rest.firstStartMark();
+    if (!isOver) {
+      rest.takeOutFirstBlock();
+    }
+  }
+  rest.append(text.substr(at));
+  return std::string(trimBlanks(rest.text()));
+}
+
+std::optional<TocViolation> checkHtmlTitle(std::string_view block, std::string_view title) {
+  if (title.empty()) {
+    return violationIn(block, kTitleMissing);
+  }
+  if (containsAnyOf(title, "<>")) {
+    return violationIn(block, kTitleHasBrackets);
+  }
+  return std::nullopt;
+}
+
+std::string_view htmlFLinkValueIn(std::string_view block) {
+  return valueBehind(block, kFLinkStart).value_or(text_form::kNoLink);
+}
+
+std::optional<HtmlTocPiece> htmlTitleBlockIn(std::string_view page) {
+  const std::size_t start = findIgnoringAsciiCase(page, kTitleStart);
+  if (start == kNowhere) {
+    return std::nullopt;
+  }
+  const std::size_t begin = start + kTitleStart.size();
+  const std::size_t end = findIgnoringAsciiCase(page, kTitleEnd, begin);
+  if (end == kNowhere) {
+    return std::nullopt;
+  }
+  return HtmlTocPiece{start, page.substr(begin, end - begin)};
+}
+
+std::string_view htmlTitleFile(std::string_view path) {
+  path = path.substr(0, path.find('#'));
+  return path.substr(path.rfind('/') + 1);
+}
+
+std::string_view htmlBeforeHeadings(std::string_view page) {
+  return page.substr(0, findIgnoringAsciiCase(page, kStartMark));
+}
+
+}  // namespace quorbind
