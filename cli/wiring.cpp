@@ -32,8 +32,9 @@ Wiring::Wiring(const std::string& serverRoot,
                std::vector<PreparedAnswer> answers)
     : xml(files),
       ui(terminal, std::move(answers)),
+      spreadsheets(files, xml),
       reference_({files, xml, ui, locale}, serverRoot),
       toolset(reference_),
-      module(Platform{files, xml, ui, toolset, locale}) {}
+      module(Platform{files, xml, ui, toolset, locale, spreadsheets}) {}
 
 }  // namespace quorbind

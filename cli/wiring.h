@@ -8,6 +8,7 @@
 #include "platform/portable/portable_locale.h"
 #include "platform/portable/terminal_user_interface.h"
 #include "platform/portable/xml_library.h"
+#include "platform/workbooks/file_spreadsheets.h"
 #include "toolset/reference_toolset.h"
 #include "workflow/forms/module.h"
 
@@ -29,6 +30,7 @@ class Wiring {
   PortableXmlLibrary xml;
   PortableLocale locale;
   TerminalUserInterface ui;
+  FileSpreadsheets spreadsheets;
 
  private:
   ReferenceToolset reference_;

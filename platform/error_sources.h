@@ -9,16 +9,11 @@ namespace quorbind {
 
 /// How the box of an unexpected error is worded; `n` is its number, `d` its description.
 enum class ErrorWording {
-<<<<<<< /tmp/excel-scratch/_o
-  kSourceLine,   ///< "Error(n): d", carriage return, source
-  kInProcedure,  ///< "Error n (d) in procedure ", source
-=======
   kSourceLine,       ///< "Error(n): d", carriage return, source
   kTightSourceLine,  ///< "Error(n):d", carriage return, source
   kWideSourceLine,   ///< "Error (n ):d", carriage return, source
   kInProcedure,      ///< "Error n (d) in procedure ", source
   kUnderTitle,       ///< "n: d", in a box whose title is the source
->>>>>>> /tmp/excel-scratch/_b
 };
 
 /// The fixed text with which one procedure reports unexpected errors.
@@ -55,6 +50,17 @@ inline constexpr ErrorSource kCheckHtmlForValidity{"Quorbind: Quor_Book::mbCheck
 inline constexpr ErrorSource kRemoveTagsFromHtml{"Quorbind: Quor_Book::mstrRemoveTagsFromHTML"};
 inline constexpr ErrorSource kValidateXmlToc{"Quorbind: Quor_Book::mbValidateXMLToc"};
 
+inline constexpr ErrorSource kValidateXlToc{"Quorbind: Quor_Book::mbValidateXLToc"};
+inline constexpr ErrorSource kCheckXlForNodeLevel{"Quorbind: Quor_Book::mbcheckXLForNodeLevel"};
+inline constexpr ErrorSource kCheckXlForNodeName{"Quorbind: Quor_Book::mbcheckXLForNodeName"};
+inline constexpr ErrorSource kCheckXlForFileName{"Quorbind: Quor_Book::mbcheckXLForFileName"};
+inline constexpr ErrorSource kXlExportToText{"Quorbind: Quor_Book::mXLExportToText"};
+inline constexpr ErrorSource kGetBookInfoFromExcel{"Quorbind: Quor_Book::GetBookInfofromExcel"};
+inline constexpr ErrorSource kGetExcelBookCount{"getExcelBookCount of Class Module Quor_Book",
+                                                ErrorWording::kInProcedure};
+inline constexpr ErrorSource kBuildExcelBook{"BuildExcelBook of Class Module Quor_Book",
+                                             ErrorWording::kInProcedure};
+
 inline constexpr ErrorSource kBookInfoOk{"cmdOk_Click of Form frmBookInfo",
                                          ErrorWording::kInProcedure};
 inline constexpr ErrorSource kBookInfoCancel{"cmdCancel_Click of Form frmBookInfo",
@@ -80,7 +86,6 @@ inline constexpr ErrorSource kPartition{"Quor_Developer-frmSelPrjTypetoAdd::mlPa
 
 inline constexpr ErrorSource kDeleteNode{"Quorbind:Book_Config::DeleteNode"};
 
-<<<<<<< /tmp/excel-scratch/_a
 // Categories.
 inline constexpr ErrorSource kAddBookCateToXmlFile{"Quorbind-Book_Config::AddBookCateToXMLFile",
                                                    ErrorWording::kTightSourceLine};
@@ -127,67 +132,11 @@ inline constexpr ErrorSource kAddToLinkIdFile{"Quorbind-Quor_Book::AddToLinkIDFi
 inline constexpr ErrorSource kCheckBookLink{"Quorbind: Quor_Book::mstrCheckBookLink"};
 inline constexpr ErrorSource kGenerateBookLinkId{"Quorbind: Quor_Book::GenerateBookLinkID"};
 inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDuplicateLinkID"};
+inline constexpr ErrorSource kUpdateQuorLinkIdFile{
+    "Quor_Developer-Quor_Book::UpdateQuorLinkIDFile", ErrorWording::kTightSourceLine};
 inline constexpr ErrorSource kAddLinkIdInfo{
     "Quorbind: Quor_Book::AddLinkIDInfo", ErrorWording::kSourceLine, MessageIcon::kNone};
 
-||||||| /tmp/excel-scratch/_o
-=======
-// Categories.
-inline constexpr ErrorSource kAddBookCateToXmlFile{"Quorbind-Book_Config::AddBookCateToXMLFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCreateBookCateXmlFile{"Quorbind-Book_Config::CreateBookCateXMLFile",
-                                                    ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kGenerateCategoryTag{"ctlBooksTab::GenerateXML Tag"};
-inline constexpr ErrorSource kGetBookAcroInfo{"Quorbind::Book_Config-GetBookAcroInfo",
-                                              ErrorWording::kUnderTitle,
-                                              MessageIcon::kInformation};
-inline constexpr ErrorSource kGetBookAcroValue{"Quorbind::Book_Config-GetBookAcroValue",
-                                               ErrorWording::kUnderTitle,
-                                               MessageIcon::kInformation};
-inline constexpr ErrorSource kAddBookAcro{"Quorbind::Book_Config-AddBookAcro",
-                                          ErrorWording::kUnderTitle,
-                                          MessageIcon::kInformation};
-inline constexpr ErrorSource kAddOtherCategory{"Quorbind::Book_Config-AddOtherCategoryBookAcro",
-                                               ErrorWording::kUnderTitle,
-                                               MessageIcon::kInformation};
-inline constexpr ErrorSource kEditBookCateToXmlFile{"Quorbind::Book_Config - EditBookCateToXMLFile",
-                                                    ErrorWording::kWideSourceLine,
-                                                    MessageIcon::kNone};
-inline constexpr ErrorSource kCheckIfDefaultCategory{
-    "Quorbind::Book_Config - bCheckIfDefaultCategory",
-    ErrorWording::kWideSourceLine,
-    MessageIcon::kNone};
-inline constexpr ErrorSource kCheckCategoryInQuorBookCategories{
-    "Quorbind::Book_Config - bCheckCategoryinQuorBookCategories",
-    ErrorWording::kWideSourceLine,
-    MessageIcon::kNone};
-inline constexpr ErrorSource kAddCategoryNode{"AddCategoryNode of Class Module Quor_Book",
-                                              ErrorWording::kInProcedure,
-                                              MessageIcon::kNone};
-inline constexpr ErrorSource kSortArray{"Quorbind:Global_Variables::SortArray"};
-
-// Search keywords. Renaming one reports under the name of adding one.
-inline constexpr ErrorSource kAddKeywordsToXmlFile{"Quorbind-Quor_Book::AddKeywordsToXmlFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCreateKeywordXmlFile{"Quorbind-Quor_Book::CreateKeywordXmlFile",
-                                                   ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kAddKeywords{"AddKeywords of User Control ctlBooksTab",
-                                          ErrorWording::kInProcedure,
-                                          MessageIcon::kNone};
-inline constexpr ErrorSource kCheckXmlCharacters{"Quor_Developer-ctlBooksTab::CheckXMLCharacters",
-                                                 ErrorWording::kTightSourceLine};
-
-// Link identifiers.
-inline constexpr ErrorSource kAddToLinkIdFile{"Quorbind-Quor_Book::AddToLinkIDFile",
-                                              ErrorWording::kTightSourceLine};
-inline constexpr ErrorSource kCheckBookLink{"Quorbind: Quor_Book::mstrCheckBookLink"};
-inline constexpr ErrorSource kGenerateBookLinkId{"Quorbind: Quor_Book::GenerateBookLinkID"};
-inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDuplicateLinkID"};
-inline constexpr ErrorSource kAddLinkIdInfo{"Quorbind: Quor_Book::AddLinkIDInfo",
-                                            ErrorWording::kSourceLine,
-                                            MessageIcon::kNone};
-
->>>>>>> /tmp/excel-scratch/_b
 }  // namespace source
 
 }  // namespace quorbind

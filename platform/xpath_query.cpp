@@ -5,17 +5,12 @@
 
 namespace quorbind {
 
-<<<<<<< /tmp/excel-scratch/_o
-std::string quotedForQuery(std::string_view value, char quote) {
-=======
 void requireFitsQuery(std::string_view value, char quote) {
->>>>>>> /tmp/excel-scratch/_b
   if (value.find(quote) != std::string_view::npos) {
     throw RunTimeError(kInvalidQueryError,
                        "The value " + std::string(value) +
                            " can't stand in a query between the quote characters it contains.");
   }
-<<<<<<< /tmp/excel-scratch/_a
   if (xmlCharactersOnly(value) != value) {
     throw RunTimeError(kInvalidQueryError,
                        "A query can't look for a value with a character that XML can't hold.");
@@ -24,13 +19,6 @@ void requireFitsQuery(std::string_view value, char quote) {
 
 std::string quotedForQuery(std::string_view value, char quote) {
   requireFitsQuery(value, quote);
-||||||| /tmp/excel-scratch/_o
-=======
-}
-
-std::string quotedForQuery(std::string_view value, char quote) {
-  requireFitsQuery(value, quote);
->>>>>>> /tmp/excel-scratch/_b
   return quote + std::string(value) + quote;
 }
 

@@ -5,7 +5,6 @@
 
 namespace quorbind {
 
-<<<<<<< /tmp/excel-scratch/_a
 /// Raises kInvalidQueryError for a value that holds the quote character between which it would
 /// stand in a query, so that no value ever widens a query, and for one with a character that XML
 /// can't hold: no document has it.
@@ -13,17 +12,6 @@ void requireFitsQuery(std::string_view value, char quote);
 
 /// `value` between two `quote` characters, as a literal of an XPath query. Raises as
 /// requireFitsQuery does.
-||||||| /tmp/excel-scratch/_o
-/// `value` between two `quote` characters, as a literal of an XPath query. A value that holds the
-/// quote character itself raises kInvalidQueryError, so that no value ever widens a query.
-=======
-/// Raises kInvalidQueryError for a value that holds the quote character between which it would
-/// stand in a query, so that no value ever widens a query.
-void requireFitsQuery(std::string_view value, char quote);
-
-/// `value` between two `quote` characters, as a literal of an XPath query. Raises as
-/// requireFitsQuery does.
->>>>>>> /tmp/excel-scratch/_b
 std::string quotedForQuery(std::string_view value, char quote);
 
 }  // namespace quorbind

@@ -27,6 +27,15 @@ std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
   return std::nullopt;
 }
 
+StatedPlace statedPlaceOf(std::size_t line, std::string_view document) {
+  const std::string file = withBackslashes(document);
+  if (!contains(file, "\\")) {
+    return {};
+  }
+  const std::string folder = file.substr(0, file.find('\\'));
+  return {.line = line, .folder = folder, .refusal = refusalOfStatedFolder(folder, file)};
+}
+
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
   const text_form::BookEntry entry =
       text_form::readBookEntry(platform.files, platform.locale, tocPath);
@@ -34,12 +43,7 @@ StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) 
   if (pieces.count() <= text_form::kFile) {
     return {};
   }
-  const std::string_view file = pieces.at(text_form::kFile);
-  if (!contains(file, "\\")) {
-    return {};
-  }
-  const std::string folder(file.substr(0, file.find('\\')));
-  return {.line = entry.line, .folder = folder, .refusal = refusalOfStatedFolder(folder, file)};
+  return statedPlaceOf(entry.line, pieces.at(text_form::kFile));
 }
 
 }  // namespace quorbind

@@ -25,6 +25,9 @@ struct StatedPlace {
 std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
                                                  std::string_view stated);
 
+/// What the document of the book's own entry, which stands in `line`, states.
+StatedPlace statedPlaceOf(std::size_t line, std::string_view document);
+
 /// Reads it from a table of contents in the intermediate text form. Raises what opening the file
 /// raises.
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath);

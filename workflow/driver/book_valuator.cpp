@@ -10,17 +10,14 @@
 #include "platform/text.h"
 #include "platform/text_array.h"
 #include "platform/toolset.h"
-<<<<<<< /tmp/excel-scratch/_a
+#include "platform/xml_document.h"
 #include "sidefiles/category_creation.h"
 #include "sidefiles/category_filing.h"
 #include "sidefiles/keyword_list.h"
-||||||| /tmp/excel-scratch/_o
-=======
-#include "platform/xml_document.h"
 #include "sidefiles/link_identifiers.h"
->>>>>>> /tmp/excel-scratch/_b
 #include "toc/book_place.h"
 #include "workflow/driver/book_file_copy.h"
+#include "workflow/driver/valuated_excel_books.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
 #include "workflow/inputs/input_check.h"
@@ -99,6 +96,16 @@ bool BookValuator::addBook(const BookValuatorArguments& arguments) {
   return true;
 }
 
+bool BookValuator::buildValidated(const BookValuatorArguments& arguments) {
+  tocPath_ = arguments.vstrtocpath;
+  cataloguePath_ = arguments.vstrQuorTOcPath;
+  if (!nameBook(arguments) || !placeIsAllowed(arguments)) {
+    return false;
+  }
+  build(arguments);
+  return true;
+}
+
 void BookValuator::begin(const BookValuatorArguments& arguments) {
   tocPath_ = withBackslashes(arguments.vstrtocpath);
   cataloguePath_ = withBackslashes(arguments.vstrQuorTOcPath);
@@ -122,8 +129,12 @@ void BookValuator::begin(const BookValuatorArguments& arguments) {
 
 bool BookValuator::isAccepted(const BookValuatorArguments& arguments) {
   setStatus(Message::kTocValidationInProgress);
+  ValuatedExcelBooks books(module_, tocCheck_);
+  const ExcelRun excelRun{.builder = books,
+                          .keywordsPath = arguments.vstrKeywordsPath,
+                          .category = arguments.vstrCategory};
   return bCheckForValidInput(module_, tocPath_, arguments.vintType) &&
-         tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType);
+         tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType, &excelRun);
 }
 
 bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
@@ -170,7 +181,7 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
   if (isBookFile) {
     installBookFile(arguments);
   } else {
-    copyToLibrary();
+    copyToLibrary(arguments);
   }
 
   enterInCatalogue(arguments);
@@ -197,11 +208,14 @@ void BookValuator::convert(const BookValuatorArguments& arguments) {
   }
 }
 
-void BookValuator::copyToLibrary() {
+void BookValuator::copyToLibrary(const BookValuatorArguments& arguments) {
   const std::string generated = workingFolder_ + "\\" + bookFileName();
   platform_.toolset.createFileCopy()->mbCopyFiles(destination(), generated, 0, 0);
-  // A table of contents kept inside the library has its book file made where it belongs.
-  if (!platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
+  // A table of contents kept inside the library has its book file made where it belongs. The next
+  // book of a workbook does not wait for one that is gone.
+  const bool isExpected =
+      arguments.vintType != TocCheck::kExcel || platform_.files.fileExists(generated);
+  if (isExpected && !platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
     platform_.files.deleteFile(generated);
   }
 }

@@ -300,7 +300,8 @@ TEST_F(HtmlExport, NamesTheFolderThatAllowsNoFile) {
                          world_.platform().xml,
                          world_.platform().ui,
                          world_.platform().toolset,
-                         world_.platform().locale});
+                         world_.platform().locale,
+                         world_.platform().spreadsheets});
   TocCheck check(module);
   std::string path = "C:\\Docs\\toc.htm";
   EXPECT_FALSE(check.mHTMLExportToText(path, ""));
