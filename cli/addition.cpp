@@ -6,9 +6,11 @@
 #include "bookxml/names.h"
 #include "catalogue/book_config.h"
 #include "cli/book_file_survey.h"
+#include "cli/book_flags.h"
 #include "cli/failure.h"
 #include "cli/page_survey.h"
 #include "cli/prepared_toc.h"
+#include "cli/required_document.h"
 #include "platform/abandoned.h"
 #include "platform/error_sources.h"
 #include "platform/paths.h"
@@ -28,8 +30,6 @@ namespace {
 constexpr std::string_view kListSeparator = ";";
 constexpr std::string_view kNothingAdded = "nothing was added";
 constexpr std::string_view kNotWritten = " could not be written";
-/// In bytes, of a file or a folder, on the file systems in use.
-constexpr std::size_t kLongestName = 255;
 
 bool isBlank(const std::optional<std::string>& text) {
   return !text || trimBlanks(*text).empty();
@@ -37,15 +37,6 @@ bool isBlank(const std::optional<std::string>& text) {
 
 std::string nothingAddedWithout(const std::string& what) {
   return std::string(what).append(kNotWritten).append("; ").append(kNothingAdded);
-}
-
-void requireNameThatFits(std::string_view name, std::string_view flag) {
-  if (name.size() > kLongestName) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         std::string(flag) + " is too long: the name that it gives has " +
-                             std::to_string(name.size()) + " bytes, and " +
-                             std::to_string(kLongestName) + " are the most that a name can have");
-  }
 }
 
 /// Whether the host asks for name and acronym before it calls the driver: link identifiers of a
@@ -186,19 +177,13 @@ void Addition::requireUsableSideFiles() {
 }
 
 void Addition::requireUsableSideFile(const std::string& path, std::string_view root) {
-  const std::string name = nativeName(path);
   if (wiring_.files.fileExists(path)) {
-    requireReadable(wiring_.files, path, name);
-    const auto document = wiring_.xml.createDocument();
-    if (const XmlLoadResult result = document->load(path); !result) {
-      throw loadFailure(path, result);
-    }
+    const auto document = loadRequired(wiring_.module.platform, path);
     if (!document->select(root)) {
-      throw CommandFailure(ExitStatus::kNotParseable,
-                           name + ": the element " + std::string(root) + " is missing");
+      throw missingElement(path, root);
     }
   }
-  writing(name, [&] { static_cast<void>(wiring_.files.replace(path)); });
+  writing(nativeName(path), [&] { static_cast<void>(wiring_.files.replace(path)); });
 }
 
 /// The folder dialog lets names like `..` pass, which a person would not type by mistake.

@@ -20,12 +20,7 @@ void requireCategoryName(std::string_view name) {
 }
 
 std::string categoryQuery(std::string_view name) {
-  return std::string(category_names::kCategoryPath)
-      .append("[")
-      .append(category_names::kName)
-      .append("=")
-      .append(quotedForQuery(name, kQuote))
-      .append("]");
+  return elementsWith(category_names::kCategoryPath, category_names::kName, name, kQuote);
 }
 
 bool CategoryFile::fileBook(std::string_view category, std::string_view acronym) {
