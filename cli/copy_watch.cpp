@@ -12,8 +12,8 @@ class CopyWatch::WatchedCopy final : public FileCopy {
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
-                   int reservedOverwrite,
-                   int reservedDialog) override {
+                   std::int16_t reservedOverwrite,
+                   std::int16_t reservedDialog) override {
     arrived_ = false;
     arrived_ = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
     return arrived_;

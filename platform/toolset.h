@@ -57,8 +57,8 @@ class FileCopy {
   /// two integers are reserved.
   virtual bool mbCopyFiles(std::string_view destination,
                            std::string_view source,
-                           int reservedOverwrite,
-                           int reservedDialog) = 0;
+                           std::int16_t reservedOverwrite,
+                           std::int16_t reservedDialog) = 0;
 };
 
 /// Makes the components. A component that can't be made raises 429.

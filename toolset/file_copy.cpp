@@ -196,8 +196,8 @@ std::vector<std::string> documentFolders(std::string_view folder) {
 
 bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
                                     std::string_view source,
-                                    int /*reservedOverwrite*/,
-                                    int /*reservedDialog*/) {
+                                    std::int16_t /*reservedOverwrite*/,
+                                    std::int16_t /*reservedDialog*/) {
   if (!files_.fileExists(source)) {
     return false;
   }

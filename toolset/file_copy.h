@@ -38,8 +38,8 @@ class ReferenceFileCopy final : public FileCopy {
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
-                   int reservedOverwrite,
-                   int reservedDialog) override;
+                   std::int16_t reservedOverwrite,
+                   std::int16_t reservedDialog) override;
 
  private:
   [[nodiscard]] std::string targetFor(std::string_view source, std::string_view destination) const;

@@ -160,6 +160,13 @@ Variant Variant::ofBoolean(bool value) {
   return result;
 }
 
+Variant Variant::ofShort(std::int16_t value) {
+  Variant result;
+  result.value_.vt = VT_I2;
+  result.value_.iVal = value;
+  return result;
+}
+
 Variant Variant::ofInteger(std::int32_t value) {
   Variant result;
   result.value_.vt = VT_I4;

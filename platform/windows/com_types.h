@@ -154,6 +154,7 @@ class Variant {
   static Variant ofText(std::string_view utf8);
   static Variant ofBoolean(bool value);
   static Variant ofInteger(std::int32_t value);
+  static Variant ofShort(std::int16_t value);
   static Variant ofObject(ComPtr<IDispatch> object);
   /// An optional argument that is left out.
   static Variant missing();

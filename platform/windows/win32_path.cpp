@@ -49,11 +49,24 @@ std::wstring fullPath(std::string_view name) {
     full.resize(length);
   }
   full.resize(length);
-  if (full.empty() || full.starts_with(kDevice) || hasTooLongPart(full)) {
+  if (full.empty() || full.starts_with(kDevice)) {
     raise(ErrorNumber::kBadFileName);
   }
   return full;
 }
+
+namespace {
+
+/// The full name of something that can be there.
+std::wstring possiblePath(std::string_view name) {
+  std::wstring full = fullPath(name);
+  if (hasTooLongPart(full)) {
+    raise(ErrorNumber::kBadFileName);
+  }
+  return full;
+}
+
+}  // namespace
 
 std::wstring extendedPath(std::wstring_view fullPath) {
   if (fullPath.starts_with(kExtended)) {
@@ -72,11 +85,11 @@ std::wstring_view withoutTrailingSeparator(std::wstring_view fullPath) {
 }
 
 std::wstring pathOf(std::string_view name) {
-  return extendedPath(withoutTrailingSeparator(fullPath(name)));
+  return extendedPath(withoutTrailingSeparator(possiblePath(name)));
 }
 
 std::wstring pathOfFile(std::string_view name) {
-  const std::wstring full = fullPath(name);
+  const std::wstring full = possiblePath(name);
   if (full.ends_with(kSeparator)) {
     raise(ErrorNumber::kPathFileAccessError);
   }

@@ -69,14 +69,14 @@ class AutomatedFileCopy final : public FileCopy {
  public:
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
-                   int reservedOverwrite,
-                   int reservedDialog) override {
+                   std::int16_t reservedOverwrite,
+                   std::int16_t reservedDialog) override {
     return object_
         .call("mbCopyFiles",
               text(destination),
               text(source),
-              Variant::ofInteger(reservedOverwrite),
-              Variant::ofInteger(reservedDialog))
+              Variant::ofShort(reservedOverwrite),
+              Variant::ofShort(reservedDialog))
         .boolean();
   }
 

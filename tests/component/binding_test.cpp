@@ -108,6 +108,33 @@ TEST_F(EarlyBinding, AsksForNameAndAcronymInADialog) {
   EXPECT_EQ(given, VARIANT_TRUE);
 }
 
+TEST_F(EarlyBinding, ShowsEveryObjectTheNamesThatTheFirstOneWasGiven) {
+  const auto first = create<_Quor_Book>(CLSID_Quor_Book);
+  {
+    const Person person([] { answerBookDialog("Alarms", "ALM"); });
+    VARIANT_BOOL given = VARIANT_FALSE;
+    ASSERT_EQ(first->mbGetFormInput(nullptr, 4, &given), S_OK);
+  }
+  const auto second = create<_Quor_Book>(CLSID_Quor_Book);
+  VARIANT_BOOL given = VARIANT_FALSE;
+  ASSERT_EQ(second->mbGetFormInput(nullptr, 4, &given), S_OK);
+  EXPECT_EQ(given, VARIANT_TRUE);
+}
+
+TEST_F(EarlyBinding, ForgetsTheNamesOnceNothingIsInUse) {
+  {
+    const Person person([] { answerBookDialog("Alarms", "ALM"); });
+    VARIANT_BOOL given = VARIANT_FALSE;
+    ASSERT_EQ(create<_Quor_Book>(CLSID_Quor_Book)->mbGetFormInput(nullptr, 4, &given), S_OK);
+  }
+  ASSERT_TRUE(component.mayUnload());
+  const auto book = create<_Quor_Book>(CLSID_Quor_Book);
+  const Person person([] { answerBookDialog("Pumps", "PMP"); });
+  VARIANT_BOOL given = VARIANT_FALSE;
+  ASSERT_EQ(book->mbGetFormInput(nullptr, 4, &given), S_OK);
+  EXPECT_EQ(given, VARIANT_TRUE);
+}
+
 using LateBinding = ComponentTest;
 
 TEST_F(LateBinding, SortsTheArrayInAScriptsVariable) {

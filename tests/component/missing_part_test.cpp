@@ -27,6 +27,12 @@ class MissingPart : public ComponentTest {
     EXPECT_EQ(result, VARIANT_FALSE);
   }
 
+  void askForABook() const {
+    VARIANT_BOOL given = VARIANT_TRUE;
+    EXPECT_EQ(book_->mbGetFormInput(nullptr, 4, &given), S_OK);
+    EXPECT_EQ(given, VARIANT_FALSE);
+  }
+
   /// Adds a book that breaks no rule; answers whether the run came to its end.
   bool addABook() const {
     const auto path = [this](const char* name) { return Bstr(folder_.path().string() + name); };
@@ -111,6 +117,10 @@ TEST_F(MissingPart, XmlLibraryIsError429) {
   {
     const Person person([] { dismissMessage(kCheckCannotCreate); });
     checkABook();
+  }
+  {
+    const Person person([] { dismissMessage(kInputCannotCreate); });
+    askForABook();
   }
   const Person person([] { dismissMessage(kRunCannotCreate); });
   EXPECT_FALSE(addABook());

@@ -240,6 +240,13 @@ TEST_F(FileSystemContract, NamesThatNoFileCanHaveRaise52) {
   EXPECT_EQ(errorRaisedBy([&] { static_cast<void>(files_.absolutePath("")); }), 52);
 }
 
+TEST_F(FileSystemContract, ANameTooLongForAnyFileHasAFullNameAndIsNotThere) {
+  const std::string name = "C:\\" + std::string(300, 'a');
+  EXPECT_EQ(files_.absolutePath(name), name);
+  EXPECT_FALSE(files_.fileExists(name));
+  EXPECT_FALSE(files_.folderExists(name));
+}
+
 // Existence
 
 TEST_F(FileSystemContract, AFileExistsAsAFileOnly) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,8 +16,8 @@ class ToolsetWithDoubles final : public Toolset {
  public:
   using Copying = std::function<bool(const std::string& destination,
                                      const std::string& source,
-                                     int reservedOverwrite,
-                                     int reservedDialog)>;
+                                     std::int16_t reservedOverwrite,
+                                     std::int16_t reservedDialog)>;
 
   /// Kept by reference; makes every component that no double stands in for.
   explicit ToolsetWithDoubles(Toolset& toolset) : toolset_(toolset) {}
@@ -57,8 +58,8 @@ class ToolsetWithDoubles final : public Toolset {
     explicit Copier(Copying copying) : copying_(std::move(copying)) {}
     bool mbCopyFiles(std::string_view destination,
                      std::string_view source,
-                     int reservedOverwrite,
-                     int reservedDialog) override {
+                     std::int16_t reservedOverwrite,
+                     std::int16_t reservedDialog) override {
       return copying_(
           std::string(destination), std::string(source), reservedOverwrite, reservedDialog);
     }

@@ -266,7 +266,9 @@ void BookValuator::recordCategories(const BookValuatorArguments& arguments) {
 void BookValuator::end() {
   module_.progress.unload();
   if (events_ != nullptr) {
-    events_->evtGetFolderName(bookFolder_);
+    // A listener may run this driver again, which gives the member another value.
+    const std::string usedFolder = bookFolder_;
+    events_->evtGetFolderName(usedFolder);
   }
   module_.state.currentBookName.clear();
   module_.state.currentBookAcro.clear();

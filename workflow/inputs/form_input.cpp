@@ -3,6 +3,7 @@
 #include "platform/error_trap.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
+#include "platform/xml_document.h"
 #include "workflow/inputs/catalogue_check.h"
 
 namespace quorbind {
@@ -55,6 +56,8 @@ bool askForBook(Module& module, std::int16_t vintType, XmlTextRules& rules) {
 
 bool mbGetFormInput(Module& module, const std::string& vstrQuorTOcPath, std::int16_t vintType) {
   return trapped(module.platform.ui, source::kGetFormInput, false, [&] {
+    // Asked for first: without it nothing is asked of anybody.
+    static_cast<void>(module.platform.xml.createDocument());
     const ProcessState& state = module.state;
     const auto rules = module.platform.toolset.createXmlTextRules();
     const bool bothKnown = !state.currentBookName.empty() && !state.currentBookAcro.empty();

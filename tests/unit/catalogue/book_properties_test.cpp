@@ -178,8 +178,8 @@ TEST_F(BookProperties, HandTheAbsolutePathsOfBothFilesToTheCopyComponent) {
   std::vector<std::string> calls;
   toolset.setCopying([&](const std::string& destination,
                          const std::string& source,
-                         int reservedOverwrite,
-                         int reservedDialog) {
+                         std::int16_t reservedOverwrite,
+                         std::int16_t reservedDialog) {
     calls.push_back(destination + "|" + source + "|" + std::to_string(reservedOverwrite) +
                     std::to_string(reservedDialog));
     return true;

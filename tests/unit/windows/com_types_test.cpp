@@ -155,6 +155,12 @@ TEST(VariantTest, ConvertsAsAutomationDoes) {
   EXPECT_TRUE(Variant::ofInteger(7).boolean());
   EXPECT_EQ(Variant::ofBoolean(true).integer(), -1);
   EXPECT_EQ(Variant().text(), "");
+  EXPECT_EQ(Variant::ofShort(-7).integer(), -7);
+}
+
+TEST(VariantTest, KeepsTheWidthOfItsNumber) {
+  EXPECT_EQ(Variant::ofShort(0).type(), VT_I2);
+  EXPECT_EQ(Variant::ofInteger(0).type(), VT_I4);
 }
 
 TEST(VariantTest, Raises13ForWhatCanNotBeConverted) {

@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 #include "platform/xml_document.h"
 #include "tests/support/book_run.h"
 #include "tests/support/catalogue_text.h"
+#include "tests/support/toolset_doubles.h"
 #include "tests/support/world.h"
 #include "toc/text_form.h"
 #include "workflow/driver/quor_book.h"
@@ -17,6 +20,19 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+
+/// A listener that does what the test tells it.
+class RunningEvents final : public QuorBookEvents {
+ public:
+  explicit RunningEvents(std::function<void(std::string_view)> reaction)
+      : reaction_(std::move(reaction)) {}
+  void evtGetFolderName(std::string_view sFolderName) override { reaction_(sFolderName); }
+
+  Quor_Book* book = nullptr;
+
+ private:
+  std::function<void(std::string_view)> reaction_;
+};
 
 class AddBook : public ::testing::Test {
  protected:
@@ -446,6 +462,47 @@ TEST_F(RecordBook, RecordsNothingOfABookThatTheUserGaveUp) {
   world_.user.answerWith(pressCancel());
   EXPECT_TRUE(run("", ""));
   EXPECT_EQ(world_.disk.contents(), before);
+}
+
+TEST_F(AddBook, TellsTheFolderThatWasUsedAlthoughTheListenerRunsTheSameObjectAgain) {
+  const std::string longFolder = "A folder with a long name";
+  writeToc(longFolder + "\\");
+  std::vector<std::string> heard;
+  RunningEvents events([&](std::string_view folder) {
+    if (heard.empty()) {
+      heard.emplace_back("first run over");
+      // Its level goes on from the first run's, so that this one finds no folder.
+      runBook(*events.book, arguments_);
+    }
+    heard.emplace_back(folder);
+  });
+  Quor_Book book(world_.module, &events);
+  events.book = &book;
+  arguments_.vstrBookName = "Pump Station";
+  arguments_.vstrBookAcro = "PST";
+  EXPECT_TRUE(runBook(book, arguments_));
+  EXPECT_THAT(heard, ElementsAre("first run over", "", longFolder));
+}
+
+TEST_F(AddBook, HandsTheCopyComponentTheBooksFolderTheBookFileAndTwoZeros) {
+  ToolsetWithDoubles toolset(world_.toolset);
+  std::vector<std::string> calls;
+  toolset.setCopying([&](const std::string& destination,
+                         const std::string& source,
+                         std::int16_t reservedOverwrite,
+                         std::int16_t reservedDialog) {
+    calls.push_back(destination + " " + source + " " + std::to_string(reservedOverwrite) + " " +
+                    std::to_string(reservedDialog));
+    return true;
+  });
+  const Platform& ports = world_.platform();
+  Module module(Platform{ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Quor_Book book(module, &events_);
+  arguments_.vstrBookName = "Pump Station";
+  arguments_.vstrBookAcro = "PST";
+  EXPECT_TRUE(runBook(book, arguments_));
+  EXPECT_THAT(calls, ElementsAre("C:\\lib\\Manual C:\\in\\\\Book_PST.xml 0 0"));
+  EXPECT_TRUE(world_.platform().files.folderExists("C:\\lib\\Manual"));
 }
 
 TEST_F(AddBook, StartsASecondRunWithTheLevelOfTheFirst) {
