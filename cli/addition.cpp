@@ -11,23 +11,25 @@
 #include "cli/page_survey.h"
 #include "cli/prepared_toc.h"
 #include "cli/required_document.h"
+#include "cli/side_file_reader.h"
+#include "cli/side_file_rules.h"
 #include "platform/abandoned.h"
 #include "platform/error_sources.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 #include "resources/form_layouts.h"
-#include "sidefiles/keyword_rules.h"
+#include "sidefiles/link_identifiers.h"
 #include "sidefiles/names.h"
 #include "toc/text_form.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
+#include "workflow/driver/run_lists.h"
 #include "workflow/inputs/input_check.h"
 
 namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kListSeparator = ";";
 constexpr std::string_view kNothingAdded = "nothing was added";
 constexpr std::string_view kNotWritten = " could not be written";
 
@@ -96,6 +98,7 @@ ExitStatus Addition::addBook() {
   if (!flagsAreAccepted() || !bCheckForValidInput(wiring_.module, toc.path, kind_)) {
     return ExitStatus::kRefused;
   }
+  requireRecordableLists();
   requireFolderInLibrary();
   requireNamesThatFit();
   considerCategories();
@@ -128,40 +131,26 @@ bool Addition::flagsAreAccepted() {
     scratch.bookFolder.type("Text1", *arguments_.folder);
     scratch.bookFolder.click("cmdOk");
   }
-  return wiring_.ui.shown().size() == boxes && keywordsAreAccepted();
+  return wiring_.ui.shown().size() == boxes;
 }
 
-/// The component would leave the refused keywords out and add the book.
-bool Addition::keywordsAreAccepted() {
-  const Pieces keywords(arguments_.keywords, kListSeparator);
-  return std::all_of(keywords.begin(), keywords.end(), [this](std::string_view keyword) {
-    const auto fault = findKeywordFault(keyword);
-    if (fault) {
-      wiring_.ui.show(fault->box);
-    }
-    return !fault;
-  });
+/// The component would leave what it refuses out, and add the book.
+void Addition::requireRecordableLists() {
+  requireKeywords(wiring_, keywordsIn(arguments_.keywords).texts);
+  requireCategoryList(arguments_.categories);
 }
 
-/// Making the categories file replaces the one that stands there with all that is filed in it, and
-/// without the defaults it would have no root.
+/// The component makes the file, and files the book, only where it is given categories.
 void Addition::considerCategories() {
-  const auto tell = [this](const std::string& text) {
-    wiring_.ui.show({.text = text, .icon = MessageIcon::kInformation});
-  };
-  const bool isThere = wiring_.files.fileExists(library_.bookCategories);
-  const std::string& defaults = library_.defaultCategories;
-  if (arguments_.createCategories && isThere) {
-    tell("--create-categories is not used: the library has a categories file");
-  } else if (arguments_.createCategories) {
-    const XmlLoadResult result = wiring_.xml.createDocument()->load(defaults);
-    createsCategories_ = result.loaded;
-    if (!result) {
-      tell(std::string("--create-categories is not used: ") + loadFailure(defaults, result).what());
+  const bool isGiven = !arguments_.categories.empty();
+  if (arguments_.createCategories && mayMakeCategories(wiring_, library_)) {
+    createsCategories_ = isGiven;
+    if (!isGiven) {
+      tell(wiring_, "--create-categories is not used: there are no --categories");
     }
   }
-  if (!arguments_.categories.empty() && !isThere && !createsCategories_) {
-    tell("--categories is not used: the library has no categories file");
+  if (isGiven && !createsCategories_ && !wiring_.files.fileExists(library_.bookCategories)) {
+    tell(wiring_, "--categories is not used: the library has no categories file");
   }
 }
 
@@ -281,11 +270,25 @@ Addition::Ready Addition::readyBookFile(const TocFile& toc) {
     return refuse(*survey.refusal, survey.status);
   }
   statedPlace_.folder = survey.folder;
+  if (survey.missingElement) {
+    throw missingElement(toc.path, *survey.missingElement);
+  }
+  requireUsableLinks(toc);
   if (asksFirst(arguments_) && !askForNames()) {
     return ExitStatus::kRefused;
   }
   tellOfUnusedFolder();
   return toc.path;
+}
+
+/// A book that comes from another library brings the link identifiers of that one along.
+void Addition::requireUsableLinks(const TocFile& toc) {
+  const std::string source =
+      linkFileBesideBook(library_.docsFolder, std::string(folderPartOf(toc.path)));
+  if (wiring_.files.fileExists(source) && !wiring_.files.sameFile(source, library_.linkIds)) {
+    static_cast<void>(readExistingLinks(wiring_.module.platform, source));
+    requireUsableSideFile(library_.linkIds, link_names::kLinks);
+  }
 }
 
 ExitStatus Addition::refuse(const TocRefusal& refusal, ExitStatus status) {

@@ -43,7 +43,7 @@ class Addition final : private QuorBookEvents {
   void requireUsableSideFiles();
   void requireUsableSideFile(const std::string& path, std::string_view root);
   [[nodiscard]] bool flagsAreAccepted();
-  [[nodiscard]] bool keywordsAreAccepted();
+  void requireRecordableLists();
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
 
@@ -55,6 +55,7 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] std::string preparedCopyOf(const TocFile& toc);
   [[nodiscard]] Ready readyPage(const TocFile& toc);
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
+  void requireUsableLinks(const TocFile& toc);
   [[nodiscard]] ExitStatus refuse(const TocRefusal& refusal, ExitStatus status);
   [[nodiscard]] bool askForNames();
   void tellOfUnusedFolder();

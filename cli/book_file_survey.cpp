@@ -1,6 +1,9 @@
 #include "cli/book_file_survey.h"
 
+#include <string_view>
+
 #include "bookxml/names.h"
+#include "platform/text.h"
 #include "platform/xml_document.h"
 #include "toc/xml_toc.h"
 
@@ -32,6 +35,11 @@ BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
   }
   if (const XmlNode path = book->select(book_names::kPathPath)) {
     survey.folder = folderInBookPath(path.text());
+  }
+  for (const std::string_view path : {book_names::kKeyPath, book_names::kPathPath}) {
+    if (!survey.missingElement && !book->select(path)) {
+      survey.missingElement = Pieces(path, "/").last();
+    }
   }
   return survey;
 }

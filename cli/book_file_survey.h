@@ -22,6 +22,9 @@ struct BookFileSurvey {
   std::vector<std::string> documents;
   /// The folder of its book below the library's; empty for the library's own.
   std::string folder;
+  /// An element of its that states a place and that the installed copy has to state anew, when it
+  /// lacks one.
+  std::optional<std::string> missingElement;
 };
 
 /// Holds the file against the rules without telling anybody.

@@ -9,6 +9,7 @@
 #include "catalogue/names.h"
 #include "cli/failure.h"
 #include "cli/paths.h"
+#include "cli/side_file_rules.h"
 #include "cli/wiring.h"
 #include "platform/paths.h"
 #include "platform/portable/visible_text.h"
@@ -139,16 +140,13 @@ class Initialisation {
     parent.append(element);
   }
 
-  /// Default categories that don't load would leave a categories file without a root.
+  /// From default categories that can't be read no categories file is to be made.
   void requireUsableDefaults() {
     if (wiring_.files.fileExists(paths_.bookCategories) ||
         !wiring_.files.fileExists(paths_.defaultCategories)) {
       return;
     }
-    requireReadable(wiring_.files, paths_.defaultCategories, nativeName(paths_.defaultCategories));
-    if (const auto result = wiring_.xml.createDocument()->load(paths_.defaultCategories); !result) {
-      throw loadFailure(paths_.defaultCategories, result);
-    }
+    requireDefaultCategories(wiring_.module.platform, paths_);
   }
 
   /// By the component, which tells its failures in a box.

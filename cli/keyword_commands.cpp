@@ -123,10 +123,14 @@ std::vector<std::string> requireKeywordsOf(LibraryChange& change, const ListedBo
   return keywords;
 }
 
-/// The form in which a keyword stands among `keywords`; nothing when it does not.
-std::optional<std::string> find(const std::vector<std::string>& keywords, const std::string& word) {
-  const auto found = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& stored) {
-    return readableName(stored) == trimBlanks(word);
+/// The form in which a keyword stands among `keywords`; nothing when it does not. Another host may
+/// have stored one as it was typed.
+std::optional<std::string> find(LibraryChange& change,
+                                const std::vector<std::string>& keywords,
+                                const std::string& word) {
+  const std::string wanted = stored(change, word);
+  const auto found = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& each) {
+    return stored(change, each) == wanted;
   });
   return found == keywords.end() ? std::nullopt : std::optional(*found);
 }
@@ -137,7 +141,7 @@ void requireInFile(LibraryChange& change,
   const auto keywords =
       keywordsOf(readKeywords(change.platform(), change.paths().searchKeywords), book.name);
   for (const std::string& word : words) {
-    if (!find(keywords, word)) {
+    if (!find(change, keywords, word)) {
       throw CommandFailure(ExitStatus::kInternal, "the keyword " + word + " is not in the file");
     }
   }
@@ -174,12 +178,12 @@ std::string renameKeyword(LibraryChange& change, const RenameKeywordArguments& a
   const ListedBook& book = requireBookNamed(books, arguments.book, change.library());
   requireKeywords(change.wiring(), {arguments.newWord});
   const std::vector<std::string> keywords = requireKeywordsOf(change, book);
-  const auto oldWord = find(keywords, arguments.oldWord);
+  const auto oldWord = find(change, keywords, arguments.oldWord);
   if (!oldWord) {
     throw CommandFailure(ExitStatus::kRefused,
                          titleOf(book) + " does not have the keyword " + arguments.oldWord);
   }
-  if (find(keywords, arguments.newWord)) {
+  if (find(change, keywords, arguments.newWord)) {
     throw CommandFailure(ExitStatus::kRefused,
                          titleOf(book) + " has the keyword " + arguments.newWord + " already");
   }

@@ -1,18 +1,69 @@
 #include "cli/side_file_rules.h"
 
+#include <optional>
+#include <string_view>
+#include <utility>
+
 #include "cli/failure.h"
 #include "cli/required_document.h"
+#include "cli/text_list.h"
 #include "platform/text.h"
+#include "platform/xml_writer.h"
 #include "sidefiles/keyword_rules.h"
 #include "sidefiles/names.h"
+#include "workflow/driver/run_lists.h"
 
 namespace quorbind {
+
+namespace {
+
+constexpr std::string_view kNotHeld =
+    " can not be kept: it holds a character that no XML file can hold";
+
+bool fitsFile(std::string_view text) {
+  return xmlCharactersOnly(text) == text;
+}
+
+std::optional<UserMessage> findFault(const std::string& keyword) {
+  if (auto fault = findKeywordFault(keyword)) {
+    return std::move(fault->box);
+  }
+  return fitsFile(keyword) ? std::nullopt
+                           : std::optional(criticalMessage(
+                                 std::string("the keyword ").append(keyword).append(kNotHeld)));
+}
+
+std::string categoryFault(const std::string& name, std::string_view fault) {
+  return std::string("the category ").append(name).append(fault);
+}
+
+using Faults = std::vector<std::string>;
+
+Faults faultsOfCategories(const std::vector<std::string>& names) {
+  Faults faults;
+  for (const std::string& name : names) {
+    if (contains(name, "'")) {
+      faults.push_back(categoryFault(name, " can not be looked up: it holds an apostrophe"));
+    } else if (!fitsFile(name)) {
+      faults.push_back(categoryFault(name, kNotHeld));
+    }
+  }
+  return faults;
+}
+
+void requireNone(const Faults& faults) {
+  if (!faults.empty()) {
+    throw CommandFailure(ExitStatus::kRefused, joined(faults, "\r"));
+  }
+}
+
+}  // namespace
 
 void requireKeywords(Wiring& wiring, const std::vector<std::string>& words) {
   bool areAccepted = true;
   for (const std::string& word : words) {
-    if (const auto fault = findKeywordFault(word)) {
-      wiring.ui.show(fault->box);
+    if (const auto fault = findFault(word)) {
+      wiring.ui.show(*fault);
       areAccepted = false;
     }
   }
@@ -42,13 +93,16 @@ bool mayMakeCategories(Wiring& wiring, const LibraryPaths& library) {
 }
 
 void requireCategoryNames(const std::vector<std::string>& names) {
-  for (const std::string& name : names) {
-    if (contains(name, "'")) {
-      throw CommandFailure(
-          ExitStatus::kRefused,
-          "the category " + name + " can not be looked up: it holds an apostrophe");
-    }
+  requireNone(faultsOfCategories(names));
+}
+
+void requireCategoryList(const std::string& list) {
+  const ChosenCategories chosen = chooseCategories(list);
+  Faults faults = faultsOfCategories(chosen.taken);
+  for (const std::string& name : chosen.leftOut) {
+    faults.push_back(categoryFault(name, " can not be one of several: it holds one of & < > \" '"));
   }
+  requireNone(faults);
 }
 
 }  // namespace quorbind

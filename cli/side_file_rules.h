@@ -11,7 +11,8 @@
 
 namespace quorbind {
 
-/// Tells the user of every word that breaks a rule for keywords; with one the subcommand ends.
+/// Tells the user of every word that breaks a rule for keywords or that no file can hold; with one
+/// the subcommand ends.
 void requireKeywords(Wiring& wiring, const std::vector<std::string>& words);
 
 /// The server's default categories can be read. Making a categories file from defaults that don't
@@ -22,7 +23,12 @@ void requireDefaultCategories(const Platform& platform, const LibraryPaths& libr
 /// that is filed, and the defaults load. The user is told why not.
 bool mayMakeCategories(Wiring& wiring, const LibraryPaths& library);
 
-/// Categories are looked up between apostrophes. A CommandFailure for a name that holds one.
+/// Categories are looked up between apostrophes. A CommandFailure that tells of every name that
+/// holds one, or that no file can hold.
 void requireCategoryNames(const std::vector<std::string>& names);
+
+/// The same for the categories of an addition, given as one text. A list of several must not hold
+/// what the component leaves out of it without a word.
+void requireCategoryList(const std::string& list);
 
 }  // namespace quorbind

@@ -11,6 +11,7 @@
 // `Abandoned` passes both: a run that its user interface gave up must not go on.
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 #include "platform/abandoned.h"
@@ -49,17 +50,25 @@ bool trapped(UserInterface& ui, const ErrorSource& source, Body&& body) {
   });
 }
 
-/// Runs one statement and answers the number of the error that it ended with, 0 for none.
+/// Runs one statement and answers the error that it ended with, which somebody may still have to
+/// tell.
 template <typename Statement>
-std::int32_t ignoringErrors(Statement&& statement) {
+std::optional<RunTimeError> errorOf(Statement&& statement) {
   try {
     std::forward<Statement>(statement)();
-    return 0;
+    return std::nullopt;
   } catch (const Abandoned&) {
     throw;
   } catch (...) {
-    return currentRunTimeError().number();
+    return currentRunTimeError();
   }
+}
+
+/// Runs one statement and answers the number of the error that it ended with, 0 for none.
+template <typename Statement>
+std::int32_t ignoringErrors(Statement&& statement) {
+  const auto error = errorOf(std::forward<Statement>(statement));
+  return error ? error->number() : 0;
 }
 
 }  // namespace quorbind

@@ -10,10 +10,21 @@
 namespace quorbind {
 
 /// A one-dimensional array of texts as hosts hand it over: its first element has whatever index the
-/// caller gave it. An array that the caller never set has no elements.
+/// caller gave it. One without elements still has its bounds, which one that the caller never set
+/// has not.
 struct TextArray {
   std::vector<std::string> texts;
   std::int32_t lowerBound = 0;
+  bool isSet = true;
+
+  /// An array that the caller never set. It has no elements either.
+  static TextArray unset() { return {.texts = {}, .lowerBound = 0, .isSet = false}; }
+  /// Raises 9 for an array that was never set, as asking for its bounds does in a host.
+  void requireSet() const {
+    if (!isSet) {
+      raise(ErrorNumber::kSubscriptOutOfRange);
+    }
+  }
 
   /// The index of the last element; one below `lowerBound` when there is none.
   [[nodiscard]] std::int64_t upperBound() const {

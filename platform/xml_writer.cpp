@@ -196,9 +196,12 @@ void XmlWriter::textElement(std::string_view name, std::string_view text) {
   endElement();
 }
 
-void XmlWriter::endDocument() {
+void XmlWriter::endDocument(XmlLastLine lastLine) {
   while (!open_.empty()) {
     endElement();
+  }
+  if (lastLine == XmlLastLine::kEnded) {
+    endLine();
   }
   flush();
 }
@@ -206,16 +209,15 @@ void XmlWriter::endDocument() {
 /// Brings the text to where an element, a comment or an instruction begins.
 void XmlWriter::beginNode() {
   closeStartTag();
+  endLine();
   if (!open_.empty() && open_.back().layout == XmlLayout::kIndented) {
     beginLine(open_.size());
   }
 }
 
-/// After every node that is complete. Outside of the root each ends its own line.
+/// After every node that is complete. Outside of the root each has a line of its own.
 void XmlWriter::endNode() {
-  if (open_.empty()) {
-    buffer_ += kLineEnd;
-  }
+  lineOpen_ = open_.empty();
   if (buffer_.size() >= kFlushSize) {
     flush();
   }
@@ -231,6 +233,13 @@ void XmlWriter::closeStartTag() {
   if (startTagOpen_) {
     buffer_ += '>';
     startTagOpen_ = false;
+  }
+}
+
+void XmlWriter::endLine() {
+  if (lineOpen_) {
+    buffer_ += kLineEnd;
+    lineOpen_ = false;
   }
 }
 

@@ -19,14 +19,18 @@ enum class XmlLayout {
   kAsWritten,  ///< The caller's: nothing is added inside the element, however deep.
 };
 
+/// Whether a line end stands behind the document.
+enum class XmlLastLine { kEnded, kOpen };
+
 /// Writes an XML document piece by piece, laid out with one tab per depth and CR LF: the same bytes
 /// in every build.
 ///
 /// An element with text stands on one line; one without any content is an empty-element tag. Each
 /// comment and each processing instruction has a line of its own, and the last line of the document
-/// ends like every other. Markup characters, and those that a parser would not give back (CR, and
-/// line ends and tabs in attributes), are written as references; LF is written as CR LF, which a
-/// parser gives back as LF. A character that XML can't hold is written as U+FFFD.
+/// ends like every other, unless it is asked not to. Markup characters, and those that a parser
+/// would not give back (CR, and line ends and tabs in attributes), are written as references; LF is
+/// written as CR LF, which a parser gives back as LF. A character that XML can't hold is written as
+/// U+FFFD.
 ///
 /// Names are written as they are given. The declaration line is the caller's.
 class XmlWriter {
@@ -56,7 +60,7 @@ class XmlWriter {
   [[nodiscard]] std::size_t depth() const { return open_.size(); }
 
   /// Ends every element still open and hands the rest of the text to the sink.
-  void endDocument();
+  void endDocument(XmlLastLine lastLine = XmlLastLine::kEnded);
 
  private:
   struct Element {
@@ -68,6 +72,7 @@ class XmlWriter {
   void endNode();
   void beginCharacterData();
   void closeStartTag();
+  void endLine();
   void beginLine(std::size_t depth);
   void flush();
 
@@ -77,6 +82,8 @@ class XmlWriter {
   std::vector<Element> open_;
   std::string openNames_;
   bool startTagOpen_ = false;
+  /// Outside of the root: the line of the last node has not been ended.
+  bool lineOpen_ = false;
 };
 
 /// Whether a comment can hold `text`: no `--`, and no `-` at its end.

@@ -63,7 +63,7 @@ std::string treeOf(UserInterface& ui, const Names& categories) {
     GenerateXMLTag(ui, writer, category_names::kName, name);
     writer.endElement();
   }
-  writer.endDocument();
+  writer.endDocument(XmlLastLine::kOpen);
   return tree;
 }
 

@@ -93,6 +93,20 @@ void appendOneByOne(OtherCategory& category, const std::vector<std::string>& acr
   }
 }
 
+/// Raises what the first acronym that can't be appended meets.
+void append(OtherCategory& category, const std::vector<std::string>& acronyms) {
+  if (acronyms.empty()) {
+    return;
+  }
+  if (const auto error = errorOf([&] { appendAtOnce(category, acronyms); })) {
+    if (!category.load()) {
+      throw RunTimeError(*error);
+    }
+    // Where they don't fit on the disk together, the first ones may.
+    appendOneByOne(category, acronyms);
+  }
+}
+
 }  // namespace
 
 void AddCategoryNode(const Platform& platform,
@@ -116,7 +130,7 @@ void AddCategoryNodes(const Platform& platform,
                       ProcessState& state,
                       std::span<const std::string> categories) {
   CategoryFile file(platform, state.currentCategoriesPath);
-  ListedChanges changes(file);
+  ListedChanges changes(file, platform.ui, source::kAddCategoryNode);
   for (const std::string& category : categories) {
     changes.make([&] { return file.fileBook(category, state.currentBookAcro); },
                  [&] { AddCategoryNode(platform, state, category, {}, {}); });
@@ -150,11 +164,7 @@ void Addothercategory(const Platform& platform,
       return;
     }
     const Chosen chosen = chooseAcronyms(category.acronyms(), vstrothCateBookAcro);
-    // Where they don't fit on the disk together, the first ones may.
-    if (!chosen.acronyms.empty() &&
-        ignoringErrors([&] { appendAtOnce(category, chosen.acronyms); }) != 0 && category.load()) {
-      appendOneByOne(category, chosen.acronyms);
-    }
+    append(category, chosen.acronyms);
     if (chosen.outOfBounds) {
       raise(ErrorNumber::kSubscriptOutOfRange);
     }

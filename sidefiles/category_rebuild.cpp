@@ -90,6 +90,16 @@ const std::string& otherCategory() {
   return kName;
 }
 
+/// Whether the file, with which `error` happened, can't be read any more. Then nothing that is done
+/// again would tell of it, and the user is told here as the first filing would have done.
+bool tellOfLoss(const Platform& platform, CategoryFile& file, const RunTimeError& error) {
+  const bool isGone = file.isGone();
+  if (isGone) {
+    reportError(platform.ui, source::kAddBookAcro, error);
+  }
+  return isGone;
+}
+
 /// Files the books without a category under the one for them. The published way is to do so behind
 /// each book, again with those before it; once at the end leaves the same, unless it can't be
 /// saved.
@@ -97,14 +107,14 @@ void fileUncategorised(const Platform& platform, const std::string& path, const 
   if (entriesOf(filings.uncategorised()).empty()) {
     return;
   }
-  const int error = ignoringErrors([&] {
-    CategoryFile file(platform, path);
+  CategoryFile file(platform, path);
+  const auto error = errorOf([&] {
     if (file.load()) {
       file.addAcronyms(otherCategory(), entriesOf(filings.uncategorised()));
       file.save();
     }
   });
-  if (error != 0) {
+  if (error && !tellOfLoss(platform, file, *error)) {
     filings.afterEachBook(
         [&](const TextArray& acronyms) { AddBookAcro(platform, otherCategory(), acronyms, path); });
   }
@@ -148,11 +158,14 @@ class Rebuild {
   }
 
   void fileQuietly(std::span<const std::string> names) {
-    if (names.empty() || ignoringErrors([&] { fileTogether(names); }) == 0) {
+    if (names.empty()) {
       return;
     }
-    for (const std::string& name : names) {
-      fileAlone(name);
+    const auto error = errorOf([&] { fileTogether(names); });
+    if (error && !tellOfLoss(platform_, file_, *error)) {
+      for (const std::string& name : names) {
+        fileAlone(name);
+      }
     }
   }
 

@@ -15,8 +15,9 @@ inline TextArray noEntries() {
   return {{std::string()}};
 }
 
-/// The elements behind the first.
+/// The elements behind the first. Raises 9 for an array that was never set.
 inline std::span<const std::string> entriesOf(const TextArray& array) {
+  array.requireSet();
   const std::span<const std::string> all(array.texts);
   return all.empty() ? all : all.subspan(1);
 }

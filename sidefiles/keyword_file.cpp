@@ -65,7 +65,7 @@ void CreateKeywordXmlFile(const Platform& platform, const std::string& vstrPath)
     writeHeader(file, platform.locale);
     XmlWriter writer([&file](std::string_view text) { file.write(text); });
     writer.startElement(keyword_names::kBooks);
-    writer.endDocument();
+    writer.endDocument(XmlLastLine::kOpen);
     file.close();
   });
 }

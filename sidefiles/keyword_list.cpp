@@ -59,7 +59,7 @@ class KeywordList {
   const std::string& path_;
   const std::string& book_;
   KeywordFile file_;
-  ListedChanges changes_{file_};
+  ListedChanges changes_{file_, platform_.ui, source::kAddKeywordsToXmlFile};
   std::unique_ptr<XmlTextRules> rules_;
 };
 
@@ -70,6 +70,7 @@ void AddKeywords(const Platform& platform,
                  const TextArray& vstrArrKeywords,
                  const std::string& vstrKeywordsPath) {
   trapped(platform.ui, source::kAddKeywords, [&] {
+    vstrArrKeywords.requireSet();
     if (vstrArrKeywords.upperBound() >= 1) {
       KeywordList(platform, vstrKeywordsPath, state.currentBookName).add(vstrArrKeywords.texts);
     }

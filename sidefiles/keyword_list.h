@@ -9,7 +9,8 @@
 namespace quorbind {
 
 /// Adds the keywords of the current book that the user entered, all elements of the array, its
-/// first included; an array whose upper bound is below 1 adds none.
+/// first included; an array whose upper bound is below 1 adds none, one that was never set is an
+/// error (9). Unexpected errors are told in a box.
 ///
 /// A keyword with "##" or with a blank inside is refused with a box and ends the list; one with the
 /// text of a markup character is refused with a box and left out. The others are stored as

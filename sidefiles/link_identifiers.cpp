@@ -106,12 +106,16 @@ void GenerateBookLinkID(const Platform& platform,
   });
 }
 
+std::string linkFileBesideBook(const std::string& serverFolder, const std::string& bookFolder) {
+  return linkFileIn(serverFolder, productIn(bookFolder));
+}
+
 void AddLinkIDInfo(const Platform& platform,
                    const ProcessState& state,
                    const std::string& serverFolder,
                    const std::string& bookFolder) {
   trapped(platform.ui, source::kAddLinkIdInfo, [&] {
-    const std::string from = linkFileIn(serverFolder, productIn(bookFolder));
+    const std::string from = linkFileBesideBook(serverFolder, bookFolder);
     if (platform.files.fileExists(from)) {
       platform.toolset.createLinkFileServices()->MergeLinkIDFiles(
           linkFileIn(serverFolder, state.currentProductName), from);

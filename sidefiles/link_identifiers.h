@@ -29,11 +29,15 @@ void GenerateBookLinkID(const Platform& platform,
                         const std::string& bookAcronym,
                         const std::string& exportPath);
 
+/// The file of identifiers of the product that a book file is taken from, whether it is there or
+/// not. `serverFolder` holds the products' folders and ends with a separator: a host's
+/// `strServerPath`. `bookFolder` is where the book file lies; the part behind its first "Docs"
+/// names the product.
+std::string linkFileBesideBook(const std::string& serverFolder, const std::string& bookFolder);
+
 /// Brings the identifiers of another product, from which a book file is added, into those of the
-/// current one. `serverFolder` holds the products' folders and ends with a separator: a host's
-/// `strServerPath`. `bookFolder` is where the book file was taken from, the driver's working
-/// folder; the part behind its first "Docs" names the other product. Where that has no file nothing
-/// happens. Errors are told.
+/// current one. The folders are as for linkFileBesideBook; `bookFolder` is the driver's working
+/// folder. Where the other product has no file nothing happens. Errors are told.
 void AddLinkIDInfo(const Platform& platform,
                    const ProcessState& state,
                    const std::string& serverFolder,

@@ -61,7 +61,7 @@ void LinkIdentifierList::requireFile() {
   }
   path_ = linkFileOf(platform_.toolset, state_.currentProductName);
   file_.emplace(platform_, path_);
-  changes_.emplace(*file_);
+  changes_.emplace(*file_, platform_.ui, source::kAddToLinkIdFile);
 }
 
 void LinkIdentifierList::requireOthers() {

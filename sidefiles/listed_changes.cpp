@@ -26,13 +26,24 @@ void ListedChanges::make(const Change& change, Alone alone) {
 
 bool ListedChanges::settle() {
   const std::vector<Alone> items = std::exchange(unsaved_, {});
-  if (items.empty() || ignoringErrors([this] { file_.save(); }) == 0) {
+  if (items.empty()) {
     return true;
+  }
+  const auto error = errorOf([this] { file_.save(); });
+  if (error) {
+    doAgain(items, *error);
+  }
+  return !error;
+}
+
+void ListedChanges::doAgain(std::span<const Alone> items, const RunTimeError& saveError) {
+  if (file_.isGone()) {
+    reportError(ui_, source_, saveError);
+    items = items.subspan(1);
   }
   for (const Alone& alone : items) {
     alone();
   }
-  return false;
 }
 
 void walkAndSettle(const std::function<void()>& walk, const std::function<void()>& settle) {

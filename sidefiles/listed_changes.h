@@ -7,11 +7,17 @@
 // one save, at the end of the list or as soon as an item has something to tell: before a box is
 // shown, and before an error ends the list, the file holds everything that came before. Where that
 // one save fails, the items are done again alone, each from the file and back, because some of them
-// may still fit on the disk and each of them has a failure of its own to tell.
+// may still fit on the disk and each of them has a failure of its own to tell. When the file can't
+// even be read any more, the first of them would not get as far as that save: its failure is told
+// as it came.
 
 #include <functional>
+#include <span>
 #include <vector>
 
+#include "platform/error_sources.h"
+#include "platform/runtime_error.h"
+#include "platform/user_interface.h"
 #include "sidefiles/side_file.h"
 
 namespace quorbind {
@@ -25,8 +31,9 @@ class ListedChanges {
   /// Does the same item by itself: reads the file, changes it, saves it, and tells its failures.
   using Alone = std::function<void()>;
 
-  /// Kept by reference.
-  explicit ListedChanges(SideFile& file) : file_(file) {}
+  /// All are kept by reference. `source` words what an item alone would tell of a save.
+  ListedChanges(SideFile& file, UserInterface& ui, const ErrorSource& source)
+      : file_(file), ui_(ui), source_(source) {}
 
   /// Does one item: in memory when the file loads and the change succeeds, else alone.
   void make(const Change& change, Alone alone);
@@ -36,7 +43,11 @@ class ListedChanges {
   bool settle();
 
  private:
+  void doAgain(std::span<const Alone> items, const RunTimeError& saveError);
+
   SideFile& file_;
+  UserInterface& ui_;
+  const ErrorSource& source_;
   /// The items since the last save, from the first that changed something on.
   std::vector<Alone> unsaved_;
 };

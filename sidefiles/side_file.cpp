@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/error_trap.h"
+
 namespace quorbind {
 
 SideFile::SideFile(const Platform& platform, std::string path)
@@ -30,6 +32,14 @@ void SideFile::forget() {
   dropIndex();
   document_.reset();
   loaded_ = false;
+}
+
+bool SideFile::isGone() {
+  forget();
+  bool loads = true;
+  ignoringErrors([&] { loads = load(); });
+  forget();
+  return !loads;
 }
 
 XmlNode appendTextElement(XmlDocument& document,

@@ -27,6 +27,9 @@ class SideFile {
   void save();
   /// The next `load` reads the file again.
   void forget();
+  /// Whether a file that could be read before can't any more: what is done again with it then would
+  /// do nothing, and mostly say nothing.
+  [[nodiscard]] bool isGone();
 
  protected:
   [[nodiscard]] const Platform& platform() const { return platform_; }

@@ -103,6 +103,73 @@ TEST_F(AddWithRecords, AKeywordThatBreaksARuleIsRefusedBeforeAnythingIsWritten) 
   EXPECT_EQ(disk.contents(), before);
 }
 
+TEST_F(AddWithRecords, ACategoryThatCouldNotBeRecordedIsRefusedBeforeAnythingIsWritten) {
+  const Tree before = disk.contents();
+  const std::string end = "quorbind: toc.txt: nothing was added\n";
+  expectNothingAdded(
+      addAlarms({"--categories", "O'Neil"}),
+      1,
+      "critical: the category O'Neil can not be looked up: it holds an apostrophe\n" + end);
+  expectNothingAdded(addAlarms({"--categories", "c\x01y"}),
+                     1,
+                     "critical: the category c\\x01y can not be kept: it holds a character that no "
+                     "XML file can hold\n" +
+                         end);
+  for (const char* separator : {";", ","}) {
+    expectNothingAdded(
+        addAlarms(
+            {"--categories", std::string("Training") + separator + " R&D" + separator + "O'Neil"}),
+        1,
+        "critical: the category R&D can not be one of several: it holds one of & < > \" '\n"
+        "the category O'Neil can not be one of several: it holds one of & < > \" '\n" +
+            end);
+  }
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(AddWithRecords, ASingleCategoryMayHoldMarkupCharacters) {
+  const Outcome outcome = addAlarms({"--categories", " R&D <x> "});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_NE(tree(kCategories, "BookSet_Categories")
+                .find("\t\t<CategoryName>R&amp;D &lt;x&gt;</CategoryName>\n"
+                      "\t\t<BookAcro>ALM</BookAcro>\n"),
+            std::string::npos);
+}
+
+TEST_F(AddWithRecords, EveryKeywordThatBreaksARuleIsTold) {
+  expectNothingAdded(
+      addAlarms({"--keywords", "a##;alarm;two words;x\x01y"}),
+      1,
+      "message: Search keyword should not contain '##' in it.\n"
+      "message: Search keyword should not have any spaces in between the characters\n"
+      "critical: the keyword x\\x01y can not be kept: it holds a character that no XML file can "
+      "hold\n"
+      "quorbind: toc.txt: nothing was added\n");
+}
+
+TEST_F(AddWithRecords, NoCategoriesFileIsMadeForABookWithoutCategories) {
+  std::filesystem::remove(disk.path() / kCategories);
+  const Outcome outcome = addAlarms({"--create-categories"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err,
+            "information: --create-categories is not used: there are no --categories\n");
+  EXPECT_FALSE(disk.has(kCategories));
+}
+
+TEST_F(AddWithRecords, NoCategoriesFileIsMadeFromDefaultsOfAnotherKind) {
+  std::filesystem::remove(disk.path() / kCategories);
+  disk.write("server/Docs/Quor_DefaultCategories.xml", "<Defaults/>");
+  const Outcome outcome = addAlarms({"--create-categories", "--categories", "Training"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err,
+            "information: --create-categories is not used: "
+            "DISK/server/Docs/Quor_DefaultCategories.xml: the element Default_Categories is "
+            "missing\n"
+            "information: --categories is not used: the library has no categories file\n");
+  EXPECT_FALSE(disk.has(kCategories));
+}
+
 TEST_F(AddWithRecords, TheCategoriesFileIsMadeOnlyWhereThereIsNone) {
   const Outcome kept = addAlarms({"--create-categories", "--categories", "Training"});
   EXPECT_EQ(kept.status, 0);

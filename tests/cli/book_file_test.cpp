@@ -64,6 +64,18 @@ class BookFile : public CommandTest {
     EXPECT_EQ(disk.contents(), before);
   }
 
+  /// The book, in another library of the server.
+  void writeBookOfTools() const {
+    writeBook();
+    disk.write(kBookOfTools, disk.read("book.xml"));
+  }
+  static std::string linksWith(const std::string& identifier) {
+    return "<LINKS><IBD><ID><LinkID>" + identifier + "</LinkID></ID></IBD></LINKS>";
+  }
+
+  const std::string kBookOfTools = "server/Docs/Tools/Manual/book.xml";
+  const std::string kLinksOfTools = "server/Docs/Tools/Quor_LinkID.xml";
+
   [[nodiscard]] std::string books() const {
     return quorbind({"show", "--server", "server", "--library", "Plant"}).out;
   }
@@ -184,7 +196,62 @@ TEST_F(BookFile, WhoseFileCouldNotBePutInItsPlaceIsTakenOutAgain) {
   EXPECT_EQ(books(), "ACRONYM  NAME  FOLDER\n");
 }
 
+TEST_F(BookFile, BringsTheLinkIdentifiersOfTheLibraryThatItComesFrom) {
+  writeBookOfTools();
+  disk.write(kLinksOfTools, linksWith("X1"));
+  const Outcome outcome = addFile(kBookOfTools);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_NE(libraryText("Quor_LinkID.xml").find("\t\t\t<LinkID>X1</LinkID>\n"), std::string::npos);
+}
+
 // Bad input
+
+TEST_F(BookFile, WhoseLinkIdentifiersCouldNotBeBroughtIsNotAdded) {
+  const std::string ours = "server/Docs/Plant/Quor_LinkID.xml";
+  writeBookOfTools();
+  disk.write(kLinksOfTools, linksWith("X1"));
+  for (const auto& [damaged, other] : {std::pair{ours, kLinksOfTools}, {kLinksOfTools, ours}}) {
+    disk.write(other, linksWith("X2"));
+    for (const auto& [bytes, fault] : {std::pair{"<LINKS>\n<IBD>\n</LINKS>", ":3: "},
+                                       {"<Foreign/>", ": the element LINKS is missing\n"}}) {
+      disk.write(damaged, bytes);
+      const Tree before = disk.contents();
+      const Outcome outcome = addFile(kBookOfTools);
+      EXPECT_EQ(outcome.status, 4);
+      EXPECT_TRUE(outcome.err.starts_with("critical: DISK/" + damaged + fault)) << outcome.err;
+      EXPECT_TRUE(outcome.err.ends_with("quorbind: " + kBookOfTools + ": nothing was added\n"))
+          << outcome.err;
+      EXPECT_EQ(disk.contents(), before);
+    }
+  }
+}
+
+TEST_F(BookFile, OfTheLibraryItselfNeedsNoLinkIdentifiers) {
+  writeBook();
+  const std::string book = "server/Docs/Plant/Manual/book.xml";
+  disk.write(book, disk.read("book.xml"));
+  disk.write("server/Docs/Plant/Quor_LinkID.xml", "damaged");
+  EXPECT_EQ(addFile(book).status, 0);
+  EXPECT_EQ(disk.read("server/Docs/Plant/Quor_LinkID.xml"), "damaged");
+}
+
+TEST_F(BookFile, ThatCouldNotStateItsNewPlaceIsNotAdded) {
+  writeBook();
+  const std::string whole = disk.read("book.xml");
+  for (const auto& [element, name] : {std::pair{"<Book_Key/>", "Book_Key"},
+                                      {"<Book_Path>Old\\Manual</Book_Path>", "Book_Path"}}) {
+    disk.write("book.xml", replaceAll(whole, element, ""));
+    const Tree before = disk.contents();
+    const Outcome outcome = addBook();
+    EXPECT_EQ(outcome.status, 4);
+    EXPECT_EQ(outcome.err,
+              std::string("critical: DISK/book.xml: the element ") + name +
+                  " is missing\nquorbind: book.xml: nothing was added\n");
+    EXPECT_EQ(quorbind({"check", "book.xml"}).status, 0) << "it breaks no rule";
+    EXPECT_EQ(disk.contents(), before);
+  }
+}
 
 TEST_F(BookFile, ThatIsNotWellFormed) {
   expectNotParsed("<Book_Master>\n<Book>\n</Book_Master>\n", 3);

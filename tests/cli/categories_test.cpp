@@ -107,6 +107,16 @@ TEST_F(CategoryAdd, ANameThatCouldNotBeLookedUpIsRefused) {
                 "quorbind: Plant: nothing was changed\n");
 }
 
+TEST_F(CategoryAdd, ANameThatNoFileCanHoldIsRefused) {
+  for (const auto& [name, shown] : {std::pair{"c\x01y", "c\\x01y"}, {"c\xFFy", "c\uFFFDy"}}) {
+    expectRefusal({"categories", "add", name},
+                  1,
+                  std::string("critical: the category ") + shown +
+                      " can not be kept: it holds a character that no XML file can hold\n"
+                      "quorbind: Plant: nothing was changed\n");
+  }
+}
+
 TEST_F(CategoryAdd, ABlankNameIsWrongUsage) {
   expectRefusal({"categories", "add", " "},
                 2,
@@ -157,6 +167,14 @@ TEST_F(CategoryRename, ANameWithAnApostropheIsRefused) {
   expectRefusal({"categories", "rename", "Safety", "Ann's"},
                 1,
                 "critical: the category Ann's can not be looked up: it holds an apostrophe\n"
+                "quorbind: Plant: nothing was changed\n");
+}
+
+TEST_F(CategoryRename, ANameThatNoFileCanHoldIsRefused) {
+  expectRefusal({"categories", "rename", "Safety", "c\x01y"},
+                1,
+                "critical: the category c\\x01y can not be kept: it holds a character that no XML "
+                "file can hold\n"
                 "quorbind: Plant: nothing was changed\n");
 }
 
@@ -217,10 +235,12 @@ TEST_F(CategoryFileBook, ABookThatIsNotThereIsRefused) {
                 "quorbind: Plant: nothing was changed\n");
 }
 
-TEST_F(CategoryFileBook, WithOneThatCanNotBeLookedUpNothingIsFiled) {
-  expectRefusal({"categories", "file", "MRK", "Safety", "Bob's"},
+TEST_F(CategoryFileBook, WithOnesThatCanNotBeLookedUpNothingIsFiledAndEachIsTold) {
+  expectRefusal({"categories", "file", "MRK", "Safety", "Bob's", "c\x01y"},
                 1,
                 "critical: the category Bob's can not be looked up: it holds an apostrophe\n"
+                "the category c\\x01y can not be kept: it holds a character that no XML file can "
+                "hold\n"
                 "quorbind: Plant: nothing was changed\n");
 }
 

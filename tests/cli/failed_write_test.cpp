@@ -160,9 +160,10 @@ TEST_F(WithoutPermission, AFolderOfAPageThatCanNotBeWritten) {
 }
 
 TEST_F(WithoutPermission, ABookFilesPlaceThatCanNotBeWritten) {
-  disk.write("book.xml",
-             "<Book_Master><Book><Book_Name>A</Book_Name><Book_Acro>ALM</Book_Acro>"
-             "<Book_Path>P\\Manual</Book_Path></Book><HFile>a.htm</HFile></Book_Master>");
+  disk.write(
+      "book.xml",
+      "<Book_Master><Book><Book_Name>A</Book_Name><Book_Acro>ALM</Book_Acro>"
+      "<Book_Key/><Book_Path>P\\Manual</Book_Path></Book><HFile>a.htm</HFile></Book_Master>");
   disk.makeFolder("server/Docs/Plant/Manual");
   allow("server");
   forbid("server/Docs/Plant/Manual");

@@ -74,19 +74,24 @@ TEST_F(Init, MakesTheCategoriesFileFromTheDefaultsOfTheServer) {
             "\t<Category>\n"
             "\t\t<CategoryName>Other Category</CategoryName>\n"
             "\t</Category>\n"
-            "</BookSet_Categories>\n");
+            "</BookSet_Categories>");
 }
 
-TEST_F(Init, DefaultCategoriesThatDoNotLoadMakeNoLibrary) {
+TEST_F(Init, DefaultCategoriesThatDoNotLoadOrAreNoneMakeNoLibrary) {
   initLibrary();
-  disk.write("server/Docs/Quor_DefaultCategories.xml", "<Default_Categories>\n<");
-  const Tree before = disk.contents();
-  const Outcome outcome = init("Tools");
-  EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_TRUE(outcome.err.starts_with("critical: DISK/server/Docs/Quor_DefaultCategories.xml:2: "))
-      << outcome.err;
-  EXPECT_EQ(disk.contents(), before);
+  for (const auto& [bytes, fault] :
+       {std::pair{"<Default_Categories>\n<", ":2: "},
+        {"<Defaults/>", ": the element Default_Categories is missing\n"}}) {
+    disk.write("server/Docs/Quor_DefaultCategories.xml", bytes);
+    const Tree before = disk.contents();
+    const Outcome outcome = init("Tools");
+    EXPECT_EQ(outcome.status, 4);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(outcome.err.starts_with(
+        std::string("critical: DISK/server/Docs/Quor_DefaultCategories.xml") + fault))
+        << outcome.err;
+    EXPECT_EQ(disk.contents(), before);
+  }
 }
 
 TEST_F(Init, ACategoriesFileThatIsThereStaysAsItIs) {

@@ -175,6 +175,36 @@ TEST_F(KeywordAdd, WithOneThatBreaksARuleNoneIsAdded) {
                 "quorbind: Plant: nothing was changed\n");
 }
 
+TEST_F(KeywordAdd, TellsEveryFaultOfTheList) {
+  expectRefusal({"keywords", "add", "Alarms", "a##b", "bell", "a b"},
+                1,
+                "message: Search keyword should not contain '##' in it.\n"
+                "message: Search keyword should not have any spaces in between the characters\n"
+                "quorbind: Plant: nothing was changed\n");
+}
+
+// The text of such a character is what the character itself is stored as.
+TEST_F(KeywordAdd, TakesTheTextOfAQuoteOrAnApostropheForTheCharacter) {
+  disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"bell"})));
+  EXPECT_EQ(inPlant({"keywords", "add", "Alarms", "&quot;", "a&apos;b"}).status, 0);
+  const std::string file =
+      keywordsFile(keywordsOf("Alarms", {"bell", "&amp;quot;", "a&amp;apos;b"}));
+  EXPECT_EQ(text(kKeywords), file);
+  EXPECT_EQ(inPlant({"keywords", "add", "Alarms", "\"", "a'b"}).status, 0);
+  EXPECT_EQ(text(kKeywords), file) << "none twice";
+}
+
+TEST_F(KeywordAdd, WithOneThatNoFileCanHoldNoneIsAdded) {
+  for (const auto& [word, shown] :
+       {std::pair{"x\x01y", "x\\x01y"}, {"x\xFFy", "x\uFFFDy"}, {"\xEF\xBF\xBF", "\uFFFF"}}) {
+    expectRefusal({"keywords", "add", "Alarms", "bell", word},
+                  1,
+                  std::string("critical: the keyword ") + shown +
+                      " can not be kept: it holds a character that no XML file can hold\n"
+                      "quorbind: Plant: nothing was changed\n");
+  }
+}
+
 TEST_F(KeywordAdd, ABlankWordIsWrongUsage) {
   expectRefusal({"keywords", "add", "Alarms", " "},
                 2,
@@ -223,6 +253,24 @@ TEST_F(KeywordRename, TakesTheOldOneAsItIsTyped) {
                          keywordsOf(kMarkupInXml, {"Bell"})));
 }
 
+TEST_F(KeywordRename, TakesTheTextOfAQuoteForTheCharacter) {
+  writeKeywords();
+  EXPECT_EQ(inPlant({"keywords", "rename", "Alarms", "bell", "&quot;"}).status, 0);
+  EXPECT_EQ(text(kKeywords),
+            keywordsFile(keywordsOf("Alarms", {"&amp;quot;", "R&amp;amp;D"}) +
+                         keywordsOf(kMarkupInXml, {"Bell"})));
+  EXPECT_EQ(inPlant({"keywords", "rename", "Alarms", "&quot;", "horn"}).status, 0);
+  EXPECT_EQ(text(kKeywords),
+            keywordsFile(keywordsOf("Alarms", {"horn", "R&amp;amp;D"}) +
+                         keywordsOf(kMarkupInXml, {"Bell"})));
+}
+
+TEST_F(KeywordRename, FindsAKeywordThatAnotherHostStoredAsTyped) {
+  disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"R&amp;D"})));
+  EXPECT_EQ(inPlant({"keywords", "rename", "Alarms", "R&D", "bell"}).status, 0);
+  EXPECT_EQ(text(kKeywords), keywordsFile(keywordsOf("Alarms", {"bell"})));
+}
+
 TEST_F(KeywordRename, AsAnObject) {
   writeKeywords();
   EXPECT_EQ(inPlant({"keywords", "rename", "Alarms", "bell", "horn", "--json"}).out,
@@ -247,6 +295,11 @@ TEST_F(KeywordRename, OneThatTheBookHasAlreadyIsRefused) {
 
 TEST_F(KeywordRename, TheNewOnePassesTheRules) {
   writeKeywords();
+  expectRefusal({"keywords", "rename", "Alarms", "bell", "x\x01y"},
+                1,
+                "critical: the keyword x\\x01y can not be kept: it holds a character that no XML "
+                "file can hold\n"
+                "quorbind: Plant: nothing was changed\n");
   expectRefusal({"keywords", "rename", "Alarms", "bell", "a b"},
                 1,
                 "message: Search keyword should not have any spaces in between the characters\n"

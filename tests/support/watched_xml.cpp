@@ -1,6 +1,7 @@
 #include "tests/support/watched_xml.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "platform/runtime_error.h"
@@ -8,6 +9,8 @@
 namespace quorbind::testing {
 
 namespace {
+
+constexpr std::string_view kNowhere = "C:\\no such folder\\no such file";
 
 int countOf(const std::map<std::string, int>& counts, const std::string& path) {
   const auto found = counts.find(path);
@@ -23,10 +26,11 @@ class WatchedXml::Document final : public XmlDocument {
 
   XmlLoadResult load(std::string_view path) override {
     ++library_.loads_[std::string(path)];
-    return document_->load(path);
+    return document_->load(library_.isGone_ ? kNowhere : path);
   }
   void save(std::string_view path) override {
     ++library_.saves_[std::string(path)];
+    library_.requireDisk();
     library_.requireSpaceFor(*document_);
     document_->save(path);
   }
@@ -63,7 +67,14 @@ std::unique_ptr<XmlDocument> WatchedXml::createDocument() {
 }
 
 XmlLoadResult WatchedXml::scan(std::string_view path, XmlScanHandler& handler) {
-  return xml_.scan(path, handler);
+  return xml_.scan(isGone_ ? kNowhere : path, handler);
+}
+
+void WatchedXml::requireDisk() {
+  isGone_ = isGone_ || goesAway_;
+  if (isGone_) {
+    raise(ErrorNumber::kPathNotFound);
+  }
 }
 
 void WatchedXml::requireSpaceFor(XmlDocument& document) {

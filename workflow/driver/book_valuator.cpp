@@ -1,14 +1,10 @@
 #include "workflow/driver/book_valuator.h"
 
-#include <vector>
-
 #include "bookxml/names.h"
 #include "bookxml/toc_to_xml.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
-#include "platform/text.h"
-#include "platform/text_array.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
 #include "sidefiles/category_creation.h"
@@ -17,6 +13,7 @@
 #include "sidefiles/link_identifiers.h"
 #include "toc/book_place.h"
 #include "workflow/driver/book_file_copy.h"
+#include "workflow/driver/run_lists.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
 #include "workflow/inputs/input_check.h"
@@ -29,41 +26,6 @@ constexpr std::int32_t kProgressMaximum = 10;
 constexpr std::int32_t kProgressValidated = 2;
 constexpr std::int32_t kProgressConverted = 4;
 constexpr std::int32_t kProgressEntered = 8;
-
-constexpr std::string_view kListSeparator = ";";
-constexpr std::string_view kOtherListSeparator = ",";
-/// What a category in a list must not hold; one that does is left out.
-constexpr std::string_view kNotInCategories = "&<>\"'";
-
-TextArray piecesOf(const std::string& list, std::string_view separator) {
-  TextArray pieces;
-  for (const std::string_view piece : Pieces(list, separator)) {
-    pieces.texts.emplace_back(piece);
-  }
-  return pieces;
-}
-
-/// A single keyword gets an empty one in front of it: an array of one element adds nothing. A comma
-/// is part of a keyword.
-TextArray keywordsIn(const std::string& list) {
-  return contains(list, kListSeparator) ? piecesOf(list, kListSeparator) : TextArray{{"", list}};
-}
-
-/// A single category is taken as it is; from a list those that hold no markup character.
-std::vector<std::string> categoriesIn(const std::string& list) {
-  const TextArray pieces =
-      piecesOf(list, contains(list, kListSeparator) ? kListSeparator : kOtherListSeparator);
-  if (pieces.upperBound() < 1) {
-    return {std::string(trimBlanks(list))};
-  }
-  std::vector<std::string> categories;
-  for (const std::string& piece : pieces.texts) {
-    if (!containsAnyOf(piece, kNotInCategories)) {
-      categories.emplace_back(trimBlanks(piece));
-    }
-  }
-  return categories;
-}
 
 }  // namespace
 
@@ -215,19 +177,14 @@ void BookValuator::installBookFile(const BookValuatorArguments& arguments) {
   AddLinkIDInfo(platform_, module_.state, arguments.strServerPath, workingFolder_);
 }
 
-/// Rewrites the product and the path that the book file states. An element that it lacks stays
-/// missing.
+/// Rewrites the product and the path that the book file states. Raises 91 where it states none.
 void BookValuator::stateNewPlace(const std::string& bookFile, const std::string& productName) {
   const auto book = platform_.xml.createDocument();
   if (!book->load(bookFile)) {
     return;
   }
-  if (const XmlNode key = book->select(book_names::kKeyPath)) {
-    key.setText(productName);
-  }
-  if (const XmlNode path = book->select(book_names::kPathPath)) {
-    path.setText(productName + "\\" + bookFolder_);
-  }
+  book->select(book_names::kKeyPath).setText(productName);
+  book->select(book_names::kPathPath).setText(productName + "\\" + bookFolder_);
   book->save(bookFile);
 }
 
@@ -260,7 +217,7 @@ void BookValuator::recordCategories(const BookValuatorArguments& arguments) {
                           arguments.vstrBookCategoryPath,
                           arguments.vlngInstallType);
   }
-  AddCategoryNodes(platform_, module_.state, categoriesIn(arguments.strCategory));
+  AddCategoryNodes(platform_, module_.state, chooseCategories(arguments.strCategory).taken);
 }
 
 void BookValuator::end() {

@@ -28,6 +28,12 @@ TEST(TextArrays, RaiseNineOutsideTheirBounds) {
   }
 }
 
+TEST(TextArrays, AreSetUntilTheyAreSaidNotToBe) {
+  EXPECT_EQ(errorRaisedBy([] { TextArray{}.requireSet(); }), 0);
+  EXPECT_EQ(errorRaisedBy([] { TextArray::unset().requireSet(); }), 9);
+  EXPECT_TRUE(TextArray::unset().texts.empty());
+}
+
 TEST(TextArrays, ReachToTheEndOfTheIndices) {
   const TextArray array{{"a", "b"}, std::numeric_limits<std::int32_t>::max()};
   EXPECT_EQ(array.at(array.upperBound()), "b");

@@ -104,6 +104,16 @@ TEST(XmlWriter, GivesEachCommentOutsideTheRootALine) {
             "<!--three-->\r\n");
 }
 
+TEST(XmlWriter, LeavesTheLastLineOpenWhenItIsAskedTo) {
+  std::string text;
+  XmlWriter writer([&text](std::string_view piece) { text += piece; });
+  writer.comment("one");
+  writer.startElement("Books");
+  writer.startElement("Book");
+  writer.endDocument(XmlLastLine::kOpen);
+  EXPECT_EQ(text, "<!--one-->\r\n<Books>\r\n\t<Book/>\r\n</Books>");
+}
+
 TEST(XmlWriter, GivesCommentsAndInstructionsInsideAnElementALineToo) {
   EXPECT_EQ(written([](XmlWriter& writer) {
               writer.startElement("Books");

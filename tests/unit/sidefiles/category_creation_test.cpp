@@ -46,7 +46,7 @@ class CreateCategories : public SideFileTest {
       "\t<Category>\r\n"
       "\t\t<CategoryName>Other Category</CategoryName>\r\n"
       "\t</Category>\r\n"
-      "</BookSet_Categories>\r\n";
+      "</BookSet_Categories>";
 };
 
 TEST_F(CreateCategories, TakesTheNamesOfTheLargerProductInOrderForInstallationType1000) {
@@ -62,7 +62,7 @@ TEST_F(CreateCategories, TakesTheNamesOfTheLargerProductInOrderForInstallationTy
       "\t<Category>\r\n"
       "\t\t<CategoryName>Other Category</CategoryName>\r\n"
       "\t</Category>\r\n"
-      "</BookSet_Categories>\r\n");
+      "</BookSet_Categories>");
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
@@ -77,7 +77,7 @@ TEST_F(CreateCategories, TakesTheOrdinaryNamesForEveryOtherInstallationType) {
 TEST_F(CreateCategories, WritesTheHeaderAndAnEmptyRootWithoutReadingTheDefaultsWhenToldSo) {
   world_.disk.write("Docs/Quor_DefaultCategories.xml", "damaged");
   create(1000, true);
-  expectFile("<BookSet_Categories/>\r\n");
+  expectFile("<BookSet_Categories/>");
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
@@ -107,7 +107,7 @@ TEST_F(CreateCategories, LooksForTheDefaultsDirectlyBehindTheServerPath) {
       "\t<Category>\r\n"
       "\t\t<CategoryName>Other Category</CategoryName>\r\n"
       "\t</Category>\r\n"
-      "</BookSet_Categories>\r\n");
+      "</BookSet_Categories>");
   EXPECT_EQ(boxes().size(), 1U) << "for the defaults that were not there";
 }
 

@@ -166,6 +166,20 @@ TEST_F(FileBook, FilesUnderSeveralCategoriesInOneReadingAndOneWriting) {
   EXPECT_EQ(xml.savesOf(kPath), 1);
 }
 
+TEST_F(FileBook, UnderSeveralCategoriesReportsTheFirstWhenTheFileGoesAway) {
+  writeFile(categoriesWith(category("A") + category("B")));
+  const std::string before = file();
+  WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
+  xml.goAwayAtTheFirstSave();
+  const Platform& p = platform();
+  AddCategoryNodes(
+      {p.files, xml, p.ui, p.toolset, p.locale}, state(), std::vector<std::string>{"A", "B"});
+  EXPECT_EQ(file(), before);
+  EXPECT_THAT(boxes(),
+              ElementsAre("message: Error 76 (Path not found) in procedure AddCategoryNode of "
+                          "Class Module Quor_Book"));
+}
+
 class AddAcronyms : public CategoryFiling {
  protected:
   void add(const std::string& category, const TextArray& acronyms) {
@@ -209,6 +223,18 @@ TEST_F(AddAcronyms, LeavesOutTheFirstElementWhateverTheArraysBounds) {
   add("A", {});
   EXPECT_EQ(file(), categoriesWith(category("A", {"Y"})));
   EXPECT_THAT(boxes(), IsEmpty());
+}
+
+TEST_F(AddAcronyms, ReportsAnArrayThatWasNeverSetAndLeavesTheFileAsItIs) {
+  const std::string asItStands = "<BookSet_Categories></BookSet_Categories>";
+  add("A", TextArray::unset());
+  EXPECT_THAT(boxes(), IsEmpty()) << "there is no file to add to";
+  writeFile(asItStands);
+  add("A", TextArray::unset());
+  EXPECT_EQ(file(), asItStands);
+  EXPECT_THAT(boxes(),
+              ElementsAre("information: [Quorbind::Book_Config-AddBookAcro] "
+                          "9: Subscript out of range"));
 }
 
 TEST_F(AddAcronyms, AddsNothingToAnUnknownCategoryAndRewritesTheFile) {
@@ -319,6 +345,19 @@ TEST_F(AddToOther, ReportsAnUnknownCategoryUnlessThereIsNothingToAdd) {
                           "91: Object variable or With block variable not set"));
 }
 
+TEST_F(AddToOther, ReportsAnArrayThatWasNeverSetAndLeavesTheFileAsItIs) {
+  add(TextArray::unset());
+  EXPECT_THAT(boxes(), IsEmpty()) << "there is no file to add to";
+  for (const std::string& other : {category("Other Category"), category("Other Category", {"X"})}) {
+    writeFile(categoriesWith(other));
+    add(TextArray::unset());
+    EXPECT_EQ(file(), categoriesWith(other));
+  }
+  const std::string box =
+      "information: [Quorbind::Book_Config-AddOtherCategoryBookAcro] 9: Subscript out of range";
+  EXPECT_THAT(boxes(), ElementsAre(box, box));
+}
+
 TEST_F(AddToOther, SaysNothingWithoutAFileThatLoads) {
   add({{"", "Y"}});
   writeFile("<BookSet_Categories>");
@@ -337,6 +376,19 @@ TEST_F(AddToOther, WritesTheFileOnceForAllEntries) {
                    {{"", "A", "B", "C"}},
                    "");
   EXPECT_EQ(xml.savesOf(kPath), 1);
+}
+
+TEST_F(AddToOther, ReportsAFileThatGoesAway) {
+  writeFile(categoriesWith(category("Other Category", {"X"})));
+  WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
+  xml.goAwayAtTheFirstSave();
+  const Platform& p = platform();
+  Addothercategory(
+      {p.files, xml, p.ui, p.toolset, p.locale}, state(), "Other Category", {{"", "A", "B"}}, "");
+  EXPECT_EQ(file(), categoriesWith(category("Other Category", {"X"})));
+  EXPECT_THAT(boxes(),
+              ElementsAre("information: [Quorbind::Book_Config-AddOtherCategoryBookAcro] "
+                          "76: Path not found"));
 }
 
 // Published is one save per entry; where the disk is full for all of them, those that fit stay.

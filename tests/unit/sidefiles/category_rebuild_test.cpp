@@ -1,5 +1,6 @@
 #include "sidefiles/category_rebuild.h"
 
+#include "platform/xml_document.h"
 #include "tests/support/watched_xml.h"
 #include "tests/unit/sidefiles/side_file_test.h"
 
@@ -20,6 +21,16 @@ std::string book(std::string_view acronym, std::initializer_list<std::string_vie
   }
   return text + "</Book_Categories></Book>";
 }
+
+/// A machine without an XML library.
+class BrokenXml final : public XmlLibrary {
+ public:
+  std::unique_ptr<XmlDocument> createDocument() override { fail(); }
+  XmlLoadResult scan(std::string_view /*path*/, XmlScanHandler& /*handler*/) override { fail(); }
+
+ private:
+  [[noreturn]] static void fail() { raise(ErrorNumber::kCannotCreateObject); }
+};
 
 class CategoryRebuild : public SideFileTest {
  protected:
@@ -110,10 +121,48 @@ TEST_F(AcronymsOfCategory, ReportAFileThatCanNotBeSavedOncePerBook) {
   EXPECT_THAT(boxes(), ElementsAre(box, box));
 }
 
+TEST_F(AcronymsOfCategory, ReportAFileThatGoesAwayOnce) {
+  writeFile(categoriesWith(category("Other Category")));
+  writeCatalogue(book("PST", {"A"}) + book("ALM", {}) + book("TRD", {}));
+  WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
+  xml.goAwayAtTheFirstSave();
+  const Platform& p = platform();
+  const TextArray acronyms =
+      GetBookAcroValue({p.files, xml, p.ui, p.toolset, p.locale}, state(), "A", kCatalogue);
+  EXPECT_THAT(acronyms.texts, ElementsAre("", "PST"));
+  EXPECT_THAT(boxes(),
+              ElementsAre("information: [Quorbind::Book_Config-AddBookAcro] 76: Path not found"));
+}
+
+// Reading the catalogue is the operation's own; what filing meets AddBookAcro tells.
+TEST_F(AcronymsOfCategory, CanNotBeHadWithoutXml) {
+  BrokenXml xml;
+  const Platform& p = platform();
+  const TextArray acronyms =
+      GetBookAcroValue({p.files, xml, p.ui, p.toolset, p.locale}, state(), "A", kCatalogue);
+  EXPECT_THAT(acronyms.texts, IsEmpty());
+  EXPECT_THAT(boxes(),
+              ElementsAre("information: [Quorbind::Book_Config-GetBookAcroValue] "
+                          "429: ActiveX component can't create object"));
+}
+
 class RebuildCategories : public CategoryRebuild {
  protected:
   void rebuild() { GetBookAcroInfo(platform(), state(), kPath, kCatalogue); }
 };
+
+TEST_F(RebuildCategories, ReportsAFileThatGoesAwayOnce) {
+  writeFile(categoriesWith(category("A") + category("O'Neil") + category("Other Category")));
+  for (const std::string& uncategorised : {std::string(), book("TRD", {}) + book("DOS", {})}) {
+    writeCatalogue(book("ALM", {"A"}) + uncategorised);
+    WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
+    xml.goAwayAtTheFirstSave();
+    const Platform& p = platform();
+    GetBookAcroInfo({p.files, xml, p.ui, p.toolset, p.locale}, state(), kPath, kCatalogue);
+  }
+  const std::string box = "information: [Quorbind::Book_Config-AddBookAcro] 76: Path not found";
+  EXPECT_THAT(boxes(), ElementsAre(box, box)) << "once each";
+}
 
 TEST_F(RebuildCategories, FilesEveryBookUnderItsCategories) {
   writeFile(categoriesWith(category("A", {"OLD"}) + category("B") + category("Other Category")));

@@ -58,14 +58,14 @@ using CreateKeywords = KeywordsTest;
 
 TEST_F(CreateKeywords, WritesTheHeaderAndAnEmptyRoot) {
   CreateKeywordXmlFile(platform(), kPath);
-  EXPECT_EQ(world_.disk.read("kw.xml"), utf16File(std::string(kHeader) + "<Books/>\r\n"));
+  EXPECT_EQ(world_.disk.read("kw.xml"), utf16File(std::string(kHeader) + "<Books/>"));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
 TEST_F(CreateKeywords, ReplacesTheFileThatStandsThere) {
   writeFile("what stood here before");
   CreateKeywordXmlFile(platform(), kPath);
-  EXPECT_EQ(world_.disk.read("kw.xml"), utf16File(std::string(kHeader) + "<Books/>\r\n"));
+  EXPECT_EQ(world_.disk.read("kw.xml"), utf16File(std::string(kHeader) + "<Books/>"));
 }
 
 TEST_F(CreateKeywords, ReportsAFolderThatIsNotThere) {

@@ -128,6 +128,16 @@ class KeywordList : public SideFileTest {
       "message: Search keyword should not have any spaces in between the characters";
 };
 
+TEST_F(KeywordList, ReportsAnArrayThatWasNeverSetAndAddsNothing) {
+  add({});
+  EXPECT_THAT(boxes(), IsEmpty()) << "an array without elements is one";
+  add(TextArray::unset());
+  EXPECT_EQ(textOf("kw.xml"), "<Books/>");
+  EXPECT_THAT(boxes(),
+              ElementsAre("message: Error 9 (Subscript out of range) in procedure AddKeywords of "
+                          "User Control ctlBooksTab"));
+}
+
 TEST_F(KeywordList, AddsAllElementsOfTheArrayToTheCurrentBook) {
   add({{"a", " b ", "c>d"}});
   EXPECT_THAT(keywords(), ElementsAre("Alarms: a", "Alarms: b", "Alarms: c&gt;d"));

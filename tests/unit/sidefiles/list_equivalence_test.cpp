@@ -1,6 +1,6 @@
 // What the component does with a list in one reading and one writing leaves the same files and
 // shows the same boxes as the published way, item by item, for whatever stands in the files and in
-// the list, and on a disk that is full at any point.
+// the list, on a disk that is full at any point, and on one that goes away.
 
 #include <array>
 #include <functional>
@@ -206,6 +206,7 @@ class Round {
     const bool hasTextRules = !chance.oneIn(12);
     const bool diskIsSmall = chance.oneIn(3);
     const std::size_t space = 100 + chance.below(3000);
+    const bool diskGoesAway = chance.oneIn(6);
     for (Stage* stage : {&ours, &published}) {
       for (const auto& [name, content] : files) {
         stage->world.disk.write(name, content);
@@ -219,6 +220,9 @@ class Round {
       }
       if (diskIsSmall) {
         stage->xml.limitSavesTo(space);
+      }
+      if (diskGoesAway) {
+        stage->xml.goAwayAtTheFirstSave();
       }
       const Platform platform = stage->platform(mayMakeFiles);
       (stage == &ours ? once : plain)(platform, stage->world.state());

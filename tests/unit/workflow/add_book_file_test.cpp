@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "platform/text.h"
 #include "tests/support/book_run.h"
 #include "tests/support/catalogue_text.h"
 #include "tests/support/world.h"
@@ -169,7 +172,7 @@ TEST_F(AddBookFile, KeepsItsOwnAcronymInItsNameWhenTheUserGivesAnother) {
 
 TEST_F(AddBookFile, WithoutAnAcronymIsNamedAfterTheOneThatIsAskedFor) {
   world_.disk.write("in/pumps.xml",
-                    "<Book_Master><Book><Book_Path>P\\Manual</Book_Path></Book><Heading>"
+                    "<Book_Master><Book><Book_Key/><Book_Path>P\\Manual</Book_Path></Book><Heading>"
                     "<HFile>a.htm</HFile></Heading></Book_Master>");
   world_.user.answerWith(enterBook("Pumps", "NEW"));
   EXPECT_TRUE(run());
@@ -234,21 +237,22 @@ TEST_F(AddBookFile, InTheLibrarysOwnFolderNeverTakesThePlaceOfItsFiles) {
               HasSubstr("<Book_Path>Prod\\</Book_Path>"));
 }
 
-TEST_F(AddBookFile, LeavesOutOfItsPlaceWhatItDoesNotState) {
-  world_.disk.write("in/pumps.xml",
-                    "<Book_Master><Book><Book_Name>Pumps</Book_Name><Book_Acro>PMP</Book_Acro>"
-                    "</Book><Heading><HFile>a.htm</HFile></Heading></Book_Master>");
-  EXPECT_TRUE(run());
-  EXPECT_EQ(world_.disk.read("Docs/Prod/Book_PMP.xml"),
-            "<Book_Master>\r\n"
-            "\t<Book>\r\n"
-            "\t\t<Book_Name>Pumps</Book_Name>\r\n"
-            "\t\t<Book_Acro>PMP</Book_Acro>\r\n"
-            "\t</Book>\r\n"
-            "\t<Heading>\r\n"
-            "\t\t<HFile>a.htm</HFile>\r\n"
-            "\t</Heading>\r\n"
-            "</Book_Master>\r\n");
+TEST_F(AddBookFile, EndsTheRunWhenTheInstalledFileCanNotStateItsNewPlace) {
+  const std::string whole = world_.disk.read("in/pumps.xml");
+  const std::string before = catalogue();
+  for (const auto& [element, installed] :
+       {std::pair{"<Book_Key id=\"\">Old</Book_Key>", "Docs/Prod/Manual/Book_PMP.xml"},
+        {"<Book_Path>Old\\Manual</Book_Path>", "Docs/Prod/Book_PMP.xml"}}) {
+    world_.disk.write("in/pumps.xml", replaceAll(whole, element, ""));
+    EXPECT_FALSE(run());
+    EXPECT_EQ(world_.disk.read(installed), world_.disk.read("in/pumps.xml")) << "as it was copied";
+    EXPECT_EQ(catalogue(), before);
+  }
+  const std::string box =
+      "critical: Error(91): Object variable or With block variable not set\r"
+      "Quorbind: Quor_Book::Book_Valuator";
+  EXPECT_THAT(world_.user.recordWithoutProgress(), Not(Contains(HasSubstr("event"))));
+  EXPECT_THAT(world_.user.recordWithoutProgress(), Contains(box).Times(2));
 }
 
 TEST_F(AddBookFile, MayLieInTheLibraryAlready) {
@@ -283,6 +287,21 @@ TEST_F(AddBookFile, BringsTheLinkIdentifiersOfTheLibraryThatItComesFrom) {
             "\t</IBD>\n"
             "</LINKS>\n");
   EXPECT_EQ(world_.disk.read("Docs/Old/Quor_LinkID.xml"), links);
+}
+
+TEST_F(AddBookFile, BringsTheLinkIdentifiersBeforeItIsEnteredInTheCatalogue) {
+  world_.disk.write("Docs/Old/Quor_LinkID.xml", "damaged");
+  world_.disk.write("Docs/Old/Manual/pumps.xml", world_.disk.read("in/pumps.xml"));
+  arguments_.vstrtocpath = "C:\\Docs\\Old\\Manual\\pumps.xml";
+  EXPECT_TRUE(run());
+  const std::vector<std::string>& record = world_.user.record();
+  const auto box = std::find_if(record.begin(), record.end(), [](const std::string& entry) {
+    return entry.ends_with("\rQuorbind: Quor_Book::AddLinkIDInfo");
+  });
+  ASSERT_NE(box, record.end());
+  EXPECT_EQ(*(box - 1), "progress 4/10 File copying in progress...");
+  EXPECT_EQ(*(box + 1), "progress 8/10 File copying in progress...");
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Acro>PMP</Book_Acro>")) << "all the same";
 }
 
 TEST_F(AddBookFile, BringsNoLinkIdentifiersFromOutsideALibrary) {
