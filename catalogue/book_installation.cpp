@@ -20,9 +20,6 @@ namespace quorbind {
 
 namespace {
 
-/// What a single document is to the book dialog: no table of contents of any kind.
-constexpr std::int16_t kSingleDocument = 5;
-
 /// Files whose names hold one of these may have others that belong to them.
 constexpr std::string_view kPageMark = ".HTM";
 constexpr std::string_view kXmlMark = ".XML";
@@ -111,16 +108,14 @@ class BookInstallation {
 
   /// Asks for what is missing of name and acronym. False when the user gave up.
   bool nameBook() {
-    const auto rules = platform_.toolset.createXmlTextRules();
-    preset(state_.currentBookName, rules->mstrCheckSpecialCharecters(details_.name));
-    preset(state_.currentBookAcro, rules->mstrCheckSpecialCharecters(details_.acronym));
+    takeOver(details_.name, state_.currentBookName);
+    takeOver(details_.acronym, state_.currentBookAcro);
     if (!mbGetFormInput(module_, paths_.catalogue, kSingleDocument)) {
       return false;
     }
     frmBookInfo& form = module_.bookInfo;
-    // A name that was entered after a warning has not been brought into its stored form yet.
-    name_ = rules->mstrCheckSpecialCharecters(
-        state_.currentBookName.empty() ? form.txtBookName().text() : state_.currentBookName);
+    name_ =
+        state_.currentBookName.empty() ? stored(form.txtBookName().text()) : state_.currentBookName;
     acronym_ = state_.currentBookAcro.empty() ? form.txtBookAcro().text() : state_.currentBookAcro;
     return true;
   }
@@ -175,9 +170,13 @@ class BookInstallation {
   }
 
  private:
-  static void preset(std::string& current, const std::string& value) {
-    if (!value.empty()) {
-      current = value;
+  [[nodiscard]] std::string stored(const std::string& name) const {
+    return platform_.toolset.createXmlTextRules()->mstrCheckSpecialCharecters(name);
+  }
+
+  void takeOver(const std::string& detail, std::string& current) const {
+    if (!detail.empty()) {
+      current = stored(detail);
     }
   }
 

@@ -8,6 +8,9 @@
 
 namespace quorbind {
 
+/// What a single document is to the book dialog: no table of contents of any kind.
+inline constexpr std::int16_t kSingleDocument = 5;
+
 /// Installs one document as a book of its own. Book_Config tells the rules.
 void CreateQuorBookNodeForSEntry(Module& module,
                                  const std::string& strTocFile,

@@ -1,5 +1,7 @@
 #include "catalogue/book_merge.h"
 
+#include <optional>
+
 #include "bookxml/names.h"
 #include "catalogue/book_index.h"
 #include "catalogue/names.h"
@@ -59,23 +61,27 @@ void updateBookXml(XmlLibrary& xml, const std::string& path, const XmlNode& othe
   bookXml->save(path);
 }
 
-/// Brings an entry of the main catalogue up to what the other one says. Answers where the entry's
+/// Brings an entry of the main catalogue up to what the other one says. Answers where the book XML
 /// file lies below the catalogue's folder, put together from folder and file name in the order in
-/// which they stand.
-std::string updateEntry(XmlDocument& catalogue, const XmlNode& book, const XmlNode& otherBook) {
+/// which they stand; nothing when the entry names none, only a file with a type.
+std::optional<std::string> updateEntry(XmlDocument& catalogue,
+                                       const XmlNode& book,
+                                       const XmlNode& otherBook) {
   using namespace catalogue_names;
   std::string file;
+  bool hasBookXml = false;
   for (const XmlNode& child : book.children()) {
     const std::string name = child.name();
     if (name == kFolder || name == kBookFile) {
       file.append(file.empty() ? "" : "\\").append(child.text());
+      hasBookXml |= name == kBookFile && !child.firstAttribute();
     } else if (name == kKey) {
       copyLink(otherBook, child);
     } else if (name == kCategories) {
       copyCategories(catalogue, otherBook, child);
     }
   }
-  return file;
+  return hasBookXml ? std::optional(file) : std::nullopt;
 }
 
 void mergeBooks(XmlLibrary& xml,
@@ -87,8 +93,9 @@ void mergeBooks(XmlLibrary& xml,
     const std::string acronym = textOf(book, catalogue_names::kAcro);
     const std::string name = textOf(book, catalogue_names::kName);
     if (const XmlNode otherBook = otherBooks.find(name, acronym)) {
-      const std::string file = updateEntry(main, book, otherBook);
-      updateBookXml(xml, std::string(folderPartOf(mainPath)) + file, otherBook);
+      if (const auto file = updateEntry(main, book, otherBook)) {
+        updateBookXml(xml, std::string(folderPartOf(mainPath)) + *file, otherBook);
+      }
     }
   }
 }

@@ -54,8 +54,8 @@ void msetBookCategories(UserInterface& ui,
   });
 }
 
-/// Writes the categories into the book's entry. Answers whether the book has a book XML file: its
-/// entry has no type.
+/// Writes the categories into the book's entry. Answers whether the book has a book XML file: one
+/// that its entry names without a type.
 bool msetQuorProperties(UserInterface& ui,
                         XmlDocument& catalogue,
                         const std::string& cataloguePath,
@@ -66,7 +66,7 @@ bool msetQuorProperties(UserInterface& ui,
     bool hasBookXml = false;
     for (const XmlNode& child : catalogue.select(booksNamed(bookName)).children()) {
       if (child.name() == kBookFile) {
-        hasBookXml = !child.firstAttribute();
+        hasBookXml |= !child.firstAttribute();
       } else if (child.name() == kCategories) {
         msetBookCategories(ui, catalogue, child, categories, kCategory);
       }

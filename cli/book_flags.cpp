@@ -1,6 +1,5 @@
 #include "cli/book_flags.h"
 
-#include "bookxml/names.h"
 #include "cli/failure.h"
 #include "platform/paths.h"
 #include "platform/text.h"
@@ -31,10 +30,10 @@ void judgeByDialog(Wiring& wiring, Typing&& typing) {
 
 }  // namespace
 
-std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming, bool isSpared) {
+std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming) {
   const std::string form(layout::kBookInfo.name);
-  return {{form, std::string(kNameBox), "--name", naming.name, isSpared},
-          {form, std::string(kAcronymBox), "--acro", naming.acronym, isSpared}};
+  return {{form, std::string(kNameBox), "--name", naming.name},
+          {form, std::string(kAcronymBox), "--acro", naming.acronym}};
 }
 
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
@@ -43,9 +42,6 @@ void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
     scratch.bookInfo.type(kAcronymBox, naming.acronym.value_or(""));
     scratch.bookInfo.click(kOkButton);
   });
-  if (naming.acronym) {
-    requireNameThatFits(book_names::fileOf(*naming.acronym), "--acro");
-  }
 }
 
 void requireUsableFolder(Wiring& wiring, const std::string& folder) {

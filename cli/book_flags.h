@@ -18,12 +18,10 @@ struct BookNaming {
   std::optional<std::string> acronym;
 };
 
-/// What the flags answer in the book dialog. With both of them `isSpared` says that no dialog needs
-/// to be shown; the one that follows a duplicate then finds its answers used up.
-std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming, bool isSpared = false);
+/// What the flags answer in the book dialog.
+std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming);
 
-/// Name and acronym obey the rules of the book dialog, as far as they are given, and the acronym
-/// fits into the name of a file.
+/// Name and acronym obey the rules of the book dialog, as far as they are given.
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming);
 
 /// The folder obeys the rules of the folder dialog and lies in the library.

@@ -86,10 +86,11 @@ void offerSet(CLI::App& app, Task& task) {
     }
   });
   command.footer(
-      "At least one of the three is given; what is not given stays as it is. With --folder the "
-      "book file and its documents are\n"
-      "copied and the copy is changed; the catalogue goes on naming the old folder, and the old\n"
-      "files stay.");
+      "At least one of the three is given. The book keeps the folder and the link that are not\n"
+      "given; without --categories its book file gets those of its entry. With --folder the book\n"
+      "file and its documents are copied and the copy is changed; the catalogue goes on naming "
+      "the\n"
+      "old folder, and the old files stay.");
 }
 
 void addInstallRecords(CLI::App& command, InstallArguments& arguments) {
@@ -127,8 +128,8 @@ void offerInstall(CLI::App& app, Task& task) {
   addChange(command, arguments.change);
   command.footer(
       "The document gets a folder of its own in the library, named by the acronym. What is not\n"
-      "given of name and acronym is asked on the terminal; without one the run ends with status\n"
-      "6 and names the flag.");
+      "given of name and acronym, and what the catalogue has already, is asked on the terminal;\n"
+      "without one the run ends with status 6, or 1, and names the flag.");
 }
 
 void offerMerge(CLI::App& app, Task& task) {

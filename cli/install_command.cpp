@@ -1,9 +1,11 @@
 #include "cli/install_command.h"
 
-#include <algorithm>
+#include <sstream>
 #include <vector>
 
+#include "bookxml/names.h"
 #include "catalogue/book_config.h"
+#include "catalogue/book_installation.h"
 #include "cli/catalogue_reader.h"
 #include "cli/component_call.h"
 #include "cli/failure.h"
@@ -14,6 +16,7 @@
 #include "platform/file_system.h"
 #include "platform/paths.h"
 #include "platform/text.h"
+#include "workflow/driver/quor_book.h"
 
 namespace quorbind {
 
@@ -21,13 +24,24 @@ namespace {
 
 constexpr std::string_view kListSeparator = ";";
 
-bool isBlank(const std::optional<std::string>& text) {
-  return !text || trimBlanks(*text).empty();
+/// The list with a separator behind each entry: the component neither splits a single one at its
+/// commas nor puts an empty one in front of it.
+std::string closedList(const std::vector<std::string>& entries) {
+  std::string list;
+  for (const std::string& entry : entries) {
+    list.append(entry).append(kListSeparator);
+  }
+  return list;
 }
 
-/// A name and an acronym that are both given need no dialog.
-bool dialogIsSpared(const BookNaming& naming) {
-  return !isBlank(naming.name) && !isBlank(naming.acronym);
+/// In the list of categories a separator at the end would stand for an empty one. Without it one
+/// category alone is split at its commas.
+void requireCategoryThatStaysOne(const std::vector<std::string>& categories) {
+  if (categories.size() == 1 && contains(categories[0], ",")) {
+    throw CommandFailure(
+        ExitStatus::kRefused,
+        "the category " + categories[0] + " can not be the only one: it holds a comma");
+  }
 }
 
 class Installation {
@@ -46,11 +60,12 @@ class Installation {
     requireReadable(change_.platform().files, document_, arguments_.file);
     requireUsableFlags();
     requireUsableSideFiles();
+    askForNaming();
+    requireFreePlace();
     callAndSeeThatTheDocumentArrived();
     const auto books = readCatalogue(change_.platform(), change_.paths().catalogue);
     if (books.size() <= booksBefore_.size()) {
-      // The person gave the dialog up.
-      throw AlreadyTold(ExitStatus::kRefused);
+      throw CommandFailure(ExitStatus::kInternal, "the book is not in the catalogue");
     }
     return std::string(change_.said("Installed ", "Would install ")) + titleOf(books.back()) +
            " in " + change_.library() + ", " + placeOf(books.back()) + ": " + fileName_ + ".";
@@ -67,29 +82,56 @@ class Installation {
     if (naming.name || naming.acronym) {
       requireUsableNaming(change_.wiring(), naming);
     }
-    if (naming.acronym) {
-      requireFreePlace(*naming.acronym);
-    }
     requireKeywords(change_.wiring(), keywords_);
     requireCategoryNames(categories_);
+    requireCategoryThatStaysOne(categories_);
   }
 
-  /// The document gets a folder of its own, named by the acronym.
-  void requireFreePlace(const std::string& acronym) {
-    if (!staysInFolder(acronym)) {
+  /// The component would ask in the middle of its work, and take what is entered after a duplicate
+  /// without another look. Here every answer is looked at until nothing is said against it.
+  void askForNaming() {
+    Module& module = change_.module();
+    module.state.installationType = arguments_.installType;
+    module.bookInfo.setFileNameLabel(document_);
+    const auto& boxes = change_.wiring().ui.shown();
+    std::size_t boxesBefore = 0;
+    do {
+      boxesBefore = boxes.size();
+      if (!Quor_Book(module).mbGetFormInput(change_.paths().catalogue, kSingleDocument)) {
+        throw AlreadyTold(ExitStatus::kRefused);
+      }
+    } while (boxes.size() > boxesBefore);
+    name_ = module.state.currentBookName;
+    acronym_ = module.state.currentBookAcro;
+  }
+
+  /// The document gets a folder of its own, named by the acronym. Whatever comes there must not
+  /// take the place of another file.
+  void requireFreePlace() const {
+    if (!staysInFolder(acronym_)) {
       throw CommandFailure(ExitStatus::kRefused,
-                           "--acro " + acronym + " can not be the name of a folder");
+                           "--acro " + acronym_ + " can not be the name of a folder");
     }
-    const std::string folder = change_.paths().folder + "\\" + acronym;
-    const std::string target = folder + "\\" + fileName_;
-    FileSystem& files = change_.platform().files;
+    requireNameThatFits(book_names::fileOf(acronym_), "--acro");
+    const std::string folder =
+        change_.platform().files.absolutePath(change_.paths().folder + "\\" + acronym_);
     requireNoFile(folder);
-    if (!files.sameFile(target, document_)) {
-      requireNoFile(target);
+    for (const FileChange& change : rehearse()) {
+      if (change.kind == FileChange::Kind::kWritten && change.path.starts_with(folder + "\\")) {
+        requireNoFile(change.path);
+      }
     }
   }
 
-  void requireNoFile(const std::string& path) {
+  /// What the component would change. Only it knows what a page brings along.
+  [[nodiscard]] std::vector<FileChange> rehearse() const {
+    std::ostringstream unseen;
+    Wiring rehearsal(change_.paths().serverRoot, {.output = unseen}, {}, RunKind::kRehearsal);
+    callInstallation(rehearsal.module);
+    return rehearsal.files.changes();
+  }
+
+  void requireNoFile(const std::string& path) const {
     if (change_.platform().files.fileExists(path)) {
       throw CommandFailure(ExitStatus::kRefused,
                            nativeName(path) + ": the file is in the way; move it or delete it");
@@ -123,44 +165,32 @@ class Installation {
 
   void callAndSeeThatTheDocumentArrived() {
     try {
-      callComponent(change_.wiring(), [&] { callInstallation(); });
+      callComponent(change_.wiring(), [&] { callInstallation(change_.module()); });
     } catch (const AlreadyTold&) {
       takeOutEntryWithoutDocument();
       throw;
     }
   }
 
-  void callInstallation() {
-    const BookNaming& naming = arguments_.naming;
-    const bool isSpared = dialogIsSpared(naming);
-    Book_Config(change_.module())
-        .CreateQuorBookNodeForSEntry(document_,
-                                     fileName_,
-                                     "",
-                                     arguments_.type,
-                                     change_.library(),
-                                     arguments_.installType,
-                                     makesCategoriesFile_,
-                                     {{isSpared ? *naming.name : "",
-                                       isSpared ? *naming.acronym : "",
-                                       joined(keywords_, kListSeparator),
-                                       joined(categories_, kListSeparator)}});
+  void callInstallation(Module& module) const {
+    Book_Config(module).CreateQuorBookNodeForSEntry(
+        document_,
+        fileName_,
+        "",
+        arguments_.type,
+        change_.library(),
+        arguments_.installType,
+        makesCategoriesFile_,
+        {{name_, acronym_, closedList(keywords_), joined(categories_, kListSeparator)}});
   }
 
-  /// Entries are found by their name: one whose name another book has stays, or that one would go.
   void takeOutEntryWithoutDocument() {
     const std::string& catalogue = change_.paths().catalogue;
     const auto books = readCatalogue(change_.platform(), catalogue);
-    if (books.size() <= booksBefore_.size() ||
-        change_.platform().files.fileExists(bookFileOf(change_.paths(), books.back()))) {
-      return;
-    }
-    const std::string& name = books.back().name;
-    const bool isAlone = std::none_of(booksBefore_.begin(),
-                                      booksBefore_.end(),
-                                      [&](const ListedBook& book) { return book.name == name; });
-    if (isAlone) {
-      Book_Config(change_.module()).DeleteQuorNode(catalogue, name);
+    if (books.size() > booksBefore_.size() &&
+        !change_.platform().files.fileExists(bookFileOf(change_.paths(), books.back()))) {
+      // No other book has its name: the dialog was asked until it was free.
+      Book_Config(change_.module()).DeleteQuorNode(catalogue, books.back().name);
       tell(change_.wiring(), "the entry of " + titleOf(books.back()) + " was taken out again");
     }
   }
@@ -173,14 +203,15 @@ class Installation {
   const std::vector<std::string> categories_;
   std::vector<ListedBook> booksBefore_;
   bool makesCategoriesFile_ = false;
+  /// In its stored form.
+  std::string name_;
+  std::string acronym_;
 };
 
 }  // namespace
 
 ExitStatus runInstall(const InstallArguments& arguments) {
-  LibraryChange change(arguments.place,
-                       arguments.change,
-                       bookAnswers(arguments.naming, dialogIsSpared(arguments.naming)));
+  LibraryChange change(arguments.place, arguments.change, bookAnswers(arguments.naming));
   return change.run([&] { return Installation(arguments, change).run(); });
 }
 

@@ -14,6 +14,7 @@
 #include "platform/file_system.h"
 #include "platform/paths.h"
 #include "platform/text.h"
+#include "platform/toolset.h"
 #include "workflow/driver/quor_book.h"
 
 namespace quorbind {
@@ -33,6 +34,7 @@ class Renaming {
         book_(requireBookNamed(books_, arguments.name, change.library())) {}
 
   std::string run() {
+    requireLookedUpForm();
     requireWritable(change_.platform().files, catalogue_);
     requireUsableBookFile();
     askForNaming();
@@ -53,6 +55,15 @@ class Renaming {
     ListedBook book = book_;
     book.bookFile = book_names::fileOf(acronym);
     return bookFileOf(change_.paths(), book);
+  }
+
+  /// The component looks the name up in its stored form, which may be another book's.
+  void requireLookedUpForm() {
+    const auto rules = change_.platform().toolset.createXmlTextRules();
+    if (book_.name != rules->mstrCheckSpecialCharecters(arguments_.name)) {
+      throw CommandFailure(ExitStatus::kRefused,
+                           titleOf(book_) + " is stored in a form that is not looked up");
+    }
   }
 
   /// The component passes over a book file that does not load.
@@ -127,8 +138,7 @@ class Renaming {
       return readableName(book.name) == name_ && readableName(book.acronym) == acronym_;
     });
     if (!isThere) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           "the catalogue stores the name in a form that is not looked up");
+      throw CommandFailure(ExitStatus::kInternal, "the book has kept its name");
     }
   }
 

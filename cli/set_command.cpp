@@ -51,9 +51,11 @@ class PropertiesChange {
     }
   }
 
-  /// The operation sets all three; what is not given is set to what it is.
+  /// The operation sets all three; what is not given is set to what it is. It makes nothing of an
+  /// empty category.
   void planChange() {
     wanted_ = book_;
+    std::erase(wanted_.categories, std::string());
     wanted_.link = currentLink();
     if (arguments_.folder && trimBlanks(*arguments_.folder) != trimBlanks(book_.folder)) {
       wanted_.folder = trimBlanks(*arguments_.folder);

@@ -68,6 +68,24 @@ TEST_F(Dialogs, AskAgainForANameThatTheCatalogueHas) {
   EXPECT_EQ(session.finish().status, 0);
 }
 
+TEST_F(Dialogs, GiveTheBookAndItsKeywordsOneNameAlsoAfterADuplicate) {
+  EXPECT_EQ(addAlarms().status, 0);
+  TerminalSession session(
+      addCommand({"--name", "Alarms", "--acro", "NEW", "--keywords", "bell;horn"}));
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("Bob's R&D");
+  session.waitFor("Book Acro: [NEW] ");
+  session.typeLine("");
+  session.waitFor("Added Bob's R&D (NEW)");
+  EXPECT_EQ(session.finish().status, 0);
+  EXPECT_NE(fromUtf16File(disk.read("server/Docs/Plant/Quor_TOC.xml"))
+                .find("<Book_Name>Bob&amp;apos;s R&amp;amp;D</Book_Name>"),
+            std::string::npos);
+  EXPECT_NE(fromUtf16File(disk.read("server/Docs/Plant/Quor_SearchKeywords.xml"))
+                .find("<Book Book_Name=\"Bob&amp;apos;s R&amp;amp;D\">"),
+            std::string::npos);
+}
+
 TEST_F(Dialogs, TellOfAnEntryWithoutABookFileThatCanNotBeTakenOutBecauseAnotherHasItsName) {
   EXPECT_EQ(addAlarms().status, 0);
   disk.makeFolder("server/Docs/Plant/Manual/Book_NEW.xml");

@@ -12,10 +12,11 @@ class Install : public LibraryTest {
     disk.write("in/plan.png", "a picture");
   }
 
-  [[nodiscard]] static Words plan(const Words& more = {}) {
-    return joined(
-        {"install", "in/plan.htm", "--type", "html", "--name", "Site plan", "--acro", "PLN"}, more);
+  [[nodiscard]] static Words sitePlan(const std::string& file, const Words& more = {}) {
+    return joined({"install", file, "--type", "html", "--name", "Site plan", "--acro", "PLN"},
+                  more);
   }
+  [[nodiscard]] static Words plan(const Words& more = {}) { return sitePlan("in/plan.htm", more); }
   static std::string planEntry(std::string_view file = "plan.htm",
                                std::string_view categories = "\t\t\t<Book_Categories/>\n") {
     return "\t\t<Book>\n"
@@ -28,6 +29,26 @@ class Install : public LibraryTest {
   }
   [[nodiscard]] std::string catalogueAnd(const std::string& entry) const {
     return catalogueWith(bookEntry("Alarms", "ALM") + bookEntry(kMarkupInXml, "MRK") + entry);
+  }
+
+  /// The page installed with a person at a terminal.
+  [[nodiscard]] Command onTerminal(const Words& more = {}) const {
+    return {.words = joined({quorbindExecutable()},
+                            plantWords(joined({"install", "in/plan.htm", "--type", "html"}, more))),
+            .folder = disk.path().string(),
+            .environment = environment};
+  }
+  void expectPlanInstalled(TerminalSession& session) const {
+    session.waitFor("Installed Site plan (PLN) in Plant, folder PLN: plan.htm.\n");
+    EXPECT_EQ(session.finish().status, 0);
+    EXPECT_EQ(text(kCatalogue), catalogueAnd(planEntry()));
+  }
+  /// Answers one showing of the book dialog.
+  static void answer(TerminalSession& session, std::string_view name, std::string_view acronym) {
+    session.waitFor("Book Name: ");
+    session.typeLine(name);
+    session.waitFor("Book Acro: ");
+    session.typeLine(acronym);
   }
 };
 
@@ -66,11 +87,30 @@ TEST_F(Install, RecordsKeywordsAndCategories) {
             "Site plan  site, R&D\n");
 }
 
-TEST_F(Install, ASingleKeywordIsRecordedAndTheEmptyOneThatItLeavesIsNotShown) {
+TEST_F(Install, ASingleKeywordIsRecordedWithoutAnEmptyOneBesideIt) {
   EXPECT_EQ(inPlant(plan({"--keywords", " site "})).status, 0);
-  EXPECT_EQ(inPlant({"keywords", "list"}).out,
-            "BOOK       KEYWORDS\n"
-            "Site plan  site\n");
+  EXPECT_NE(text(kKeywords).find("\t\t<Keywords>\n"
+                                 "\t\t\t<Keyword>site</Keyword>\n"
+                                 "\t\t</Keywords>\n"),
+            std::string::npos)
+      << text(kKeywords);
+}
+
+TEST_F(Install, AListThatASemicolonClosesIsNotSplitAtItsCommas) {
+  disk.write(kKeywords, keywordsFile(""));
+  EXPECT_EQ(inPlant(plan({"--keywords", "a,b;"})).status, 0);
+  EXPECT_EQ(text(kKeywords), keywordsFile(keywordsOf("Site plan", {"a,b"})));
+}
+
+TEST_F(Install, ASingleCategoryWithACommaIsRefusedBecauseItWouldBecomeTwo) {
+  disk.write(kCategories, categoriesFile(category("Safety")));
+  expectRefusal(plan({"--categories", "Pumps, valves;"}),
+                1,
+                "critical: the category Pumps, valves can not be the only one: it holds a comma\n"
+                "quorbind: Plant: nothing was changed\n");
+  EXPECT_EQ(inPlant(plan({"--categories", "Pumps, valves;Safety"})).status, 0);
+  EXPECT_EQ(text(kCategories),
+            categoriesFile(category("Safety", "PLN") + category("Pumps, valves", "PLN")));
 }
 
 TEST_F(Install, MakesTheCategoriesFileFirstWhereThereIsNone) {
@@ -254,6 +294,43 @@ TEST_F(Install, AFileInThePlaceOfTheDocumentIsNeverTouched) {
                 "quorbind: Plant: nothing was changed\n");
 }
 
+TEST_F(Install, AFileInThePlaceOfOneThatThePageBringsIsNeverTouched) {
+  disk.write("server/Docs/Plant/PLN/plan.png", "another's");
+  expectRefusal(plan(),
+                1,
+                "critical: DISK/server/Docs/Plant/PLN/plan.png: the file is in the way; move it or "
+                "delete it\n"
+                "quorbind: Plant: nothing was changed\n");
+}
+
+TEST_F(Install, APageIsStoredUnderItsOwnNameTooSoThatPlaceHasToBeFree) {
+  disk.write("server/Docs/Plant/PLN/plan.htm", "another's");
+  for (const Words& more :
+       {Words{"--file-name", "new.htm"}, Words{"--file-name", "new.htm", "--dry-run"}}) {
+    expectRefusal(plan(more),
+                  1,
+                  "critical: DISK/server/Docs/Plant/PLN/plan.htm: the file is in the way; move it "
+                  "or delete it\n"
+                  "quorbind: Plant: nothing was changed\n");
+  }
+}
+
+TEST_F(Install, ADocumentThatIsNoPageNeedsOnlyTheNameThatItGets) {
+  disk.write("in/plan.pdf", "a drawing");
+  disk.write("server/Docs/Plant/PLN/plan.pdf", "another's");
+  EXPECT_EQ(inPlant(sitePlan("in/plan.pdf", {"--file-name", "new.pdf"})).status, 0);
+  EXPECT_EQ(disk.read("server/Docs/Plant/PLN/plan.pdf"), "another's");
+  EXPECT_EQ(disk.read("server/Docs/Plant/PLN/new.pdf"), "a drawing");
+}
+
+TEST_F(Install, WhatLiesInItsPlaceAlreadyIsNotInTheWay) {
+  disk.write("server/Docs/Plant/PLN/plan.htm", "<p><img src=\"plan.png\"></p>");
+  disk.write("server/Docs/Plant/PLN/plan.png", "a picture");
+  const Outcome outcome = inPlant(sitePlan("server/Docs/Plant/PLN/plan.htm"));
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(text(kCatalogue), catalogueAnd(planEntry()));
+}
+
 TEST_F(Install, AFileInThePlaceOfTheFolderIsNeverTouched) {
   disk.write("server/Docs/Plant/PLN", "another's");
   expectRefusal(plan(),
@@ -286,25 +363,66 @@ TEST_F(Install, WithoutATerminalAnAnswerThatIsMissingIsNamed) {
 }
 
 TEST_F(Install, OnATerminalWhatIsMissingIsAskedFor) {
-  TerminalSession session(
-      {.words = joined({quorbindExecutable()},
-                       plantWords({"install", "in/plan.htm", "--type", "html", "--acro", "PLN"})),
-       .folder = disk.path().string(),
-       .environment = environment});
+  TerminalSession session(onTerminal({"--acro", "PLN"}));
   session.waitFor("Enter Book Information for :\nin/plan.htm\nBook Name: ");
   session.typeLine("Site plan");
-  session.waitFor("Installed Site plan (PLN) in Plant, folder PLN: plan.htm.\n");
+  expectPlanInstalled(session);
+}
+
+TEST_F(Install, AValueThatIsRefusedAndCorrectedIsNoFailure) {
+  TerminalSession session(onTerminal());
+  answer(session, "Site plan", "P/N");
+  session.waitFor("Book Acro can not contain  (/\\:*?\"<>)\n");
+  answer(session, "", "PLN");
+  expectPlanInstalled(session);
+}
+
+TEST_F(Install, ANameThatIsTakenIsAskedForAgainAndTheRestFollowsTheNewOne) {
+  disk.write(kKeywords, keywordsFile(""));
+  disk.write(kCategories, categoriesFile(category("Safety")));
+  TerminalSession session(onTerminal(
+      {"--name", "Alarms", "--acro", "NEW", "--keywords", "site", "--categories", "Safety"}));
+  session.waitFor("Error:Book Name Alarms already Exists\n");
+  answer(session, "Bob's R&D", "RD");
+  session.waitFor("Installed Bob's R&D (RD) in Plant, folder RD: plan.htm.\n");
   EXPECT_EQ(session.finish().status, 0);
-  EXPECT_EQ(text(kCatalogue), catalogueAnd(planEntry()));
+  EXPECT_NE(text(kCatalogue).find("<Book_Name>Bob&amp;apos;s R&amp;amp;D</Book_Name>"),
+            std::string::npos);
+  EXPECT_EQ(text(kKeywords), keywordsFile(keywordsOf("Bob&amp;apos;s R&amp;amp;D", {"site"})));
+  EXPECT_EQ(text(kCategories), categoriesFile(category("Safety", "RD")));
+  EXPECT_EQ(filesBelow("server/Docs/Plant/RD/"), (Words{"plan.htm", "plan.png"}));
+}
+
+TEST_F(Install, IsAskedForAgainUntilNameAndAcronymAreFree) {
+  TerminalSession session(onTerminal({"--name", "Alarms", "--acro", "NEW"}));
+  session.waitFor("Error:Book Name Alarms already Exists\n");
+  answer(session, "Site plan", "ALM");
+  session.waitFor("Error:Book Acro ALM already Exists\n");
+  answer(session, "Alarms", "PLN");
+  session.waitFor("Error:Book Name Alarms already Exists\n");
+  answer(session, "Site plan", "");
+  expectPlanInstalled(session);
+}
+
+TEST_F(Install, AnAcronymThatIsTypedIsHeldAgainstTheFilesLikeOneThatIsGiven) {
+  disk.write("server/Docs/Plant/Manual/plan.htm", "another's");
+  const Tree before = disk.contents();
+  for (const auto& [acronym, error] :
+       {std::pair{"Manual", "/server/Docs/Plant/Manual/plan.htm: the file is in the way; move it"},
+        std::pair{"..", "--acro .. can not be the name of a folder"}}) {
+    TerminalSession session(onTerminal({"--name", "Site plan"}));
+    session.waitFor("Book Acro: ");
+    session.typeLine(acronym);
+    session.waitFor(error);
+    session.waitFor("quorbind: Plant: nothing was changed\n");
+    EXPECT_EQ(session.finish().status, 1);
+    EXPECT_EQ(disk.contents(), before) << acronym;
+  }
 }
 
 TEST_F(Install, ADialogThatIsCancelledChangesNothing) {
   const Tree before = disk.contents();
-  TerminalSession session(
-      {.words =
-           joined({quorbindExecutable()}, plantWords({"install", "in/plan.htm", "--type", "html"})),
-       .folder = disk.path().string(),
-       .environment = environment});
+  TerminalSession session(onTerminal());
   session.waitFor("Book Name: ");
   session.endInput();
   session.waitFor("quorbind: Plant: nothing was changed\n");

@@ -42,6 +42,28 @@ TEST_F(Merge, TakesLinkAndCategoriesOverIntoTheCatalogueAndTheBookFiles) {
                        "\t\t</Book_Categories>\n"));
 }
 
+TEST_F(Merge, ASingleDocumentIsLeftAloneWhetherOrNotItParses) {
+  const auto asDocument = [](const std::string& entry) {
+    return replaceAll(entry, "<Book_File>Book_PLN.xml", "<Book_File type=\"html\">plan.htm");
+  };
+  for (const char* page : {"<html><body/></html>", "<p>no XML"}) {
+    disk.write(kCatalogue,
+               catalogueWith(asDocument(bookEntry("Plan", "PLN")) + bookEntry("Alarms", "ALM")));
+    disk.write(kBookFile, bookFileOf("Alarms", "ALM"));
+    disk.write("server/Docs/Plant/Manual/plan.htm", page);
+    disk.write(
+        "other.xml",
+        catalogueWith(asDocument(entryWithLink("Plan", "PLN")) + entryWithLink("Alarms", "ALM")));
+    const Outcome outcome = inPlant(merge());
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "Took link and categories of 2 books over into Plant.\n");
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(text(kCatalogue), text("other.xml"));
+    EXPECT_EQ(disk.read("server/Docs/Plant/Manual/plan.htm"), page);
+    EXPECT_NE(text(kBookFile).find("<Book_Key id=\"L\">"), std::string::npos);
+  }
+}
+
 TEST_F(Merge, WithoutABookThatBothHaveChangesNoEntry) {
   disk.write("other.xml", catalogueWith(entryWithLink("Alarms", "alm")));
   EXPECT_EQ(inPlant(merge()).out, "Took link and categories of 0 books over into Plant.\n");

@@ -139,6 +139,15 @@ TEST_F(Rename, ABookThatIsNotThereIsRefused) {
                 "quorbind: Plant: nothing was changed\n");
 }
 
+TEST_F(Rename, ABookWhoseNameIsStoredAsItIsTypedIsNotTakenForAnotherOne) {
+  disk.write(kCatalogue,
+             catalogueWith(bookEntry("R&amp;D", "ONE") + bookEntry("R&amp;amp;D", "TWO")));
+  expectRefusal({"rename", "R&D", "--name", "Research", "--acro", "RES", "--yes"},
+                1,
+                "critical: R&D (ONE) is stored in a form that is not looked up\n"
+                "quorbind: Plant: nothing was changed\n");
+}
+
 TEST_F(Rename, ANameThatAnotherBookHasInAnyLetterCaseIsRefused) {
   expectRefusal({"rename", kMarkupName, "--name", "ALARMS", "--acro", "NEW", "--yes"},
                 1,

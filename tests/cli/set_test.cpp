@@ -75,6 +75,19 @@ TEST_F(Set, WhatIsNotGivenStaysAsItIs) {
   EXPECT_EQ(text(kBookFile), filedBookFile("kept"));
 }
 
+TEST_F(Set, TheCategoriesOfTheEntryGoIntoTheBookFileAndEmptyOnesAreDropped) {
+  const std::string withEmptyOne =
+      replaceAll(filedEntry(),
+                 "\t\t\t\t<Book_Category>Safety",
+                 "\t\t\t\t<Book_Category/>\n\t\t\t\t<Book_Category>Safety");
+  disk.write(kCatalogue, catalogueWith(withEmptyOne));
+  const Outcome outcome = inPlant({"set", "Alarms", "--link", "L"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(text(kCatalogue), catalogueWith(filedEntry()));
+  EXPECT_EQ(text(kBookFile), filedBookFile("L"));
+}
+
 TEST_F(Set, AnotherFolderGetsACopyThatIsChanged) {
   const Outcome outcome = inPlant({"set", "Alarms", "--folder", "New", "--link", "L"});
   EXPECT_EQ(outcome.status, 0);

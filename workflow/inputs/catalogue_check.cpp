@@ -20,10 +20,20 @@ void tellOfDuplicate(Module& module, Message what, const std::string& value) {
   module.platform.ui.show(criticalMessage((what + value) + Message::kAlreadyExists));
 }
 
-void askAgain(Module& module, const std::string& name, const std::string& acronym) {
+/// A name that is entered is brought into its stored form; the one that was there is left as it is.
+/// An acronym that the dialog accepts has no other form.
+void askAgain(Module& module,
+              XmlTextRules& rules,
+              const std::string& name,
+              const std::string& acronym) {
   module.bookInfo.txtBookName().setText(name);
   module.bookInfo.txtBookAcro().setText(acronym);
+  std::string& current = module.state.currentBookName;
+  const std::string before = current;
   module.bookInfo.showModal();
+  if (current != before) {
+    current = rules.mstrCheckSpecialCharecters(current);
+  }
 }
 
 /// What was passed in, and the form in which the catalogue would hold it.
@@ -34,11 +44,12 @@ struct Searched {
 
 void checkAgainst(const XmlDocument& catalogue,
                   Module& module,
+                  XmlTextRules& rules,
                   const Searched& name,
                   Searched acronym) {
   if (findBook(catalogue, catalogue_names::kName, name.stored)) {
     tellOfDuplicate(module, Message::kErrorBookName, name.passed);
-    askAgain(module, name.passed, acronym.passed);
+    askAgain(module, rules, name.passed, acronym.passed);
     if (module.state.cancelled) {
       return;
     }
@@ -48,7 +59,7 @@ void checkAgainst(const XmlDocument& catalogue,
   }
   if (findBook(catalogue, catalogue_names::kAcro, acronym.stored)) {
     tellOfDuplicate(module, Message::kErrorBookAcro, acronym.passed);
-    askAgain(module, "", "");
+    askAgain(module, rules, "", "");
   }
 }
 
@@ -66,7 +77,7 @@ bool mbCheckQuorTOCForBook(Module& module,
     if (!catalogue->load(vstrQuorTOcPath)) {
       return false;
     }
-    checkAgainst(*catalogue, module, name, acronym);
+    checkAgainst(*catalogue, module, *rules, name, acronym);
     return true;
   });
 }

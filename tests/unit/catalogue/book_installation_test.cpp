@@ -306,12 +306,35 @@ TEST_F(BookInstallation, LetsTheAcronymFollowTheNameForItsInstallationType) {
 }
 
 TEST_F(BookInstallation, OffersTheDialogAgainForANameThatIsTakenAndStoresWhatIsEnteredThere) {
-  world_.user.answerWith(enterBook("R&D", "RD"));
-  install({"Alarms", "GDE", "", ""});
+  world_.user.answerWith(enterBook("R&D's", "RD"));
+  install({"Alarms", "GDE", "pump;motor", "A"});
   EXPECT_THAT(record(),
               ElementsAre("critical: Error:Book Name Alarms already Exists", "form frmBookInfo"));
-  EXPECT_EQ(catalogue(), catalogueAnd(installedEntry("R&amp;amp;D", "RD")));
+  EXPECT_EQ(catalogue(),
+            catalogueAnd(installedEntry("R&amp;amp;D&amp;apos;s", "RD", categoriesOf({"A"}))));
   EXPECT_TRUE(world_.disk.has("Docs/Plant/RD/guide.pdf"));
+  EXPECT_EQ(file(kKeywords), keywordsFileWith("R&amp;amp;D&amp;apos;s", {"pump", "motor"}));
+  EXPECT_EQ(file(kCategories), categoriesFileWith(category("A", "RD")));
+}
+
+TEST_F(BookInstallation, BringsEachNameIntoItsStoredFormOnceAndNothingThatIsMissing) {
+  ToolsetWithDoubles toolset(world_.toolset);
+  std::vector<std::string> brought;
+  toolset.setStoring([&](const std::string& name) {
+    brought.push_back(name);
+    return "stored " + name;
+  });
+  const Platform& ports = world_.platform();
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  install(module, Call(), {{"Guide", "GDE", "pump;motor", ""}, 0});
+  EXPECT_EQ(catalogue(), catalogueAnd(installedEntry("stored Guide", "stored GDE")));
+  EXPECT_EQ(file(kKeywords), keywordsFileWith("stored Guide", {"pump", "motor"}));
+
+  brought.clear();
+  world_.user.answerWith(enterBook("Other", "OTH"));
+  install(module, Call(), {{"", "", "", ""}, 0});
+  EXPECT_THAT(brought, ElementsAre("OTH", "Other", "stored Other", "stored OTH"))
+      << "by the dialog, then by the look into the catalogue";
 }
 
 TEST_F(BookInstallation, EndsSilentlyWhenTheUserCancels) {

@@ -209,6 +209,27 @@ TEST_F(BookMerge, UpdatesTheEntryWhenTheBookFileIsMissingOrDoesNotLoad) {
   EXPECT_EQ(file("Main/Quor_TOC.xml"), catalogueWith(entryOf(alarms) + entryOf(trends)));
 }
 
+TEST_F(BookMerge, LeavesTheFileOfAnEntryWithATypeAloneWhateverIsInIt) {
+  const BookCase before{"Plan", "PLN", "", {}};
+  const BookCase after{"Plan", "PLN", "1", {"A"}};
+  const BookCase alarms{"Alarms", "ALM", "2", {"B"}};
+  const auto withType = [](const std::string& entry) {
+    return replaceAll(entry, "<Book_File>Book_PLN", "<Book_File type=\"htm\">Book_PLN");
+  };
+  for (const std::string& document :
+       {std::string("<html><body/></html>"), std::string("<p>no XML"), bookXmlOf(before)}) {
+    writeMain(catalogueWith(withType(entryOf(before)) + bookEntry("Alarms", "ALM")));
+    writeOther(catalogueWith(entryOf(after) + entryOf(alarms)));
+    writeBookXml({"Alarms", "ALM", "", {}});
+    world_.disk.write("Main/Manual/Book_PLN.xml", document);
+    merge();
+    EXPECT_THAT(record(), IsEmpty());
+    EXPECT_EQ(file("Main/Quor_TOC.xml"), catalogueWith(withType(entryOf(after)) + entryOf(alarms)));
+    EXPECT_EQ(world_.disk.read("Main/Manual/Book_PLN.xml"), document);
+    EXPECT_EQ(file("Main/Manual/Book_ALM.xml"), bookXmlOf(alarms));
+  }
+}
+
 TEST_F(BookMerge, TakesAMainPathWithForwardSlashes) {
   const BookCase after{"Alarms", "ALM", "1", {"A"}};
   writeMain(catalogueWith(bookEntry("Alarms", "ALM")));

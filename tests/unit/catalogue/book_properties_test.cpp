@@ -271,6 +271,15 @@ TEST_F(BookProperties, LeaveTheFileOfABookWithATypeAlone) {
   EXPECT_EQ(world_.disk.read("Lib/Manual/Book_ALM.xml"), bookXmlWith("old link", kBookCategories));
 }
 
+TEST_F(BookProperties, ReachTheBookFileWhenOneOfTwoFilesOfAnEntryHasNoType) {
+  writeCatalogue(replaceAll(catalogueWith(entryWith(kEntryCategories)),
+                            "\t\t\t<Book_Categories>",
+                            "\t\t\t<Book_File type=\"htm\">a.htm</Book_File>\n"
+                            "\t\t\t<Book_Categories>"));
+  EXPECT_TRUE(set("Manual"));
+  EXPECT_EQ(file("Lib/Manual/Book_ALM.xml"), bookXmlWith("new link", kNewBookCategories));
+}
+
 TEST_F(BookProperties, SkipABookFileThatIsMissingOrDoesNotLoad) {
   world_.disk.write("Lib/Manual/Book_ALM.xml", "<Book_Master>");
   EXPECT_TRUE(set("Manual"));

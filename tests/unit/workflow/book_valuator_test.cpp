@@ -378,6 +378,15 @@ TEST_F(RecordBook, SplitsKeywordsAtSemicolons) {
   EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
 }
 
+TEST_F(RecordBook, RecordsKeywordsUnderTheNameThatTheCatalogueHasAlsoAfterADuplicate) {
+  arguments_.strKeyWords = "pump;station";
+  world_.user.answerWith(enterBook("R&D's", "RD"));
+  EXPECT_TRUE(run("Alarms", "RD"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Name>R&amp;amp;D&amp;apos;s</Book_Name>"));
+  EXPECT_THAT(texts("C:\\lib\\kw.xml", "Books/Book[@Book_Name='R&amp;D&apos;s']/Keywords/Keyword"),
+              ElementsAre("pump", "station"));
+}
+
 TEST_F(RecordBook, TakesKeywordsWithACommaAsOneBesideAnEmptyOne) {
   arguments_.strKeyWords = "a,b";
   EXPECT_TRUE(run());

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/catalogue_text.h"
+#include "tests/support/toolset_doubles.h"
 #include "tests/support/world.h"
 
 namespace quorbind::testing {
@@ -118,6 +119,30 @@ TEST_F(CatalogueCheck, FindsNamesInTheFormInWhichTheyAreStored) {
   EXPECT_TRUE(check("R&D's", "NEW"));
   EXPECT_THAT(record(),
               ElementsAre("critical: Error:Book Name R&D's already Exists", "form frmBookInfo"));
+}
+
+TEST_F(CatalogueCheck, BringsANameThatIsEnteredThereIntoItsStoredForm) {
+  world_.user.answerWith(enterBook("B&C's <book>", "BC"));
+  EXPECT_TRUE(check("Alarms", "NEW"));
+  EXPECT_EQ(world_.state().currentBookName, "B&amp;C&apos;s &lt;book&gt;");
+  EXPECT_EQ(world_.state().currentBookAcro, "BC");
+}
+
+TEST_F(CatalogueCheck, BringsNoNameIntoItsStoredFormTwice) {
+  ToolsetWithDoubles toolset(world_.toolset);
+  toolset.setStoring(
+      [](const std::string& name) { return name == "New" ? "stored " + name : name; });
+  const Platform& ports = world_.platform();
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  world_.user.answerWith(enterBook("New", "TRD"));
+  world_.user.answerWith(closeForm());
+  EXPECT_TRUE(mbCheckQuorTOCForBook(module, "C:\\Quor_TOC.xml", "Alarms", "NEW"));
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error:Book Name Alarms already Exists",
+                          "form frmBookInfo",
+                          "critical: Error:Book Acro TRD already Exists",
+                          "form frmBookInfo"));
+  EXPECT_EQ(module.state.currentBookName, "stored New");
 }
 
 TEST_F(CatalogueCheck, IsExactAboutLetterCase) {
