@@ -13,6 +13,10 @@
 
 namespace quorbind {
 
+/// In the place of an error source: nothing is told of errors.
+struct IgnoringErrors {};
+inline constexpr IgnoringErrors kIgnoringErrors;
+
 /// One call of a published operation, from the host's side of the edge to the core's.
 ///
 /// Nothing that is thrown gets out. An error that the core has not reported itself, such as an
@@ -24,7 +28,10 @@ class Operation {
  public:
   /// `source` words the box. `references` are the places that parameters are passed by.
   explicit Operation(const ErrorSource& source, std::initializer_list<const void*> references = {})
-      : source_(source), placesGiven_(std::ranges::find(references, nullptr) == references.end()) {}
+      : Operation(&source, references) {}
+  explicit Operation(IgnoringErrors /*noSource*/,
+                     std::initializer_list<const void*> references = {})
+      : Operation(static_cast<const ErrorSource*>(nullptr), references) {}
 
   /// Runs an operation without a result.
   template <typename Body>
@@ -33,7 +40,11 @@ class Operation {
       return E_POINTER;
     }
     try {
-      trapped(componentModule().platform.ui, source_, std::forward<Body>(body));
+      if (source_ == nullptr) {
+        ignoringErrors(std::forward<Body>(body));
+      } else {
+        trapped(componentModule().platform.ui, *source_, std::forward<Body>(body));
+      }
       return S_OK;
     } catch (...) {
       return E_OUTOFMEMORY;
@@ -55,7 +66,11 @@ class Operation {
   }
 
  private:
-  const ErrorSource& source_;
+  Operation(const ErrorSource* source, std::initializer_list<const void*> references)
+      : source_(source), placesGiven_(std::ranges::find(references, nullptr) == references.end()) {}
+
+  /// Null for an operation that ignores errors.
+  const ErrorSource* source_;
   bool placesGiven_;
 };
 

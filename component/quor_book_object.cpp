@@ -7,13 +7,6 @@ namespace quorbind {
 namespace {
 
 constexpr ErrorSource kGetExcelBookCount{"Quorbind: Quor_Book::getExcelBookCount"};
-constexpr ErrorSource kAddKeywordsToXmlFile{"Quorbind: Quor_Book::AddKeywordsToXmlFile"};
-constexpr ErrorSource kEditKeywordsToXmlFile{"Quorbind: Quor_Book::EditKeywordsToXmlFile"};
-constexpr ErrorSource kAddCategoryNode{"Quorbind: Quor_Book::AddCategoryNode"};
-constexpr ErrorSource kCreateKeywordXmlFile{"Quorbind: Quor_Book::CreateKeywordXmlFile"};
-constexpr ErrorSource kAddKeywords{"Quorbind: Quor_Book::AddKeywords"};
-constexpr ErrorSource kCheckXMLCharacters{"Quorbind: Quor_Book::CheckXMLCharacters"};
-constexpr ErrorSource kAddToLinkIDFile{"Quorbind: Quor_Book::AddToLinkIDFile"};
 
 constexpr DISPID kEvtGetFolderName = 1;
 
@@ -80,46 +73,66 @@ STDMETHODIMP QuorBookObject::getExcelBookCount(IDispatch* /*vobjXLWSheetRead*/,
   return Operation(kGetExcelBookCount).answer(result, raiseNotBuilt);
 }
 
-STDMETHODIMP QuorBookObject::AddKeywordsToXmlFile(BSTR /*vstrKeywordsPath*/,
+STDMETHODIMP QuorBookObject::AddKeywordsToXmlFile(BSTR vstrKeywordsPath,
                                                   BSTR* sBookName,
-                                                  BSTR /*sKeyWord*/) {
-  return Operation(kAddKeywordsToXmlFile, {sBookName}).run(raiseNotBuilt);
+                                                  BSTR sKeyWord) {
+  return Operation(source::kAddKeywordsToXmlFile, {sBookName}).run([&] {
+    book_.AddKeywordsToXmlFile(textOf(vstrKeywordsPath), textOf(*sBookName), textOf(sKeyWord));
+  });
 }
 
-STDMETHODIMP QuorBookObject::EditKeywordsToXmlFile(BSTR /*vstrKeywordsPath*/,
+STDMETHODIMP QuorBookObject::EditKeywordsToXmlFile(BSTR vstrKeywordsPath,
                                                    BSTR* sBookName,
-                                                   BSTR /*sKeyWord*/,
-                                                   BSTR /*sOldKeyword*/) {
-  return Operation(kEditKeywordsToXmlFile, {sBookName}).run(raiseNotBuilt);
+                                                   BSTR sKeyWord,
+                                                   BSTR sOldKeyword) {
+  return Operation(source::kAddKeywordsToXmlFile, {sBookName}).run([&] {
+    book_.EditKeywordsToXmlFile(
+        textOf(vstrKeywordsPath), textOf(*sBookName), textOf(sKeyWord), textOf(sOldKeyword));
+  });
 }
 
-STDMETHODIMP QuorBookObject::AddCategoryNode(BSTR /*vstrCategory*/,
-                                             BSTR /*vstrBookAcro*/,
-                                             BSTR /*vstrxmlPath*/) {
-  return Operation(kAddCategoryNode).run(raiseNotBuilt);
+STDMETHODIMP QuorBookObject::AddCategoryNode(BSTR vstrCategory,
+                                             BSTR vstrBookAcro,
+                                             BSTR vstrxmlPath) {
+  return Operation(source::kAddCategoryNode).run([&] {
+    book_.AddCategoryNode(textOf(vstrCategory), textOf(vstrBookAcro), textOf(vstrxmlPath));
+  });
 }
 
-STDMETHODIMP QuorBookObject::CreateKeywordXmlFile(BSTR /*vstrPath*/) {
-  return Operation(kCreateKeywordXmlFile).run(raiseNotBuilt);
+STDMETHODIMP QuorBookObject::CreateKeywordXmlFile(BSTR vstrPath) {
+  return Operation(source::kCreateKeywordXmlFile).run([&] {
+    book_.CreateKeywordXmlFile(textOf(vstrPath));
+  });
 }
 
-STDMETHODIMP QuorBookObject::AddKeywords(SAFEARRAY** vstrArrKeywords, BSTR /*vstrKeywordsPath*/) {
-  return Operation(kAddKeywords, {vstrArrKeywords}).run(raiseNotBuilt);
+STDMETHODIMP QuorBookObject::AddKeywords(SAFEARRAY** vstrArrKeywords, BSTR vstrKeywordsPath) {
+  return Operation(source::kAddKeywords, {vstrArrKeywords}).run([&] {
+    book_.AddKeywords(textArrayOf(*vstrArrKeywords), textOf(vstrKeywordsPath));
+  });
 }
 
-STDMETHODIMP QuorBookObject::CheckXMLCharacters(BSTR /*strCurWord*/,
-                                                BSTR /*strBook*/,
+STDMETHODIMP QuorBookObject::CheckXMLCharacters(BSTR strCurWord,
+                                                BSTR strBook,
                                                 VARIANT_BOOL* result) {
-  return Operation(kCheckXMLCharacters).answer(result, raiseNotBuilt);
+  return Operation(source::kCheckXmlCharacters).answer(result, [&] {
+    return book_.CheckXMLCharacters(textOf(strCurWord), textOf(strBook));
+  });
 }
 
-STDMETHODIMP QuorBookObject::AddToLinkIDFile(BSTR /*strLinkIDFilePath*/,
-                                             BSTR /*strLinkID*/,
-                                             BSTR /*strFullLink*/,
-                                             BSTR /*strSourceFilePath*/,
-                                             BSTR /*strProjectName*/,
-                                             BSTR /*strBookAcro*/) {
-  return Operation(kAddToLinkIDFile).run(raiseNotBuilt);
+STDMETHODIMP QuorBookObject::AddToLinkIDFile(BSTR strLinkIDFilePath,
+                                             BSTR strLinkID,
+                                             BSTR strFullLink,
+                                             BSTR strSourceFilePath,
+                                             BSTR strProjectName,
+                                             BSTR strBookAcro) {
+  return Operation(source::kAddToLinkIdFile).run([&] {
+    book_.AddToLinkIDFile(textOf(strLinkIDFilePath),
+                          textOf(strLinkID),
+                          textOf(strFullLink),
+                          textOf(strSourceFilePath),
+                          textOf(strProjectName),
+                          textOf(strBookAcro));
+  });
 }
 
 void QuorBookObject::evtGetFolderName(std::string_view sFolderName) {

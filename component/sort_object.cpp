@@ -1,7 +1,6 @@
 #include "component/sort_object.h"
 
 #include <utility>
-#include <vector>
 
 #include "component/operation.h"
 
@@ -26,14 +25,14 @@ STDMETHODIMP SortObject::mQuickSort(SAFEARRAY** marrscategories,
                                     LONG vlUBound,
                                     SAFEARRAY** result) {
   return Operation(source::kQuickSort, {marrscategories}).answer(result, [&] {
-    std::vector<std::string> names = textsOf(*marrscategories);
-    const std::int32_t first = lowerBoundOf(*marrscategories);
+    TextArray names = textArrayOf(*marrscategories);
     if (vllBound >= vlUBound) {
-      return TextArray{names, first};
+      return names;
     }
-    TextArray sorted{sort_.mQuickSort(names, placeOf(vllBound, first), placeOf(vlUBound, first)),
-                     first};
-    putTexts(*marrscategories, names);
+    const std::int32_t first = names.lowerBound;
+    TextArray sorted{
+        sort_.mQuickSort(names.texts, placeOf(vllBound, first), placeOf(vlUBound, first)), first};
+    putTexts(*marrscategories, names.texts);
     return sorted;
   });
 }

@@ -90,6 +90,10 @@ std::int32_t lowerBoundOf(SAFEARRAY* array) {
   return first;
 }
 
+TextArray textArrayOf(SAFEARRAY* array) {
+  return {textsOf(array), lowerBoundOf(array)};
+}
+
 void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts) {
   if (array == nullptr) {
     return;
@@ -101,6 +105,13 @@ void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts) {
       putElement(array, type, index, text);
     }
     ++index;
+  }
+}
+
+void putText(BSTR* variable, const std::string& text) {
+  if (textOf(*variable) != text) {
+    Bstr held(text);
+    ::SysFreeString(std::exchange(*variable, held.detach()));
   }
 }
 
@@ -116,8 +127,12 @@ void give(SAFEARRAY** result, const TextArray& array) {
   *result = makeArray(VT_BSTR, array);
 }
 
+void give(SAFEARRAY** result, const std::vector<std::string>& list) {
+  *result = list.empty() ? nullptr : makeArray(VT_BSTR, {list});
+}
+
 SAFEARRAY* copyWithVariants(SAFEARRAY* texts) {
-  return texts == nullptr ? nullptr : makeArray(VT_VARIANT, {textsOf(texts), lowerBoundOf(texts)});
+  return texts == nullptr ? nullptr : makeArray(VT_VARIANT, textArrayOf(texts));
 }
 
 }  // namespace quorbind

@@ -24,15 +24,22 @@ std::vector<std::string> textsOf(SAFEARRAY* array);
 /// The index of an array's first element; 0 for an array that is unset.
 std::int32_t lowerBoundOf(SAFEARRAY* array);
 
+/// Such an array with its lower bound.
+TextArray textArrayOf(SAFEARRAY* array);
+
 /// Puts `texts` back into the array that they were read from; it keeps its bounds and the type of
 /// its elements. Elements that hold the same text already are left alone.
 void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts);
 
+/// Puts `text` into the variable that a text is passed by; one that holds it already is left alone.
+void putText(BSTR* variable, const std::string& text);
+
 // How a result is handed to the caller, who owns it from then on.
 void give(VARIANT_BOOL* result, bool value);
 void give(BSTR* result, const std::string& text);
-
 void give(SAFEARRAY** result, const TextArray& array);
+/// A list from index 0 on. One without entries could not be had: the array stays unset.
+void give(SAFEARRAY** result, const std::vector<std::string>& list);
 
 /// A new array of variants with the texts and the bounds of `texts`, for the caller to destroy;
 /// null for an array that is unset.

@@ -4,13 +4,13 @@
 
 namespace quorbind::testing {
 
-ComponentTest::ComponentTest() {
+RegisteredDlls::RegisteredDlls() {
   for (const ServedDll* dll : {&component, &toolset}) {
     requireSuccess(dll->registerServer());
   }
 }
 
-ComponentTest::~ComponentTest() {
+RegisteredDlls::~RegisteredDlls() {
   for (const ServedDll* dll : {&component, &toolset}) {
     EXPECT_EQ(dll->unregisterServer(), S_OK);
     EXPECT_TRUE(dll->mayUnload());
@@ -84,6 +84,12 @@ Variant numberArray() {
 
 SAFEARRAY*& arrayIn(Variant& array) {
   return const_cast<VARIANT&>(array.get()).parray;
+}
+
+TextArray textArrayIn(Variant& array) {
+  LONG lowerBound = 0;
+  requireSuccess(::SafeArrayGetLBound(arrayIn(array), 1, &lowerBound));
+  return {textsIn(array), lowerBound};
 }
 
 }  // namespace quorbind::testing

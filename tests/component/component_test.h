@@ -7,23 +7,29 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/text_array.h"
 #include "platform/windows/automation.h"
 #include "quorbind_com.h"
 #include "tests/component/served_dll.h"
 
 namespace quorbind::testing {
 
-/// A host of the component on a thread of its own kind. Both DLLs are registered for the machine,
-/// since Wine finds no classes that are registered for a user only.
-class ComponentTest : public ::testing::Test {
- protected:
-  ComponentTest();
-  ~ComponentTest() override;
+/// Both DLLs on a thread of their kind, registered for the machine, since Wine finds no classes
+/// that are registered for a user only. At its end nothing of theirs may be in use.
+class RegisteredDlls {
+ public:
+  RegisteredDlls();
+  ~RegisteredDlls();
+  RegisteredDlls(const RegisteredDlls&) = delete;
+  RegisteredDlls& operator=(const RegisteredDlls&) = delete;
 
   ComApartment apartment;
   const ServedDll component{L"Quorbind.dll"};
   const ServedDll toolset{L"QuorToolset.dll"};
 };
+
+/// A host of the component.
+class ComponentTest : public ::testing::Test, protected RegisteredDlls {};
 
 /// An object by the name of its class, as a script makes it.
 ComPtr<IDispatch> createByName(const wchar_t* progId);
@@ -57,5 +63,8 @@ Variant arrayOf(VARTYPE type, const std::vector<std::string>& texts, LONG lowerB
 Variant numberArray();
 /// The array in an array variant; stays the variant's.
 SAFEARRAY*& arrayIn(Variant& array);
+
+/// What such an array holds.
+TextArray textArrayIn(Variant& array);
 
 }  // namespace quorbind::testing

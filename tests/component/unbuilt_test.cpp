@@ -3,13 +3,12 @@
 // it that the list only ever gets shorter.
 
 #include <algorithm>
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "tests/component/attendant.h"
 #include "tests/component/component_test.h"
-#include "tests/component/window_driver.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quorbind::testing {
@@ -18,6 +17,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::UnorderedElementsAreArray;
 
 constexpr const char* kNotPartOfThisVersion = "This operation is not part of this version";
 
@@ -128,39 +128,13 @@ HRESULT callWithoutMeaning(IDispatch& object, const Operation& operation) {
                        nullptr);
 }
 
-/// The progress window is a dialog too, but nobody can close it.
-bool waitsForTheUser(const ScreenWindow& dialog) {
-  return std::ranges::any_of(dialog.contents(), [](const std::string& control) {
-    return control.find("button") != std::string::npos;
-  });
-}
-
-/// Closes the boxes and dialogs on the screen and notes their texts.
-void closeDialogs(std::vector<std::string>& texts) {
-  for (const ScreenWindow& dialog : dialogsOnScreen()) {
-    if (waitsForTheUser(dialog)) {
-      texts.push_back(dialog.messageText());
-      ::PostMessageW(dialog.handle(), WM_CLOSE, 0, 0);
-      dialog.waitUntilGone();
-    }
-  }
-}
-
-/// The texts of the boxes that come while `call` runs, to a person who closes whatever opens.
+/// The boxes that come while `call` runs.
 std::vector<std::string> boxesDuring(const std::function<void()>& call) {
-  std::vector<std::string> texts;
-  std::atomic<bool> isOver = false;
-  {
-    const auto isOverAfterClosing = [&] {
-      closeDialogs(texts);
-      return isOver.load();
-    };
-    const Person person(
-        [&] { waitUntil("the end of the call", isOverAfterClosing, kPatienceWithCalls); });
-    call();
-    isOver = true;
-  }
-  return texts;
+  Attendant attendant;
+  attendant.during(call);
+  std::vector<std::string> shown = attendant.takeShown();
+  std::erase_if(shown, [](const std::string& line) { return line.starts_with("form "); });
+  return shown;
 }
 
 /// Makes a folder of its own the working folder, so that operations without meaning write there.
@@ -197,8 +171,8 @@ class UnbuiltOperations : public ComponentTest {
  private:
   static std::string boxOf(const std::string& owner, const std::string& operation) {
     const std::string blank = owner == "Quor_Book" ? " " : "";
-    return std::string("Error(-2147467263): ") + kNotPartOfThisVersion + "\nQuorbind:" + blank +
-           owner + "::" + operation;
+    return std::string("critical: Error(-2147467263): ") + kNotPartOfThisVersion +
+           "\nQuorbind:" + blank + owner + "::" + operation;
   }
 
   const WorkingElsewhere elsewhere_;
@@ -219,6 +193,23 @@ TEST_F(UnbuiltOperations, AreTheListedOnesAndNoOthers) {
     }
   }
   EXPECT_EQ(unbuilt, listedAsUnbuilt());
+}
+
+// tests/operations calls what it lists. Counting the books of a worksheet takes an object.
+TEST_F(UnbuiltOperations, AndTheListOfThoseThatAreCalledInEveryWayMissNone) {
+  std::vector<std::string> listed{"Quor_Book.getExcelBookCount"};
+#define QUOR_PROCEDURE(owner, name) listed.emplace_back(#owner "." #name);
+#define QUOR_FUNCTION QUOR_PROCEDURE
+#define QUOR_PROPERTY QUOR_PROCEDURE
+#include "tests/operations/operations.def"
+  std::vector<std::string> published;
+  for (const std::string owner : {"Quor_Book", "Book_Config"}) {
+    const auto object = createByName(toWide("Quorbind." + owner).c_str());
+    for (const Operation& operation : operationsOf(*object.get())) {
+      published.push_back(owner + '.' + operation.name);
+    }
+  }
+  EXPECT_THAT(listed, UnorderedElementsAreArray(published));
 }
 
 }  // namespace

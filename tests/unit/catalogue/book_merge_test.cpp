@@ -7,7 +7,7 @@
 #include <random>
 
 #include "platform/text.h"
-#include "tests/support/catalogue_text.h"
+#include "tests/support/book_text.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/unsavable_xml.h"
 #include "tests/support/world.h"
@@ -21,49 +21,6 @@ using ::testing::IsEmpty;
 constexpr std::string_view kSource = "Quorbind:Book_Config::strMatchingBooksInfo";
 constexpr std::string_view kObjectNotSet =
     "critical: Error(91): Object variable or With block variable not set\r";
-
-/// The lines of a list of categories, `depth` tabs deep.
-std::string categoryLines(std::string_view element,
-                          const std::vector<std::string>& categories,
-                          int depth) {
-  const std::string tabs(static_cast<std::size_t>(depth), '\t');
-  if (categories.empty()) {
-    return tabs + "<Book_Categories/>\n";
-  }
-  std::string lines = tabs + "<Book_Categories>\n";
-  for (const std::string& category : categories) {
-    lines +=
-        tabs + "\t<" + std::string(element) + ">" + category + "</" + std::string(element) + ">\n";
-  }
-  return lines + tabs + "</Book_Categories>\n";
-}
-
-struct BookCase {
-  std::string name;
-  std::string acronym;
-  std::string link;
-  std::vector<std::string> categories;
-};
-
-std::string entryOf(const BookCase& book) {
-  std::string entry = bookEntry(book.name, book.acronym);
-  entry = replaceAll(entry, "id=\"\"", "id=\"" + book.link + "\"");
-  return replaceAll(
-      entry, "\t\t\t<Book_Categories/>\n", categoryLines("Book_Category", book.categories, 3));
-}
-
-std::string bookXmlOf(const BookCase& book) {
-  return "<Book_Master>\n"
-         "\t<Book>\n"
-         "\t\t<Book_Name>" +
-         book.name +
-         "</Book_Name>\n"
-         "\t\t<Book_Key id=\"" +
-         book.link + "\">Prod</Book_Key>\n" + categoryLines("Category", book.categories, 2) +
-         "\t</Book>\n"
-         "\t<Book_Headings/>\n"
-         "</Book_Master>\n";
-}
 
 class BookMerge : public ::testing::Test {
  protected:

@@ -1,5 +1,6 @@
 #include "sidefiles/keyword_file.h"
 
+#include "tests/support/keyword_text.h"
 #include "tests/support/read_only_files.h"
 #include "tests/unit/sidefiles/side_file_test.h"
 
@@ -40,18 +41,6 @@ class KeywordsTest : public SideFileTest {
   void rename(const std::string& old, const std::string& word, const std::string& book = "Alarms") {
     EditKeywordsToXmlFile(platform(), kPath, book, word, old);
   }
-
-  /// A keywords file as a save leaves it, but for its line ends.
-  static std::string keywordsWith(std::string_view books) {
-    return "<Books>\n" + std::string(books) + "</Books>\n";
-  }
-  static std::string book(std::string_view name, std::initializer_list<std::string_view> words) {
-    std::string text = "\t<Book Book_Name=\"" + std::string(name) + "\">\n\t\t<Keywords>\n";
-    for (const std::string_view word : words) {
-      text += "\t\t\t<Keyword>" + std::string(word) + "</Keyword>\n";
-    }
-    return text + "\t\t</Keywords>\n\t</Book>\n";
-  }
 };
 
 using CreateKeywords = KeywordsTest;
@@ -91,7 +80,7 @@ using AddKeyword = KeywordsTest;
 TEST_F(AddKeyword, MakesAMissingFileWithOneBookAndOneKeyword) {
   add("net");
   EXPECT_EQ(world_.text("kw.xml"),
-            std::string(kSavedHeader) + keywordsWith(book("Alarms", {"net"})));
+            std::string(kSavedHeader) + keywordsWith(keywordsOf("Alarms", {"net"})));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
@@ -99,7 +88,7 @@ TEST_F(AddKeyword, KeepsTheEncodingOfTheFileItMade) {
   add("net");
   add("目录");
   EXPECT_EQ(world_.text("kw.xml"),
-            std::string(kSavedHeader) + keywordsWith(book("Alarms", {"net", "目录"})));
+            std::string(kSavedHeader) + keywordsWith(keywordsOf("Alarms", {"net", "目录"})));
 }
 
 TEST_F(AddKeyword, AddsOneThatTheBookHasNoSecondTime) {
@@ -111,14 +100,15 @@ TEST_F(AddKeyword, AddsOneThatTheBookHasNoSecondTime) {
   EXPECT_EQ(file(), before) << "not even rewritten";
   add("Net");
   add("net", "Trends");
-  EXPECT_EQ(file(), keywordsWith(book("Alarms", {"net", "Net"}) + book("Trends", {"net"})));
+  EXPECT_EQ(file(),
+            keywordsWith(keywordsOf("Alarms", {"net", "Net"}) + keywordsOf("Trends", {"net"})));
 }
 
 TEST_F(AddKeyword, StoresItAndTheBookAsTheyAreGiven) {
   writeFile("<Books/>");
   add(" a & b <c> \"d\" 'e' ", "R&D \"x\"");
   EXPECT_EQ(file(),
-            keywordsWith(book("R&amp;D &quot;x&quot;", {" a &amp; b &lt;c&gt; \"d\" 'e' "})));
+            keywordsWith(keywordsOf("R&amp;D &quot;x&quot;", {" a &amp; b &lt;c&gt; \"d\" 'e' "})));
 }
 
 TEST_F(AddKeyword, WritesABlankOneIntoAFileThatItMakesAndIntoNoOther) {
@@ -155,7 +145,7 @@ TEST_F(AddKeyword, ReportsAMissingFileThatCanNotBeMadeAndGoesNoFurther) {
 TEST_F(AddKeyword, ReportsABookWithAnApostropheUnlessTheFileIsNew) {
   add("net", "O'Neil");
   EXPECT_EQ(world_.text("kw.xml"),
-            std::string(kSavedHeader) + keywordsWith(book("O'Neil", {"net"})));
+            std::string(kSavedHeader) + keywordsWith(keywordsOf("O'Neil", {"net"})));
   EXPECT_THAT(boxes(), IsEmpty());
   add("net", "O'Neil");
   EXPECT_THAT(boxes(),
@@ -190,19 +180,20 @@ TEST_F(AddKeyword, ReportsAMissingFileThatMayNotBeMade) {
 using RenameKeyword = KeywordsTest;
 
 TEST_F(RenameKeyword, RenamesAllOccurrencesInTheBook) {
-  writeFile(keywordsWith(book("Alarms", {"net", "Net", "net"}) + book("Trends", {"net"})));
+  writeFile(
+      keywordsWith(keywordsOf("Alarms", {"net", "Net", "net"}) + keywordsOf("Trends", {"net"})));
   rename("net", "a & b");
-  EXPECT_EQ(
-      file(),
-      keywordsWith(book("Alarms", {"a &amp; b", "Net", "a &amp; b"}) + book("Trends", {"net"})));
+  EXPECT_EQ(file(),
+            keywordsWith(keywordsOf("Alarms", {"a &amp; b", "Net", "a &amp; b"}) +
+                         keywordsOf("Trends", {"net"})));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
 TEST_F(RenameKeyword, ChecksTheNewOneAgainstNothing) {
-  writeFile(keywordsWith(book("Alarms", {"net", "x"})));
+  writeFile(keywordsWith(keywordsOf("Alarms", {"net", "x"})));
   rename("net", "x");
   rename("x", "## &lt;");
-  EXPECT_EQ(file(), keywordsWith(book("Alarms", {"## &amp;lt;", "## &amp;lt;"})));
+  EXPECT_EQ(file(), keywordsWith(keywordsOf("Alarms", {"## &amp;lt;", "## &amp;lt;"})));
 }
 
 TEST_F(RenameKeyword, RewritesTheFileForAnUnknownKeywordAndNotForABlankOne) {
@@ -225,9 +216,9 @@ TEST_F(RenameKeyword, TellsThatAFileThatIsMissingOrDoesNotLoadDoesNotExist) {
 }
 
 TEST_F(RenameKeyword, ReportsErrorsUnderTheNameOfAddingOne) {
-  writeFile(keywordsWith(book("O'Neil", {"net"})));
+  writeFile(keywordsWith(keywordsOf("O'Neil", {"net"})));
   rename("net", "x", "O'Neil");
-  EXPECT_EQ(file(), keywordsWith(book("O'Neil", {"net"})));
+  EXPECT_EQ(file(), keywordsWith(keywordsOf("O'Neil", {"net"})));
   EXPECT_THAT(boxes(),
               ElementsAre("critical: Error(-2147467259):The value O'Neil can't stand in a query "
                           "between the quote characters it contains.\r"

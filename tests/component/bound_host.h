@@ -1,0 +1,40 @@
+#pragma once
+
+#include "tests/component/attendant.h"
+#include "tests/component/component_test.h"
+#include "tests/operations/component_host.h"
+
+namespace quorbind::testing {
+
+/// A host of the registered component. Its disk is a folder, which is the documentation server's.
+class BoundHost : public ComponentHost, private RegisteredDlls {
+ public:
+  BoundHost();
+  ~BoundHost() override;
+
+  void willEnter(const std::string& name, const std::string& acronym) override {
+    attendant_.willEnter(name, acronym);
+  }
+  void willCancel() override { attendant_.willCancel(); }
+  std::vector<std::string> takeShown() override;
+  [[nodiscard]] const TemporaryFolder& disk() const override { return disk_; }
+
+ private:
+  Result answer(const std::string& operation, Arguments& arguments) override;
+  /// The same with the host's own names of files.
+  virtual Result callComponent(const std::string& operation, Arguments& arguments) = 0;
+
+  [[nodiscard]] Argument withOwnNames(Argument argument) const;
+  [[nodiscard]] Argument withPublicNames(Argument argument) const;
+
+  const TemporaryFolder disk_;
+  const std::string root_;
+  Attendant attendant_;
+};
+
+/// Calls the interfaces directly, as compiled hosts do.
+std::unique_ptr<ComponentHost> makeEarlyBoundHost();
+/// Calls operations by name with references to variables, as scripts do.
+std::unique_ptr<ComponentHost> makeLateBoundHost();
+
+}  // namespace quorbind::testing
