@@ -91,7 +91,7 @@ std::int32_t lowerBoundOf(SAFEARRAY* array) {
 }
 
 TextArray textArrayOf(SAFEARRAY* array) {
-  return {textsOf(array), lowerBoundOf(array)};
+  return {textsOf(array), lowerBoundOf(array), array != nullptr};
 }
 
 void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts) {
@@ -124,7 +124,7 @@ void give(BSTR* result, const std::string& text) {
 }
 
 void give(SAFEARRAY** result, const TextArray& array) {
-  *result = makeArray(VT_BSTR, array);
+  *result = array.isSet ? makeArray(VT_BSTR, array) : nullptr;
 }
 
 void give(SAFEARRAY** result, const std::vector<std::string>& list) {

@@ -24,7 +24,7 @@ std::vector<std::string> textsOf(SAFEARRAY* array);
 /// The index of an array's first element; 0 for an array that is unset.
 std::int32_t lowerBoundOf(SAFEARRAY* array);
 
-/// Such an array with its lower bound.
+/// Such an array with its lower bound; one that is unset is told apart.
 TextArray textArrayOf(SAFEARRAY* array);
 
 /// Puts `texts` back into the array that they were read from; it keeps its bounds and the type of

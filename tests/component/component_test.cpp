@@ -74,6 +74,15 @@ Variant arrayOf(VARTYPE type, const std::vector<std::string>& texts, LONG lowerB
   return array;
 }
 
+Variant arrayOf(VARTYPE type, const TextArray& array) {
+  if (array.isSet) {
+    return arrayOf(type, array.texts, array.lowerBound);
+  }
+  Variant variable;
+  variable.put()->vt = static_cast<VARTYPE>(VT_ARRAY | type);
+  return variable;
+}
+
 Variant numberArray() {
   Variant array;
   VARIANT* value = array.put();

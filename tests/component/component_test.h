@@ -59,6 +59,8 @@ VARIANT number(LONG value);
 
 /// An array with elements of type VT_BSTR or VT_VARIANT.
 Variant arrayOf(VARTYPE type, const std::vector<std::string>& texts, LONG lowerBound = 0);
+/// The same, or a variable for one that was never set.
+Variant arrayOf(VARTYPE type, const TextArray& array);
 /// An array of numbers.
 Variant numberArray();
 /// The array in an array variant; stays the variant's.

@@ -51,7 +51,7 @@ class Place<SAFEARRAY**> {
   explicit Place(const Argument* given) {
     if (given != nullptr) {
       const auto& array = std::get<TextArray>(*given);
-      array_ = arrayOf(VT_BSTR, array.texts, array.lowerBound);
+      array_ = arrayOf(VT_BSTR, array);
     } else {
       array_.put()->vt = VT_ARRAY | VT_BSTR;
     }

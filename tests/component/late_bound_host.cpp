@@ -17,7 +17,7 @@ Variant variantOf(const Argument& argument) {
     return Variant::ofInteger(*value);
   }
   const auto& array = std::get<TextArray>(argument);
-  return arrayOf(VT_VARIANT, array.texts, array.lowerBound);
+  return arrayOf(VT_VARIANT, array);
 }
 
 Result resultOf(Variant& value) {

@@ -25,6 +25,10 @@ constexpr std::string_view kHeader =
 constexpr const char* kApostrophe =
     "The value O'Neil can't stand in a query between the quote characters it contains.";
 
+std::string_view withoutLastLineEnd(std::string_view text) {
+  return text.ends_with('\n') ? text.substr(0, text.size() - 1) : text;
+}
+
 class CategoryOperations : public OperationsTest {
  protected:
   CategoryOperations() {
@@ -45,8 +49,13 @@ class CategoryOperations : public OperationsTest {
   void expectFile(const std::string& categories) const {
     EXPECT_EQ(bytes(kFile), saved(categoriesWith(categories)));
   }
-  /// A file as it is when it was made and not changed since.
+  /// A file as it is when it was made and not changed since: it ends directly behind its root.
   void expectMade(std::string_view tree) const {
+    EXPECT_EQ(bytes(kFile),
+              utf16File(saved(std::string(kHeader).append(withoutLastLineEnd(tree)))));
+  }
+  /// What became of it when it was saved since.
+  void expectSaved(std::string_view tree) const {
     EXPECT_EQ(bytes(kFile), utf16File(saved(std::string(kHeader).append(tree))));
   }
   static std::string wideBox(const std::string& error, const std::string& operation) {
@@ -101,7 +110,7 @@ TEST_P(CategoryOperations, AddACategoryInFrontOfTheLastAndRenameIt) {
 TEST_P(CategoryOperations, KeepTheFormOfAFileThatTheyMade) {
   call("CreateBookCateXmlFile", {"C:\\Docs\\", kPath, 0});
   call("AddBookCateToXMLFile", {kPath, "New"});
-  expectMade(categoriesWith(category("Guides") + category("New") + category("Other Category")));
+  expectSaved(categoriesWith(category("Guides") + category("New") + category("Other Category")));
   EXPECT_THAT(shown(), IsEmpty());
 }
 
@@ -226,6 +235,20 @@ TEST_P(CategoryOperations, ReportAnArrayThatIsTooShortForOtherCategory) {
                 "nothing",
                 "information: [Quorbind::Book_Config-AddOtherCategoryBookAcro] 9: Subscript out of "
                 "range");
+}
+
+TEST_P(CategoryOperations, ReportAnArrayThatWasNeverSet) {
+  writeFile(category("Other Category", {"X"}));
+  for (const auto& [operation, source] :
+       {std::pair("AddBookAcro", "AddBookAcro"),
+        std::pair("Addothercategory", "AddOtherCategoryBookAcro")}) {
+    expectRefused(operation,
+                  {"Other Category", TextArray::unset(), kPath},
+                  "nothing",
+                  std::string("information: [Quorbind::Book_Config-")
+                      .append(source)
+                      .append("] 9: Subscript out of range"));
+  }
 }
 
 TEST_P(CategoryOperations, SortNamesWithTheirAcronymsBehindThePlaceholder) {

@@ -51,7 +51,7 @@ class KeywordOperations : public OperationsTest {
 
 TEST_P(KeywordOperations, MakeAFileWithoutKeywords) {
   EXPECT_EQ(call("CreateKeywordXmlFile", {kKeywords}), "nothing");
-  EXPECT_EQ(bytes(kKeywordsFile), utf16File(saved(std::string(kHeader) + "<Books/>\n")));
+  EXPECT_EQ(bytes(kKeywordsFile), utf16File(saved(std::string(kHeader) + "<Books/>")));
   EXPECT_THAT(shown(), IsEmpty());
 }
 
@@ -110,6 +110,17 @@ TEST_P(KeywordOperations, AddAListToTheCurrentBook) {
   EXPECT_EQ(call("AddKeywords", {array({"too", "few"}, -1), kKeywords}), "nothing");
   expectKeywords({"net", "grid", "a&amp;gt;b", "alone"});
   EXPECT_THAT(shown(), IsEmpty());
+}
+
+TEST_P(KeywordOperations, ReportAListThatWasNeverSet) {
+  nameCurrentBook();
+  writeKeywords({"net"});
+  expectRefused(
+      "AddKeywords",
+      {TextArray::unset(), kKeywords},
+      "nothing",
+      "message: Error 9 (Subscript out of range) in procedure AddKeywords of User Control "
+      "ctlBooksTab");
 }
 
 TEST_P(KeywordOperations, EndAListAtAKeywordWithHashesOrABlankAndPassOverOneWithMarkup) {
