@@ -12,6 +12,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -234,6 +235,38 @@ TEST_F(AddBookFile, InTheLibrarysOwnFolderNeverTakesThePlaceOfItsFiles) {
               HasSubstr("<Book_Path>Prod\\</Book_Path>"));
 }
 
+TEST_F(AddBookFile, InTheFolderOfItsBookMayHaveTheNamesOfTheLibrarysFiles) {
+  writeBook("Pumps", "PMP", "P\\Manual", heading("a.htm") + heading("Quor_LinkID.xml"));
+  world_.disk.write("in/Quor_TOC.xml", world_.disk.read("in/pumps.xml"));
+  world_.disk.write("in/Quor_LinkID.xml", "a document");
+  arguments_.vstrtocpath = "C:\\in\\Quor_TOC.xml";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(library(),
+              ElementsAre("Manual/Book_PMP.xml",
+                          "Manual/Quor_LinkID.xml",
+                          "Manual/Quor_TOC.xml",
+                          "Manual/a.htm",
+                          "Manual/p.png",
+                          "Quor_TOC.xml"));
+}
+
+TEST_F(AddBookFile, BringsADocumentThatIsABookFileItselfWithoutTheDocumentsOfThat) {
+  writeBook("Pumps", "PMP", "P\\Manual", heading("deep/other.xml"));
+  world_.disk.write("in/Manual/pumps.xml", world_.disk.read("in/pumps.xml"));
+  world_.disk.write("in/Manual/deep/other.xml",
+                    "<Book_Master><HFile>secret.htm</HFile><HFile>near.htm</HFile></Book_Master>");
+  world_.disk.write("in/Manual/secret.htm", "above the document");
+  world_.disk.write("in/Manual/deep/near.htm", "beside the document");
+  arguments_.vstrtocpath = "C:\\in\\Manual\\pumps.xml";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(
+      library(),
+      ElementsAre(
+          "Manual/Book_PMP.xml", "Manual/deep/other.xml", "Manual/pumps.xml", "Quor_TOC.xml"));
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/deep/other.xml"),
+            world_.disk.read("in/Manual/deep/other.xml"));
+}
+
 TEST_F(AddBookFile, LeavesOutOfItsPlaceWhatItDoesNotState) {
   world_.disk.write("in/pumps.xml",
                     "<Book_Master><Book><Book_Name>Pumps</Book_Name><Book_Acro>PMP</Book_Acro>"
@@ -283,6 +316,18 @@ TEST_F(AddBookFile, BringsTheLinkIdentifiersOfTheLibraryThatItComesFrom) {
             "\t</IBD>\n"
             "</LINKS>\n");
   EXPECT_EQ(world_.disk.read("Docs/Old/Quor_LinkID.xml"), links);
+}
+
+TEST_F(AddBookFile, IsEnteredAlsoWhenItsLinkIdentifiersCanNotBeBrought) {
+  world_.disk.write("Docs/Old/Quor_LinkID.xml", "<LINKS>");
+  world_.disk.write("Docs/Old/Manual/pumps.xml", world_.disk.read("in/pumps.xml"));
+  arguments_.vstrtocpath = "C:\\Docs\\Old\\Manual\\pumps.xml";
+  EXPECT_TRUE(run());
+  ASSERT_EQ(world_.user.messages().size(), 1U);
+  EXPECT_THAT(world_.user.messages().front().text,
+              EndsWith("\rQuorbind: Quor_Book::AddLinkIDInfo"));
+  EXPECT_THAT(catalogue(), HasSubstr("<Book_Name>Pumps</Book_Name>"));
+  EXPECT_THAT(world_.user.recordWithoutProgress(), Contains("event [Manual]"));
 }
 
 TEST_F(AddBookFile, BringsNoLinkIdentifiersFromOutsideALibrary) {
