@@ -74,6 +74,8 @@ class Case {
     const std::string book = sample.world.disk.read(kGeneratedFile);
     beginning = beginningOf(book);
     sample.writePage();
+    sample.writePageOfLikeEnds();
+    sample.writePageOfTags();
     if (!generated || !writeFloorBook() || sample.world.disk.read(kFloorBook) != book) {
       throw std::runtime_error("the floor does not write the book file that the component writes");
     }
@@ -112,13 +114,23 @@ bool check(Case& data) {
          check.marrsMissingFiles().size() == missing;
 }
 
-/// The page's documents are missing: they would stand beside it.
-bool checkPage(Case& data) {
-  Sample& sample = data.sample;
+/// The documents of a page are missing: they would stand beside it.
+bool checkHeadingsOf(std::string page, std::size_t headings, Sample& sample) {
   TocCheck check(sample.world.module);
-  std::string toc = kPage;
-  return check.mbValidateTocFile(toc, TocCheck::kHtml) &&
-         check.marrsMissingFiles().size() == sample.headings();
+  return check.mbValidateTocFile(page, TocCheck::kHtml) &&
+         check.marrsMissingFiles().size() == headings;
+}
+
+bool checkPage(Case& data) {
+  return checkHeadingsOf(kPage, data.sample.headings(), data.sample);
+}
+
+bool checkPageOfLikeEnds(Case& data) {
+  return checkHeadingsOf(kPageOfLikeEnds, data.sample.headings(), data.sample);
+}
+
+bool checkPageOfTags(Case& data) {
+  return checkHeadingsOf(kPageOfTags, /*headings=*/1, data.sample);
 }
 
 bool convert(Case& data) {
@@ -173,6 +185,8 @@ constexpr std::array kStages{
     Stage{"component/check/missing", Documents::kMissing, check},
     Stage{"component/check/standing", Documents::kStanding, check},
     Stage{"component/page", Documents::kMissing, checkPage},
+    Stage{"component/page-of-like-ends", Documents::kMissing, checkPageOfLikeEnds},
+    Stage{"component/page-of-tags", Documents::kMissing, checkPageOfTags},
     Stage{"component/generate", Documents::kMissing, convert},
     Stage{"component/add/missing", Documents::kMissing, add},
     Stage{"component/add/standing", Documents::kStanding, add},

@@ -99,6 +99,22 @@ void Sample::writePage() const {
   page << "</body></html>\r\n";
 }
 
+void Sample::writePageOfLikeEnds() const {
+  std::ofstream page(systemPath(kPageOfLikeEndsFile), std::ios::binary);
+  for (std::size_t index = 1; index < entries_; ++index) {
+    page << "<K1>" << index << "<K1>HREF=\"" << kBookFolder << "/page.htm\" Title</K1>\r\n";
+  }
+}
+
+void Sample::writePageOfTags() const {
+  std::ofstream page(systemPath(kPageOfTagsFile), std::ios::binary);
+  page << "<K1><A HREF=\"" << kBookFolder << "/page.htm\">Title";
+  for (std::size_t index = 1; index < entries_; ++index) {
+    page << '<' << index << "<b>";
+  }
+  page << "</A></K1>\r\n";
+}
+
 void Sample::writeDocuments() const {
   world.disk.makeFolder(kBookFolder);
   for (std::size_t index = 0; index < entries_; ++index) {

@@ -33,6 +33,11 @@ class Sample {
 
   /// Writes the same headings as an HTML page.
   void writePage() const;
+  /// Writes as many headings that read alike from their last start mark on, as an HTML page.
+  void writePageOfLikeEnds() const;
+  /// Writes a single heading with as many tags in its title that read alike from their last bracket
+  /// on, as an HTML page.
+  void writePageOfTags() const;
   /// Puts the library back to one book.
   void resetLibrary() const;
 
@@ -51,6 +56,10 @@ inline constexpr const char* kTocFile = "in/toc.txt";
 inline constexpr const char* kToc = R"(C:\in\toc.txt)";
 inline constexpr const char* kPageFile = "in/toc.htm";
 inline constexpr const char* kPage = R"(C:\in\toc.htm)";
+inline constexpr const char* kPageOfLikeEndsFile = "in/ends.htm";
+inline constexpr const char* kPageOfLikeEnds = R"(C:\in\ends.htm)";
+inline constexpr const char* kPageOfTagsFile = "in/tags.htm";
+inline constexpr const char* kPageOfTags = R"(C:\in\tags.htm)";
 inline constexpr const char* kBookFolder = "Manual";
 inline constexpr const char* kGeneratedFile = "in/Book_BEN.xml";
 inline constexpr const char* kCatalogueFile = "library/Quor_TOC.xml";

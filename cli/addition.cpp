@@ -249,9 +249,10 @@ Addition::Ready Addition::readyPage(const TocFile& toc) {
                    .line = statedPlace_.line},
                   ExitStatus::kRefused);
   }
+  tellNotes(wiring_.ui, survey, toc);
   // Offered in the dialog, as the component would offer it.
   wiring_.module.state.currentBookName = survey.title;
-  if (!askForNames()) {
+  if (!askForNames(toc)) {
     return ExitStatus::kRefused;
   }
   tellOfUnusedFolder();
@@ -269,12 +270,12 @@ Addition::Ready Addition::readyBookFile(const TocFile& toc) {
   if (survey.refusal) {
     return refuse(*survey.refusal, survey.status);
   }
-  statedPlace_.folder = survey.folder;
   if (survey.missingElement) {
     throw missingElement(toc.path, *survey.missingElement);
   }
+  statedPlace_.folder = survey.folder;
   requireUsableLinks(toc);
-  if (asksFirst(arguments_) && !askForNames()) {
+  if (asksFirst(arguments_) && !askForNames(toc)) {
     return ExitStatus::kRefused;
   }
   tellOfUnusedFolder();
@@ -298,18 +299,21 @@ ExitStatus Addition::refuse(const TocRefusal& refusal, ExitStatus status) {
   return status;
 }
 
-bool Addition::askForNames() {
+/// The driver would tell the form which table of contents it asks about.
+bool Addition::askForNames(const TocFile& toc) {
+  wiring_.module.bookInfo.setFileNameLabel(toc.path);
   return Quor_Book(wiring_.module, this).mbGetFormInput(library_.catalogue, kind_);
 }
 
 void Addition::tellOfUnusedFolder() {
   const auto& folder = statedPlace_.folder;
-  if (folder && arguments_.folder) {
-    wiring_.ui.show(
-        {.text = "--folder " + *arguments_.folder + " is not used: the table of contents names " +
-                 (folder->empty() ? "the library's own folder" : "the folder " + *folder),
-         .icon = MessageIcon::kInformation});
+  if (!arguments_.folder || !folder) {
+    return;
   }
+  const std::string named = folder->empty() ? "the library's own folder" : "the folder " + *folder;
+  wiring_.ui.show({.text = "--folder " + *arguments_.folder +
+                           " is not used: the table of contents names " + named,
+                   .icon = MessageIcon::kInformation});
 }
 
 /// Gives up where the folder dialog would have to, which comes too late.

@@ -57,7 +57,7 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
   void requireUsableLinks(const TocFile& toc);
   [[nodiscard]] ExitStatus refuse(const TocRefusal& refusal, ExitStatus status);
-  [[nodiscard]] bool askForNames();
+  [[nodiscard]] bool askForNames(const TocFile& toc);
   void tellOfUnusedFolder();
   void requireFolder();
   void requireFreeBookFile(const std::string& tocPath, const std::string& acronym);

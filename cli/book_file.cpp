@@ -53,6 +53,29 @@ class HeadingScan final : public XmlScanHandler {
   std::string text_;
 };
 
+/// Hands over what a book file names as documents: the main file of the book and those of its
+/// headings.
+class DocumentScan final : public XmlScanHandler {
+ public:
+  explicit DocumentScan(const std::function<void(const std::string&)>& visitor)
+      : visitor_(visitor) {}
+
+  void startElement(std::string_view /*name*/, const XmlScanAttributes& /*attributes*/) override {
+    text_.clear();
+  }
+  void text(std::string_view text) override { text_.append(text); }
+  void endElement(std::string_view name) override {
+    if (name == book_names::kBookFile || name == book_names::kHeadingFile) {
+      visitor_(text_);
+    }
+    text_.clear();
+  }
+
+ private:
+  const std::function<void(const std::string&)>& visitor_;
+  std::string text_;
+};
+
 /// Finds the book's key where it belongs, behind the root and the book, and takes its link.
 class LinkScan final : public XmlScanHandler {
  public:
@@ -128,15 +151,17 @@ BookDocuments findDocuments(const Platform& platform, const std::string& path) {
   const std::string folder = std::string(folderOf(path)) + "\\";
   BookDocuments documents;
   std::unordered_set<std::string> seen;
-  readHeadings(platform, path, [&](const BookHeading& heading) {
-    const std::string name = heading.document.substr(0, heading.document.find('#'));
+  const std::function<void(const std::string&)> look = [&](const std::string& document) {
+    const std::string name = document.substr(0, document.find('#'));
     if (name.empty() || !seen.insert(name).second) {
       return;
     }
     const auto below = nameBelow(name);
     const bool present = below && platform.files.fileExists(folder + *below);
     (present ? documents.present : documents.missing).push_back(name);
-  });
+  };
+  DocumentScan scan(look);
+  scanFile(platform, path, scan);
   return documents;
 }
 

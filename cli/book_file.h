@@ -35,7 +35,7 @@ std::string readBookLink(const Platform& platform, const std::string& path);
 /// Whether two book files tell of the same headings. False also where one of them can't be read.
 bool haveSameHeadings(const Platform& platform, const std::string& left, const std::string& right);
 
-/// The documents that a book names, each once and in its order.
+/// The documents that a book names, its main file included, each once and in its order.
 struct BookDocuments {
   std::vector<std::string> present;
   std::vector<std::string> missing;

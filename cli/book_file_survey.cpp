@@ -1,5 +1,6 @@
 #include "cli/book_file_survey.h"
 
+#include <map>
 #include <string_view>
 
 #include "bookxml/names.h"
@@ -18,6 +19,28 @@ ExitStatus statusOf(const XmlTocRefusal& refusal) {
   return refusal.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
 }
 
+/// Learns on which lines documents are named, which a document in memory does not tell.
+class LineScan final : public XmlScanHandler {
+ public:
+  /// Of the element that is the `index`-th of its name from 0; 0 where it can't be told.
+  [[nodiscard]] std::size_t lineOf(std::string_view name, std::size_t index) const {
+    const std::vector<std::size_t>& lines = lines_.at(name);
+    return index < lines.size() ? lines[index] : 0;
+  }
+
+  void startElement(std::string_view name, const XmlScanAttributes& attributes) override {
+    if (const auto lines = lines_.find(name); lines != lines_.end()) {
+      lines->second.push_back(attributes.line());
+    }
+  }
+  void text(std::string_view /*text*/) override {}
+  void endElement(std::string_view /*name*/) override {}
+
+ private:
+  std::map<std::string_view, std::vector<std::size_t>> lines_{{book_names::kBookFile, {}},
+                                                              {book_names::kHeadingFile, {}}};
+};
+
 }  // namespace
 
 BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
@@ -30,9 +53,17 @@ BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
                       .text = std::move(refusal->offered)};
     return survey;
   }
-  for (const XmlNode& document : book->elementsByName(book_names::kHeadingFile)) {
-    survey.documents.push_back(document.text());
-  }
+  LineScan lines;
+  static_cast<void>(platform.xml.scan(toc.path, lines));
+  const auto addDocuments = [&](std::string_view name) {
+    const auto elements = book->elementsByName(name);
+    for (std::size_t index = 0; index < elements.size(); ++index) {
+      survey.documents.push_back({elements[index].text(), lines.lineOf(name, index)});
+    }
+    return elements.size();
+  };
+  addDocuments(book_names::kBookFile);
+  survey.headings = addDocuments(book_names::kHeadingFile);
   if (const XmlNode path = book->select(book_names::kPathPath)) {
     survey.folder = folderInBookPath(path.text());
   }

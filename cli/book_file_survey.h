@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,14 +13,21 @@
 
 namespace quorbind {
 
+/// A document that a book file names, with the line.
+struct NamedDocument {
+  std::string name;
+  std::size_t line = 0;
+};
+
 /// What a book file as a table of contents looks like before the component is asked to take it.
 struct BookFileSurvey {
   /// Nothing when it breaks no rule.
   std::optional<TocRefusal> refusal;
   /// What a refusal means for the shell.
   ExitStatus status = ExitStatus::kDone;
-  /// The documents of its headings, as it names them; one for each heading.
-  std::vector<std::string> documents;
+  std::size_t headings = 0;
+  /// The main file of its book and the documents of its headings, as it names them.
+  std::vector<NamedDocument> documents;
   /// The folder of its book below the library's; empty for the library's own.
   std::string folder;
   /// An element of its that states a place and that the installed copy has to state anew, when it

@@ -59,9 +59,10 @@ ExitStatus judge(CheckReport& report, const TocSurvey& survey, const TocFile& to
   report.entries = survey.entries;
   if (survey.refusal) {
     reportRefusal(report, *survey.refusal, wiring);
+    return ExitStatus::kRefused;
   }
   requireReadableDepth(survey, toc.name);
-  return survey.refusal ? ExitStatus::kRefused : ExitStatus::kDone;
+  return ExitStatus::kDone;
 }
 
 // Each holds a table of contents against the rules and looks for its documents in one walk.
@@ -79,7 +80,12 @@ ExitStatus checkPage(CheckReport& report, const TocFile& toc, Wiring& wiring) {
   const auto note = [&search](std::size_t line, std::string_view document) {
     search.note(line, document);
   };
-  return judge(report, surveyHtmlToc(wiring.module.platform, toc, note).rules, toc, wiring);
+  const PageSurvey survey = surveyHtmlToc(wiring.module.platform, toc, note);
+  const ExitStatus status = judge(report, survey.rules, toc, wiring);
+  if (status == ExitStatus::kDone) {
+    tellNotes(wiring.ui, survey, toc);
+  }
+  return status;
 }
 
 ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring) {
@@ -89,10 +95,10 @@ ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring
     return survey.status;
   }
   DocumentSearch search(wiring.files, toc.path, report);
-  for (const std::string& document : survey.documents) {
-    search.note(/*line=*/0, document);
+  for (const NamedDocument& document : survey.documents) {
+    search.note(document.line, document.name);
   }
-  report.entries = survey.documents.size();
+  report.entries = survey.headings;
   return ExitStatus::kDone;
 }
 

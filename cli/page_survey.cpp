@@ -7,8 +7,11 @@
 
 #include "cli/failure.h"
 #include "platform/error_trap.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/user_interface.h"
 #include "sidefiles/book_link.h"
+#include "toc/html_place.h"
 #include "toc/html_toc.h"
 
 namespace quorbind {
@@ -17,6 +20,16 @@ namespace {
 
 constexpr std::string_view kNoLinkIdentifier =
     "The link identifier of the book has no characters between <IBD> and </IBD>";
+constexpr std::string_view kIdentifiersEnd =
+    "the link identifier has no characters between <IBD> and </IBD>; it and those behind it are "
+    "not recorded";
+constexpr std::string_view kNotLookedUp =
+    "the link identifier has an apostrophe and is not recorded";
+constexpr std::string_view kEntryCut =
+    "a line break in the title or in a value of the heading cuts its entry in two; it does not "
+    "come "
+    "into the book as it is written, and link identifiers from there on are not recorded";
+constexpr char kApostrophe = '\'';
 
 /// Tells lines of ascending positions, so that all together read the page once.
 class LineCounter {
@@ -65,11 +78,14 @@ class PageSurveyor final : public HtmlTocListener {
     if (const auto violation = checkHtmlLevel(block.text, previousLevel_, level)) {
       return refuse(block, lines_, *violation);
     }
-    if (!acceptedTitle(block, lines_)) {
+    const auto title = acceptedTitle(block, lines_);
+    if (!title) {
       return false;
     }
-    noteLinkIdentifier(block.text);
-    note(lines_.lineAt(block.position), level);
+    const std::size_t line = lines_.lineAt(block.position);
+    noteLineBreaksIn(block.text, *title, line);
+    noteLinkIdentifierOf(block.text, line);
+    note(line, level);
     return true;
   }
 
@@ -97,15 +113,40 @@ class PageSurveyor final : public HtmlTocListener {
 
   // The component ends with an error at an identifier of the book that has no characters.
   bool checkLinkIdentifier(const HtmlTocPiece& block, LineCounter& lines) {
-    const bool isWhole = noteLinkIdentifier(htmlBeforeHeadings(page_));
+    const bool isWhole =
+        takeLinkIdentifier(htmlBeforeHeadings(page_), lines.lineAt(block.position));
     return isWhole || refuse(block, lines, {std::string(kNoLinkIdentifier), /*offersLine=*/false});
   }
 
+  // The export has a line for each heading.
+  void noteLineBreaksIn(std::string_view heading, std::string_view title, std::size_t line) {
+    constexpr std::string_view kLineBreak = "\n";
+    if (contains(title, kLineBreak) || contains(*htmlPathIn(heading), kLineBreak) ||
+        contains(htmlFLinkValueIn(heading), kLineBreak)) {
+      identifiersEnd_ = true;
+      survey_.notes.push_back({line, std::string(kEntryCut)});
+    }
+  }
+
+  // At one of a heading it gives up the identifiers that follow, and goes on.
+  void noteLinkIdentifierOf(std::string_view heading, std::size_t line) {
+    const bool isWhole = takeLinkIdentifier(heading, line);
+    if (!isWhole && !identifiersEnd_) {
+      identifiersEnd_ = true;
+      survey_.notes.push_back({line, std::string(kIdentifiersEnd)});
+    }
+  }
+
   /// Answers whether there is no identifier without characters.
-  bool noteLinkIdentifier(std::string_view text) {
-    bool isThere = false;
-    const bool isWhole = ignoringErrors([&] { isThere = linkIdentifierIn(text).has_value(); }) == 0;
-    survey_.hasLinkIdentifiers = survey_.hasLinkIdentifiers || isThere;
+  bool takeLinkIdentifier(std::string_view text, std::size_t line) {
+    std::optional<std::string> identifier;
+    const bool isWhole = ignoringErrors([&] { identifier = linkIdentifierIn(text); }) == 0;
+    if (identifier && !identifiersEnd_) {
+      survey_.hasLinkIdentifiers = true;
+      if (contains(*identifier, {&kApostrophe, 1})) {
+        survey_.notes.push_back({line, std::string(kNotLookedUp)});
+      }
+    }
     return isWhole;
   }
 
@@ -116,11 +157,8 @@ class PageSurveyor final : public HtmlTocListener {
       refuse(block, lines, htmlPathMissing(block.text));
       return std::nullopt;
     }
-    if (!path->empty()) {
-      document_ = path->substr(0, path->find('#'));
-      if (visitor_) {
-        visitor_(lines.lineAt(block.position), *path);
-      }
+    if (!path->empty() && visitor_) {
+      visitor_(lines.lineAt(block.position), *path);
     }
     std::string title = withoutHtmlTags(block.text);
     if (const auto violation = checkHtmlTitle(block.text, title)) {
@@ -135,7 +173,8 @@ class PageSurveyor final : public HtmlTocListener {
     const auto level = static_cast<std::int16_t>(std::min(headingLevel + 1, kDeepest));
     TocSurvey& rules = survey_.rules;
     if (++rules.entries == 1) {
-      survey_.place = statedPlaceOf(document_, line);
+      survey_.place = statedPlaceOfPage(page_);
+      survey_.place.line = line;
     }
     if (level > rules.deepestLevel) {
       rules.deepestLevel = level;
@@ -157,8 +196,8 @@ class PageSurveyor final : public HtmlTocListener {
   PageSurvey& survey_;
   const DocumentVisitor& visitor_;
   std::int16_t previousLevel_ = 0;
-  /// Of the piece looked at last that names one.
-  std::string document_;
+  /// An identifier behind which none is recorded was met.
+  bool identifiersEnd_ = false;
 };
 
 }  // namespace
@@ -172,6 +211,12 @@ PageSurvey surveyHtmlToc(const Platform& platform,
     PageSurveyor(platform, page, survey, visitor).run();
   });
   return survey;
+}
+
+void tellNotes(UserInterface& ui, const PageSurvey& survey, const TocFile& toc) {
+  for (const PageNote& note : survey.notes) {
+    ui.show({.text = placeIn(toc.name, note.line) + note.text, .icon = MessageIcon::kInformation});
+  }
 }
 
 }  // namespace quorbind

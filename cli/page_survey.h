@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
@@ -11,6 +12,12 @@
 #include "toc/book_place.h"
 
 namespace quorbind {
+
+/// Something to be said of a heading, or of the title, that begins on this line.
+struct PageNote {
+  std::size_t line = 0;
+  std::string text;
+};
 
 /// What an HTML page as a table of contents looks like before the component is asked to take it.
 struct PageSurvey {
@@ -23,6 +30,8 @@ struct PageSurvey {
   StatedPlace place;
   /// Whether it has link identifiers to be recorded.
   bool hasLinkIdentifiers = false;
+  /// What will not come out as its author meant it, although no rule is broken.
+  std::vector<PageNote> notes;
 };
 
 /// Told of every document that the title or a heading links to, with the line on which that begins.
@@ -33,5 +42,8 @@ using DocumentVisitor = std::function<void(std::size_t line, std::string_view do
 PageSurvey surveyHtmlToc(const Platform& platform,
                          const TocFile& toc,
                          const DocumentVisitor& visitor = {});
+
+/// Shows the notes in information boxes.
+void tellNotes(UserInterface& ui, const PageSurvey& survey, const TocFile& toc);
 
 }  // namespace quorbind

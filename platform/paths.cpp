@@ -97,15 +97,20 @@ bool staysInFolder(std::string_view name) {
 std::optional<std::string> nameBelow(std::string_view name) {
   const std::string path = withBackslashes(name);
   std::string below;
+  bool isAtBeginning = true;
   for (const std::string_view part : Pieces(path, "\\")) {
-    const bool isDoubledSeparator = part.empty() && !below.empty();
+    const bool isDoubledSeparator = part.empty() && !isAtBeginning;
+    isAtBeginning = false;
     if (isDoubledSeparator || part == ".") {
       continue;
     }
-    if (!staysInFolder(part)) {
+    if (part == ".." && !below.empty()) {
+      below.resize(folderOf(below).size());
+    } else if (staysInFolder(part)) {
+      below.append(below.empty() ? "" : "\\").append(part);
+    } else {
       return std::nullopt;
     }
-    below.append(below.empty() ? "" : "\\").append(part);
   }
   return below.empty() ? std::nullopt : std::optional(std::move(below));
 }

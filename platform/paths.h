@@ -33,9 +33,10 @@ bool leadsToNetworkOrDevice(std::string_view path);
 bool staysInFolder(std::string_view name);
 
 /// A document's name for a file as a name below the folder that it is meant for: with `\`, without
-/// doubled separators and parts that are `.`. Nothing for a name that leads elsewhere: one that is
-/// empty, begins at a root, or has a part that does not stay in its folder (`..`, a drive, a
-/// scheme, a device).
+/// doubled separators and parts that are `.`, and with every `..` gone together with the part that
+/// it goes back over. Nothing for a name that leads elsewhere: one that is empty, begins at a root,
+/// goes back out of the folder at any time, or has a part that does not stay in its folder (a
+/// drive, a scheme, a device).
 std::optional<std::string> nameBelow(std::string_view name);
 
 }  // namespace quorbind

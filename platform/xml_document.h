@@ -156,6 +156,8 @@ class XmlScanAttributes {
   virtual ~XmlScanAttributes() = default;
   /// The attribute's value, empty when there is none; the view holds during the call only.
   [[nodiscard]] virtual std::string_view value(std::string_view name) const = 0;
+  /// The line on which the start tag that has them ends, counted from 1.
+  [[nodiscard]] virtual std::size_t line() const = 0;
 };
 
 /// Told of a document's elements in order. Names and texts hold during the call only.

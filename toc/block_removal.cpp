@@ -1,7 +1,8 @@
 #include "toc/block_removal.h"
 
 #include <algorithm>
-#include <functional>
+#include <limits>
+#include <utility>
 
 namespace quorbind {
 
@@ -9,13 +10,64 @@ namespace {
 
 constexpr std::size_t kFewestSlots = 16;
 
+constexpr int kPrimeBits = 61;
+constexpr std::uint64_t kPrime = (std::uint64_t{1} << kPrimeBits) - 1;
+/// Any number will do; one of less than half the bits is multiplied with sooner.
+constexpr std::uint64_t kBase = 0x5C93D7E5U;
+
+std::uint64_t reduced(std::uint64_t value) {
+  value = (value & kPrime) + (value >> kPrimeBits);
+  return value >= kPrime ? value - kPrime : value;
+}
+
+/// The product modulo the prime, put together from halves of 31 and 30 bits, as there are no 128.
+std::uint64_t product(std::uint64_t left, std::uint64_t right) {
+  constexpr int kHalf = 31;
+  constexpr std::uint64_t kLowHalf = (std::uint64_t{1} << kHalf) - 1;
+  constexpr int kQuarter = kPrimeBits - kHalf;
+  constexpr std::uint64_t kLowQuarter = (std::uint64_t{1} << kQuarter) - 1;
+  const std::uint64_t leftHigh = left >> kHalf;
+  const std::uint64_t leftLow = left & kLowHalf;
+  const std::uint64_t rightHigh = right >> kHalf;
+  const std::uint64_t rightLow = right & kLowHalf;
+  const std::uint64_t middle = leftLow * rightHigh + leftHigh * rightLow;
+  // Modulo the prime 2^61 is 1, and 2^62 is 2.
+  return reduced(2 * leftHigh * rightHigh + (middle >> kQuarter) +
+                 ((middle & kLowQuarter) << kHalf) + leftLow * rightLow);
+}
+
+std::uint64_t extended(std::uint64_t hash, char character) {
+  return reduced(product(hash, kBase) + static_cast<unsigned char>(character) + 1);
+}
+
+std::uint64_t powerOfBase(std::size_t exponent) {
+  std::uint64_t power = 1;
+  for (std::uint64_t square = kBase; exponent > 0; exponent >>= 1U) {
+    power = (exponent & 1U) != 0 ? product(power, square) : power;
+    square = product(square, square);
+  }
+  return power;
+}
+
 }  // namespace
+
+void BlockRemoval::append(std::string_view characters) {
+  text_.append(characters);
+  if (marks_.empty()) {
+    // Nothing that a hash will be asked for.
+    return;
+  }
+  for (const char character : characters) {
+    hash_ = extended(hash_, character);
+  }
+}
 
 void BlockRemoval::beginMark(std::size_t origin, bool isEnd) {
   const bool followsStartMark = !marks_.empty() && !marks_.back().isEnd;
   marks_.push_back({.place = {.position = text_.size(), .origin = origin},
                     .isEnd = isEnd,
-                    .startMarksBefore = followsStartMark ? marks_.back().startMarksBefore + 1 : 0});
+                    .startMarksBefore = followsStartMark ? marks_.back().startMarksBefore + 1 : 0,
+                    .hashBefore = hash_});
 }
 
 bool BlockRemoval::completeEndMark() {
@@ -29,8 +81,7 @@ bool BlockRemoval::completeEndMark() {
 void BlockRemoval::takeOutFirstBlock() {
   const std::size_t startMarks = marks_.back().startMarksBefore;
   const std::size_t first = indexOfBlock(startMarks);
-  takenOut_.add(
-      std::string_view(text_).substr(marks_[first].place.position), tailOfBlock(), startMarks);
+  takenOut_.add(textFrom(marks_[first]), hashFrom(marks_[first]), startMarks);
   replaceByBlank(first, takenOut_.now());
 }
 
@@ -44,87 +95,136 @@ std::size_t BlockRemoval::indexOfBlock(std::size_t startMarks) const {
   return marks_.size() - 1 - startMarks;
 }
 
-std::string_view BlockRemoval::tailOfBlock() const {
-  return std::string_view(text_).substr(marks_[indexOfBlock(1)].place.position);
+std::string_view BlockRemoval::textFrom(const OpenMark& mark) const {
+  return std::string_view(text_).substr(mark.place.position);
 }
 
+BlockRemoval::Hash BlockRemoval::hashFrom(const OpenMark& mark) const {
+  const std::size_t size = text_.size() - mark.place.position;
+  return reduced(hash_ + kPrime - product(mark.hashBefore, powerOfBase(size)));
+}
+
+// What is cheapest comes first: a block that can't be the earliest is not looked for in the blanks,
+// and one that may not go is not compared.
 std::optional<BlockRemoval::Repetition> BlockRemoval::findRepetition() const {
-  if (marks_.back().startMarksBefore == 0) {
-    return std::nullopt;
-  }
   std::optional<Repetition> earliest;
-  Time time = takenOut_.lastWithTail(tailOfBlock());
-  while (time != 0) {
-    const TakenOut::Block& block = takenOut_.at(time);
-    if (isRepeatedHere(block, time)) {
-      earliest = {.startMarks = block.startMarks, .time = time};
+  BlankSearch blanks(marks_);
+  for (const std::size_t startMarks : takenOut_.startMarkCounts()) {
+    if (startMarks > marks_.back().startMarksBefore) {
+      break;
     }
-    time = block.before;
+    const std::size_t index = indexOfBlock(startMarks);
+    const std::string_view text = textFrom(marks_[index]);
+    Time time = 0;
+    const auto goesEarliest = [&](const TakenOut::Block& block) {
+      const Time limit =
+          block.lastBefore(earliest ? earliest->time : std::numeric_limits<Time>::max());
+      const Time newest = limit == 0 ? 0 : blanks.newestFrom(index, limit);
+      if (newest >= limit || takenOut_.textOf(block) != text) {
+        return false;
+      }
+      time = block.firstAfter(newest);
+      return true;
+    };
+    const TakenOut::Block* block =
+        takenOut_.find(hashFrom(marks_[index]), text.size(), startMarks, goesEarliest);
+    if (block != nullptr) {
+      earliest = {.startMarks = startMarks, .time = time};
+    }
   }
   return earliest;
 }
 
-bool BlockRemoval::isRepeatedHere(const TakenOut::Block& block, Time time) const {
-  if (block.startMarks > marks_.back().startMarksBefore) {
-    return false;
+BlockRemoval::Time BlockRemoval::BlankSearch::newestFrom(std::size_t index, Time limit) {
+  while (index_ > index && newest_ < limit) {
+    --index_;
+    newest_ = std::max(newest_, marks_[index_].newestBlank);
   }
-  const std::size_t index = indexOfBlock(block.startMarks);
-  return std::string_view(text_).substr(marks_[index].place.position) == takenOut_.textOf(block) &&
-         newestBlankFrom(index) < time;
-}
-
-BlockRemoval::Time BlockRemoval::newestBlankFrom(std::size_t index) const {
-  Time newest = 0;
-  for (; index < marks_.size(); ++index) {
-    newest = std::max(newest, marks_[index].newestBlank);
-  }
-  return newest;
+  return newest_;
 }
 
 void BlockRemoval::replaceByBlank(std::size_t index, Time time) {
   text_.resize(marks_[index].place.position);
-  text_.push_back(' ');
+  hash_ = marks_[index].hashBefore;
   marks_.resize(index);
+  append(" ");
   if (!marks_.empty()) {
     marks_.back().newestBlank = std::max(marks_.back().newestBlank, time);
   }
 }
 
-BlockRemoval::Time BlockRemoval::TakenOut::lastWithTail(std::string_view tail) const {
-  return slots_.empty() ? 0 : slots_[slotOf(std::hash<std::string_view>()(tail))];
+BlockRemoval::Time BlockRemoval::TakenOut::Block::lastBefore(Time time) const {
+  const auto next = std::lower_bound(later.begin(), later.end(), time);
+  if (next != later.begin()) {
+    return *(next - 1);
+  }
+  return first < time ? first : 0;
 }
 
-void BlockRemoval::TakenOut::add(std::string_view text,
-                                 std::string_view tail,
-                                 std::size_t startMarks) {
-  makeRoom();
-  const std::size_t hash = std::hash<std::string_view>()(tail);
-  Time& last = slots_[slotOf(hash)];
-  blocks_.push_back({.begin = texts_.size(),
-                     .size = text.size(),
-                     .startMarks = startMarks,
-                     .tailHash = hash,
-                     .before = last});
-  last = now();
+BlockRemoval::Time BlockRemoval::TakenOut::Block::firstAfter(Time time) const {
+  return first > time ? first : *std::upper_bound(later.begin(), later.end(), time);
+}
+
+template <typename Test>
+const BlockRemoval::TakenOut::Block* BlockRemoval::TakenOut::find(Hash hash,
+                                                                  std::size_t size,
+                                                                  std::size_t startMarks,
+                                                                  Test test) const {
+  if (slots_.empty()) {
+    return nullptr;
+  }
+  for (std::size_t slot = slotOf(hash); slots_[slot] != 0; slot = slotBehind(slot)) {
+    const Block& block = blocks_[slots_[slot] - 1];
+    const bool isLikely =
+        block.hash == hash && block.size == size && block.startMarks == startMarks;
+    if (isLikely && test(block)) {
+      return &block;
+    }
+  }
+  return nullptr;
+}
+
+void BlockRemoval::TakenOut::add(std::string_view text, Hash hash, std::size_t startMarks) {
+  ++now_;
+  const Block* known = find(
+      hash, text.size(), startMarks, [&](const Block& block) { return textOf(block) == text; });
+  if (known != nullptr) {
+    blocks_[static_cast<std::size_t>(known - blocks_.data())].later.push_back(now_);
+    return;
+  }
+  addNew({.begin = texts_.size(),
+          .size = text.size(),
+          .startMarks = startMarks,
+          .hash = hash,
+          .first = now_});
   texts_.append(text);
 }
 
-std::size_t BlockRemoval::TakenOut::slotOf(std::size_t hash) const {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = hash & mask;
-  while (slots_[slot] != 0 && at(slots_[slot]).tailHash != hash) {
-    slot = (slot + 1) & mask;
+void BlockRemoval::TakenOut::addNew(Block block) {
+  const auto count = std::lower_bound(counts_.begin(), counts_.end(), block.startMarks);
+  if (count == counts_.end() || *count != block.startMarks) {
+    counts_.insert(count, block.startMarks);
   }
-  return slot;
+  blocks_.push_back(std::move(block));
+  if (2 * blocks_.size() > slots_.size()) {
+    makeRoom();
+  } else {
+    takeSlot(blocks_.size() - 1);
+  }
+}
+
+void BlockRemoval::TakenOut::takeSlot(std::size_t index) {
+  std::size_t slot = slotOf(blocks_[index].hash);
+  while (slots_[slot] != 0) {
+    slot = slotBehind(slot);
+  }
+  slots_[slot] = index + 1;
 }
 
 void BlockRemoval::TakenOut::makeRoom() {
-  if (2 * blocks_.size() < slots_.size()) {
-    return;
-  }
   slots_.assign(std::max(2 * slots_.size(), kFewestSlots), 0);
-  for (Time time = 1; time <= now(); ++time) {
-    slots_[slotOf(at(time).tailHash)] = time;
+  for (std::size_t index = 0; index < blocks_.size(); ++index) {
+    takeSlot(index);
   }
 }
 

@@ -14,8 +14,15 @@
 // one, and such a block stays. Hence each blank knows which replacement it came from, and only
 // later ones apply to a block that holds it. Among several blocks that could go, the one that was
 // taken out first went first.
+//
+// Blocks are found again by a hash that is carried along with the text, so that the hash of what
+// stands behind any mark is known without reading it. A block that ends here can begin at each of
+// the start marks before, but only as many different numbers of start marks are tried as blocks
+// taken out have had: one on an ordinary page, and never more than the square root of twice its
+// start marks. Characters are compared only where a block is about to go.
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,7 +44,7 @@ class BlockRemoval {
     std::size_t origin = 0;
   };
 
-  void append(std::string_view characters) { text_.append(characters); }
+  void append(std::string_view characters);
   /// What is appended next begins a start mark, or an end mark.
   void beginStartMark(std::size_t origin) { beginMark(origin, /*isEnd=*/false); }
   void beginEndMark(std::size_t origin) { beginMark(origin, /*isEnd=*/true); }
@@ -61,11 +68,16 @@ class BlockRemoval {
   /// Counts the blocks taken out, from 1; 0 is before the first.
   using Time = std::size_t;
 
+  /// A polynomial over the characters of a text, modulo the prime 2^61 - 1.
+  using Hash = std::uint64_t;
+
   struct OpenMark {
     Mark place;
     bool isEnd = false;
     /// How many start marks stand in front of it, back to the end mark before.
     std::size_t startMarksBefore = 0;
+    /// Of the text in front of it.
+    Hash hashBefore = 0;
     /// Of the blanks between this mark and the next: when the newest came.
     Time newestBlank = 0;
   };
@@ -75,51 +87,81 @@ class BlockRemoval {
     Time time = 0;
   };
 
-  /// The blocks that were taken out, found by their tails: what they end with from their last start
-  /// mark on. No two places of a text are ever looked up as tails that overlap, so all looking up
-  /// together reads the text once. A table of its own, because a page may have as many headings as
-  /// memory holds, and nodes strewn over it would cost more than everything else.
+  /// The blocks that were taken out. A table of its own, because a page may have as many headings
+  /// as memory holds, and nodes strewn over it would cost more than everything else.
   class TakenOut {
    public:
+    /// Blocks that read alike.
     struct Block {
       std::size_t begin = 0;  ///< in the texts
       std::size_t size = 0;
       std::size_t startMarks = 0;
-      std::size_t tailHash = 0;
-      Time before = 0;  ///< when the one before it with that hash was taken out
+      Hash hash = 0;
+      Time first = 0;
+      std::vector<Time> later = {};
+
+      /// The last time before `time` that one was taken out; 0 for never.
+      [[nodiscard]] Time lastBefore(Time time) const;
+      /// The first time after `time`; there must be one.
+      [[nodiscard]] Time firstAfter(Time time) const;
     };
 
-    [[nodiscard]] Time now() const { return blocks_.size(); }
-    /// When the last block with a tail like this was taken out; 0 for never.
-    [[nodiscard]] Time lastWithTail(std::string_view tail) const;
-    [[nodiscard]] const Block& at(Time time) const { return blocks_[time - 1]; }
+    /// How often something was taken out.
+    [[nodiscard]] Time now() const { return now_; }
+    /// The numbers of start marks that blocks have, in ascending order.
+    [[nodiscard]] const std::vector<std::size_t>& startMarkCounts() const { return counts_; }
     [[nodiscard]] std::string_view textOf(const Block& block) const {
       return std::string_view(texts_).substr(block.begin, block.size);
     }
-    void add(std::string_view text, std::string_view tail, std::size_t startMarks);
+    /// The block of that hash, size and number of start marks that passes `test`, or null.
+    template <typename Test>
+    const Block* find(Hash hash, std::size_t size, std::size_t startMarks, Test test) const;
+    void add(std::string_view text, Hash hash, std::size_t startMarks);
 
    private:
-    /// The slot that a hash has, or would get.
-    [[nodiscard]] std::size_t slotOf(std::size_t hash) const;
+    [[nodiscard]] std::size_t slotOf(Hash hash) const { return hash & (slots_.size() - 1); }
+    [[nodiscard]] std::size_t slotBehind(std::size_t slot) const {
+      return (slot + 1) & (slots_.size() - 1);
+    }
+    void addNew(Block block);
+    void takeSlot(std::size_t index);
     void makeRoom();
 
+    Time now_ = 0;
     std::string texts_;
     std::vector<Block> blocks_;
-    /// Of each hash the time of its last block, or 0; a power of two of them, half of them free.
-    std::vector<Time> slots_;
+    std::vector<std::size_t> counts_;
+    /// Indices into the blocks, from 1, or 0; a power of two of them, half of them free.
+    std::vector<std::size_t> slots_;
+  };
+
+  /// The newest blank behind a mark, for marks that lie ever further back.
+  class BlankSearch {
+   public:
+    explicit BlankSearch(const std::vector<OpenMark>& marks)
+        : marks_(marks), index_(marks.size()) {}
+
+    /// Stops where one came at `limit` or later.
+    Time newestFrom(std::size_t index, Time limit);
+
+   private:
+    const std::vector<OpenMark>& marks_;
+    std::size_t index_;
+    Time newest_ = 0;
   };
 
   void beginMark(std::size_t origin, bool isEnd);
   [[nodiscard]] std::optional<Mark> firstMark(bool isEnd) const;
   /// The mark that a block with so many start marks, ending here, begins with.
   [[nodiscard]] std::size_t indexOfBlock(std::size_t startMarks) const;
-  [[nodiscard]] std::string_view tailOfBlock() const;
+  [[nodiscard]] std::string_view textFrom(const OpenMark& mark) const;
+  [[nodiscard]] Hash hashFrom(const OpenMark& mark) const;
   [[nodiscard]] std::optional<Repetition> findRepetition() const;
-  [[nodiscard]] bool isRepeatedHere(const TakenOut::Block& block, Time time) const;
-  [[nodiscard]] Time newestBlankFrom(std::size_t index) const;
   void replaceByBlank(std::size_t index, Time time);
 
   std::string text_;
+  /// Of all of it, as far as it stands behind a mark.
+  Hash hash_ = 0;
   std::vector<OpenMark> marks_;
   TakenOut takenOut_;
 };

@@ -11,6 +11,16 @@ namespace {
 
 constexpr std::string_view kLeadsOut = "Error:Book Folder leads out of the library: ";
 
+/// The line that a reader of text finds first in `lines`.
+std::string_view firstLineOf(std::string_view lines) {
+  const std::size_t end = lines.find('\n');
+  if (end == std::string_view::npos) {
+    return lines;
+  }
+  const std::string_view line = lines.substr(0, end);
+  return line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0));
+}
+
 }  // namespace
 
 std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
@@ -36,14 +46,19 @@ StatedPlace statedPlaceOf(std::string_view file, std::size_t line) {
   return {.line = line, .folder = folder, .refusal = refusalOfStatedFolder(folder, path)};
 }
 
-StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
-  const text_form::BookEntry entry =
-      text_form::readBookEntry(platform.files, platform.locale, tocPath);
-  const Pieces pieces(entry.text, text_form::kMarker);
+StatedPlace statedPlaceInEntries(std::string_view entries, std::size_t line) {
+  const std::string entry = withBackslashes(firstLineOf(entries));
+  const Pieces pieces(entry, text_form::kMarker);
   if (pieces.count() <= text_form::kFile) {
     return {};
   }
-  return statedPlaceOf(pieces.at(text_form::kFile), entry.line);
+  return statedPlaceOf(pieces.at(text_form::kFile), line);
+}
+
+StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath) {
+  const text_form::BookEntry entry =
+      text_form::readBookEntry(platform.files, platform.locale, tocPath);
+  return statedPlaceInEntries(entry.text, entry.line);
 }
 
 }  // namespace quorbind

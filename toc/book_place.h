@@ -28,6 +28,10 @@ std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
 /// The place that the file name of a book's first entry states, which stands in that line.
 StatedPlace statedPlaceOf(std::string_view file, std::size_t line);
 
+/// The place that the first of `entries`, in the intermediate text form, states; it stands in that
+/// line. An entry ends with its line, also where a field holds the end of it.
+StatedPlace statedPlaceInEntries(std::string_view entries, std::size_t line);
+
 /// Reads it from a table of contents in the intermediate text form. Raises what opening the file
 /// raises.
 StatedPlace readStatedPlace(const Platform& platform, std::string_view tocPath);

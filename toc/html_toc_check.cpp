@@ -10,6 +10,7 @@
 #include "sidefiles/book_link.h"
 #include "sidefiles/link_file.h"
 #include "sidefiles/link_identifiers.h"
+#include "toc/html_place.h"
 #include "toc/text_form.h"
 #include "toc/toc_check.h"
 
@@ -32,12 +33,18 @@ std::int16_t nodeLevelOf(std::int16_t headingLevel) {
   return static_cast<std::int16_t>(headingLevel + 1);
 }
 
+StatedPlace placeInExport(std::string_view exportText) {
+  constexpr std::size_t kFirstEntry = 3;
+  return statedPlaceInEntries(exportText.substr(kExportHead.size()), kFirstEntry);
+}
+
 }  // namespace
 
 bool TocCheck::exportHtmlToc(std::string& tocPath) {
   const Platform& platform = module_.platform;
   std::string exportText;
-  if (!mbValidateHTMLToc(tocPath, exportText) || !mHTMLExportToText(tocPath, exportText)) {
+  if (!mbValidateHTMLToc(tocPath, exportText) || !placeIsAllowed(placeInExport(exportText)) ||
+      !mHTMLExportToText(tocPath, exportText)) {
     return false;
   }
   GenerateBookLinkID(platform,
@@ -86,6 +93,13 @@ bool TocCheck::mbValidateHTMLToc(std::string_view tocPath, std::string& exportTe
   });
 }
 
+bool TocCheck::placeIsAllowed(const StatedPlace& stated) {
+  if (stated.refusal) {
+    module_.platform.ui.show(criticalMessage(*stated.refusal));
+  }
+  return !stated.refusal;
+}
+
 std::string TocCheck::mstrParseFile(std::string_view tocPath) {
   const Platform& platform = module_.platform;
   return trapped(platform.ui, source::kParseFile, std::string(), [&] {
@@ -114,7 +128,15 @@ bool TocCheck::mcheckHTMLTocBookTitle(std::string_view page,
     if (module_.state.currentBookName.empty()) {
       module_.state.currentBookName = title;
     }
-    recordBookLink(page, title, tocPath);
+    const auto identifier = linkIdentifierIn(htmlBeforeHeadings(page));
+    if (!identifier) {
+      return true;
+    }
+    // The headings come later, but a book that is refused for its place must not be recorded.
+    if (!placeIsAllowed(statedPlaceOfPage(page, mstrCurFile_))) {
+      return false;
+    }
+    recordBookLink(*identifier, title, tocPath);
     return true;
   });
 }
@@ -181,18 +203,14 @@ std::optional<std::string_view> TocCheck::takeHtmlPath(std::string_view block,
   return path;
 }
 
-void TocCheck::recordBookLink(std::string_view page,
+void TocCheck::recordBookLink(const std::string& identifier,
                               std::string_view title,
                               std::string_view tocPath) {
   const Platform& platform = module_.platform;
   const ProcessState& state = module_.state;
-  const auto identifier = linkIdentifierIn(htmlBeforeHeadings(page));
-  if (!identifier) {
-    return;
-  }
   AddToLinkIDFile(platform,
                   linkFileOf(platform.toolset, state.currentProductName),
-                  *identifier,
+                  identifier,
                   std::string(state.currentBookAcro).append(kLinkJoint).append(title),
                   std::string(tocPath),
                   state.currentProductName,

@@ -8,6 +8,7 @@
 
 #include "platform/text.h"
 #include "platform/xml_document.h"
+#include "toc/book_place.h"
 #include "toc/html_toc.h"
 #include "toc/text_toc.h"
 #include "toc/toc_violation.h"
@@ -36,7 +37,8 @@ class TocCheck {
                               std::string_view tocPath);
 
   /// Checks an HTML page and puts its export, the headings in the intermediate text form, into
-  /// `exportText`. The book's own link identifier, where the page has one, is recorded meanwhile.
+  /// `exportText`. The book's own link identifier, where the page has one, is recorded meanwhile;
+  /// a page whose book may not lie where it states is refused before that.
   bool mbValidateHTMLToc(std::string_view tocPath, std::string& exportText);
   /// The whole text of a page; empty when it can't be read.
   std::string mstrParseFile(std::string_view tocPath);
@@ -102,8 +104,11 @@ class TocCheck {
   /// Whether nothing is violated; the user is told of what is.
   bool accepts(std::string_view line, const std::optional<TocViolation>& violation);
   bool exportHtmlToc(std::string& tocPath);
+  bool placeIsAllowed(const StatedPlace& stated);
   std::optional<std::string_view> takeHtmlPath(std::string_view block, std::string_view folder);
-  void recordBookLink(std::string_view page, std::string_view title, std::string_view tocPath);
+  void recordBookLink(const std::string& identifier,
+                      std::string_view title,
+                      std::string_view tocPath);
   void takeBookFrom(const XmlDocument& book);
   void takeFolderFrom(const XmlDocument& book);
   void askForFolder();

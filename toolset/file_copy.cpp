@@ -10,6 +10,7 @@
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/folders.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
 #include "platform/text.h"
@@ -24,6 +25,9 @@ namespace {
 
 constexpr std::array<std::string_view, 2> kPageExtensions{".HTM", ".HTML"};
 constexpr char kBookmark = '#';
+/// What a library and the server are known by.
+constexpr std::array<std::string_view, 2> kListFiles{catalogue_names::kFile,
+                                                     server_names::kSelectionFile};
 
 bool isPage(std::string_view name) {
   const std::string upper = upperCaseAscii(name);
@@ -60,7 +64,7 @@ class DocumentNames final : public XmlScanHandler {
  private:
   void add(std::string_view text) {
     auto name = nameBelow(text);
-    if (name && !server_names::isLibraryFile(*name) && known_.add(*name)) {
+    if (name && known_.add(*name)) {
       names_.push_back(*std::move(name));
     }
   }
@@ -73,17 +77,8 @@ class DocumentNames final : public XmlScanHandler {
   std::vector<std::string> names_;
 };
 
-/// Makes a folder and those above it. One that can't be made shows in the copy that needs it.
-void makeFolder(FileSystem& files, std::string_view folder) {
-  if (folder.empty() || files.folderExists(folder)) {
-    return;
-  }
-  makeFolder(files, folderOf(folder));
-  ignoringErrors([&] { files.createFolder(folder); });
-}
-
 void copyInto(FileSystem& files, std::string_view source, std::string_view target) {
-  makeFolder(files, folderOf(target));
+  makeFolders(files, folderOf(target));
   files.copyFile(source, target);
 }
 
@@ -117,6 +112,9 @@ class DocumentCopy {
 
   /// Copies the document `name` from the first of `folders` that has it.
   void copy(const std::string& name, const std::vector<std::string>& folders) {
+    if (isLibrarysOwn(name)) {
+      return;
+    }
     const auto folder = std::find_if(folders.begin(), folders.end(), [&](const auto& candidate) {
       return listings_.hasFile(candidate + name);
     });
@@ -165,9 +163,21 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (!server_names::isLibraryFile(name) && listings_.hasFile(folder + name) && settle(name)) {
+    if (!isLibrarysOwn(name) && listings_.hasFile(folder + name) && settle(name)) {
       bring(folder, name);
     }
+  }
+
+  /// Whether it would take the place of one of the files that a library, or the server, keeps its
+  /// books in. In the folder of a book nothing of that name is theirs.
+  [[nodiscard]] bool isLibrarysOwn(const std::string& name) {
+    if (!server_names::isLibraryFile(name)) {
+      return false;
+    }
+    const std::string folder(folderPartOf(targetFolder_ + name));
+    return std::any_of(kListFiles.begin(), kListFiles.end(), [&](std::string_view list) {
+      return files_.fileExists(folder + std::string(list));
+    });
   }
 
   /// Notes that the file was found, and so has been copied or can't be. Answers whether that is
@@ -181,16 +191,6 @@ class DocumentCopy {
   std::string targetFolder_;
   std::vector<Page> pages_;
 };
-
-/// Where the documents of a book XML file in `folder` (with its `\`) are looked for.
-std::vector<std::string> documentFolders(std::string_view folder) {
-  std::vector<std::string> folders{std::string(folder)};
-  const std::string_view above = folderPartOf(folderOf(folder));
-  if (!above.empty()) {
-    folders.emplace_back(above);
-  }
-  return folders;
-}
 
 }  // namespace
 
@@ -211,7 +211,7 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
     }
     copyInto(files_, from, to);
     isInPlace = true;
-    copyWhatBelongsTo(from, to);
+    copyWhatBelongsTo(from, to, wasMovedIntoBookFolder(source, destination));
   });
   return isInPlace;
 }
@@ -229,13 +229,31 @@ std::string ReferenceFileCopy::targetFor(std::string_view source,
   return target.append(fileName);
 }
 
-void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source, const std::string& target) {
+// The name tells it. The driver moves a book file that it has made into the book's folder beside
+// the table of contents, where there is one; the folder above is that of the table then. One that
+// stays beside the table comes with a doubled separator, because working folders end in one, and
+// the folder above has nothing to do with it.
+bool ReferenceFileCopy::wasMovedIntoBookFolder(std::string_view source,
+                                               std::string_view destination) const {
+  const std::string folder(folderOf(withBackslashes(source)));
+  const std::string bookFolder = files_.absolutePath(destination);
+  return !folder.ends_with('\\') &&
+         locale_.upperCase(fileNameOf(folder)) == locale_.upperCase(fileNameOf(bookFolder));
+}
+
+void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
+                                          const std::string& target,
+                                          bool hasTableAbove) {
   const std::string folder(folderPartOf(source));
+  const std::string fileName(fileNameOf(source));
   DocumentCopy documents(files_, locale_, listings_, settled_, std::string(folderPartOf(target)));
-  documents.add(folder, std::string(fileNameOf(source)));
+  documents.add(folder, fileName);
   DocumentNames named(locale_);
-  if (xml_.scan(source, named)) {
-    const auto folders = documentFolders(folder);
+  if (!isPage(fileName) && xml_.scan(source, named)) {
+    std::vector<std::string> folders{folder};
+    if (hasTableAbove) {
+      folders.emplace_back(folderPartOf(folderOf(folder)));
+    }
     for (const std::string& name : named.names()) {
       documents.copy(name, folders);
     }

@@ -19,8 +19,11 @@ class XmlLibrary;
 /// is overwritten. False, and nothing made, when there is no source; False as well when it could
 /// not be brought into place.
 ///
-/// To a book XML file belong the documents that its headings name, up to a `#`: those beside it,
-/// else those in the folder above. To a page, be it one of these documents or the source itself,
+/// To a book XML file, which no page is, belong the documents that its headings name, up to a `#`:
+/// those beside it, and where it was moved from its table of contents into the book's folder, else
+/// those beside the table, one folder higher. It was moved when its folder has the name of the
+/// folder `destination` and `source` names it without a doubled separator in front of the file, as
+/// the driver does. To a page, be it one of these documents or the source itself,
 /// belong the local files that it links to by `src` and `href` and that lie below its own folder;
 /// pages among these are copied and not read. Everything keeps its place below the target folder.
 /// What is missing or can't be copied is passed over, and changes nothing in the result.
@@ -28,8 +31,9 @@ class XmlLibrary;
 /// An object serves one book. For as long as it lives it looks at a folder once, and brings a file
 /// that several pages link to once, also when the pages are handed over one by one.
 ///
-/// Names in documents are confined: one with a drive, a scheme, a root, a `..` or a device in it is
-/// never looked at.
+/// Names in documents are confined: one with a drive, a scheme, a root or a device in it, or that
+/// leads out by `..`, is never looked at. In a folder that holds a library's catalogue or the
+/// server's list, no document takes the name of one of their files (server_names::isLibraryFile).
 class ReferenceFileCopy final : public FileCopy {
  public:
   /// Kept by reference.
@@ -43,7 +47,9 @@ class ReferenceFileCopy final : public FileCopy {
 
  private:
   [[nodiscard]] std::string targetFor(std::string_view source, std::string_view destination) const;
-  void copyWhatBelongsTo(const std::string& source, const std::string& target);
+  [[nodiscard]] bool wasMovedIntoBookFolder(std::string_view source,
+                                            std::string_view destination) const;
+  void copyWhatBelongsTo(const std::string& source, const std::string& target, bool hasTableAbove);
 
   FileSystem& files_;
   XmlLibrary& xml_;

@@ -25,7 +25,7 @@ class ScanParser final : public BoundedXmlParser {
   /// The attributes of one start tag where libxml2 keeps them.
   class Attributes final : public XmlScanAttributes {
    public:
-    explicit Attributes(const StartTag& tag) : tag_(tag) {}
+    Attributes(const StartTag& tag, xmlParserCtxt& context) : tag_(tag), context_(context) {}
 
     [[nodiscard]] std::string_view value(std::string_view name) const override {
       for (int i = 0; i < tag_.attributeCount; ++i) {
@@ -36,13 +36,17 @@ class ScanParser final : public BoundedXmlParser {
       }
       return {};
     }
+    [[nodiscard]] std::size_t line() const override {
+      return static_cast<std::size_t>(xmlSAX2GetLineNumber(&context_));
+    }
 
    private:
     const StartTag& tag_;
+    xmlParserCtxt& context_;
   };
 
   void startElement(const StartTag& tag) override {
-    handler_.startElement(nameOf(tag.prefix, tag.localName), Attributes(tag));
+    handler_.startElement(nameOf(tag.prefix, tag.localName), Attributes(tag, context()));
   }
 
   void endElement(const EndTag& tag) override {

@@ -41,10 +41,20 @@ std::string oneLine(const wchar_t* message) {
   return line.empty() ? kNoReason : line;
 }
 
+/// Where the reader is; 0 when it doesn't tell.
+int lineAt(ISAXLocator* locator) {
+  int line = 0;
+  if (locator != nullptr) {
+    static_cast<void>(locator->getLineNumber(&line));
+  }
+  return line;
+}
+
 /// The attributes of one start tag where MSXML keeps them.
 class Attributes final : public XmlScanAttributes {
  public:
-  explicit Attributes(ISAXAttributes& attributes) : attributes_(attributes) {}
+  Attributes(ISAXAttributes& attributes, ISAXLocator* locator)
+      : attributes_(attributes), locator_(locator) {}
 
   [[nodiscard]] std::string_view value(std::string_view name) const override {
     const std::wstring wide = toWide(name);
@@ -54,9 +64,13 @@ class Attributes final : public XmlScanAttributes {
         attributes_.getValueFromQName(wide.data(), static_cast<int>(wide.size()), &value, &length);
     return SUCCEEDED(found) ? values_.emplace_back(utf8From(value, length)) : std::string_view();
   }
+  [[nodiscard]] std::size_t line() const override {
+    return static_cast<std::size_t>(lineAt(locator_));
+  }
 
  private:
   ISAXAttributes& attributes_;
+  ISAXLocator* locator_;
   /// Every value asked for, so that the views on them hold.
   mutable std::deque<std::string> values_;
 };
@@ -102,7 +116,7 @@ class Listener final : public ISAXContentHandler, public ISAXErrorHandler {
       if (++depth_ > kMaximumXmlDepth) {
         fail(locator_, tooDeep());
       } else {
-        handler_.startElement(utf8From(name, length), Attributes(*attributes));
+        handler_.startElement(utf8From(name, length), Attributes(*attributes, locator_));
       }
     });
   }
@@ -168,11 +182,7 @@ class Listener final : public ISAXContentHandler, public ISAXErrorHandler {
   [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
 
   void fail(ISAXLocator* locator, std::string reason) {
-    int line = 0;
-    if (locator != nullptr) {
-      static_cast<void>(locator->getLineNumber(&line));
-    }
-    failure_ = failureAt(line, std::move(reason));
+    failure_ = failureAt(lineAt(locator), std::move(reason));
   }
 
   XmlScanHandler& handler_;

@@ -168,7 +168,7 @@ TEST_F(BookFile, IsCheckedWithItsDocuments) {
   std::filesystem::remove(disk.path() / "b.htm");
   const Tree before = disk.contents();
   EXPECT_EQ(quorbind({"check", "book.xml"}).out,
-            "book.xml: missing: b.htm#x\n"
+            "book.xml:5: missing: b.htm#x\n"
             "book.xml: accepted, 2 entries.\n");
   EXPECT_EQ(quorbind({"check", "book.xml", "--json"}).out,
             "{\n"
@@ -177,12 +177,30 @@ TEST_F(BookFile, IsCheckedWithItsDocuments) {
             "  \"entries\": 2,\n"
             "  \"missing\": [\n"
             "    {\n"
+            "      \"line\": 5,\n"
             "      \"file\": \"b.htm#x\"\n"
             "    }\n"
             "  ],\n"
             "  \"messages\": []\n"
             "}\n");
   EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, WhoseMainFileIsMissingIsListedWithIt) {
+  writeBook();
+  disk.write(
+      "book.xml",
+      replaceAll(disk.read("book.xml"),
+                 "</Book>",
+                 "<Book_Categories/>\n<Book_File type=\"htm\">cover.htm</Book_File></Book>"));
+  EXPECT_EQ(quorbind({"check", "book.xml"}).out,
+            "book.xml:3: missing: cover.htm\n"
+            "book.xml: accepted, 2 entries.\n");
+  disk.write("cover.htm", "cover");
+  EXPECT_EQ(quorbind({"check", "book.xml"}).out, "book.xml: accepted, 2 entries.\n");
+  EXPECT_EQ(addBook().out,
+            "Added Alarms (ALM) to Plant, folder Manual: 3 files.\n"
+            "missing: cover.htm\n");
 }
 
 TEST_F(BookFile, WhoseFileCouldNotBePutInItsPlaceIsTakenOutAgain) {

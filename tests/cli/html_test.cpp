@@ -69,7 +69,10 @@ TEST_F(HtmlPage, IsAddedWithItsDocumentsTheirPicturesAndStyleSheets) {
   writePage();
   const Outcome outcome = addPage();
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.out, "Added Alarms (ALM) to Plant, folder Manual: 3 files.\n");
+  EXPECT_EQ(outcome.out,
+            "Added Alarms (ALM) to Plant, folder Manual: 3 files.\n"
+            "missing: cover.htm\n")
+      << "no heading names the main file, so it does not come along";
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(filesBelow("server/Docs/Plant/Manual/"),
             (Words{"Book_ALM.xml", "alarms.htm", "manual.css", "pictures/a.png", "reset.htm"}));
@@ -146,6 +149,7 @@ TEST_F(HtmlPage, ListsTheDocumentsThatAReaderWouldNotFind) {
             "    \"alarms.htm\"\n"
             "  ],\n"
             "  \"missing\": [\n"
+            "    \"cover.htm\",\n"
             "    \"reset.htm\"\n"
             "  ],\n"
             "  \"messages\": []\n"
@@ -166,7 +170,7 @@ TEST_F(HtmlPage, AsksForNameAndAcronymFirstAndOffersItsTitle) {
            {quorbindExecutable(), "add", "toc.htm", "--server", "server", "--library", "Plant"},
        .folder = disk.path().string(),
        .environment = environment});
-  session.waitFor("Book Name: [Alarm Handling] ");
+  session.waitFor("Enter Book Information for :\ntoc.htm\nBook Name: [Alarm Handling] ");
   session.typeLine("");
   session.waitFor("Book Acro: ");
   EXPECT_FALSE(disk.has("server/Docs/Plant/Quor_LinkID.xml"));
@@ -241,6 +245,40 @@ TEST_F(HtmlPage, WhoseFirstHeadingLeadsOutOfTheLibraryIsNotAdded) {
                 "quorbind: toc.htm:2: nothing was added\n");
 }
 
+TEST_F(HtmlPage, WhoseFirstTitlePassesForAFolderThatLeadsOutIsNotAdded) {
+  disk.write("toc.htm",
+             "<HT><A HREF=\"c.htm\">T</A><IBD>#B#</IBD></HT>\n"
+             "<K1><A HREF=\"M/a.htm\">x$@@$ $@@$..\\e\\y$@@$ $@@$$@@$ $@@$$@@$ "
+             "$@@$Evil@@@s$@@$</A></K1>");
+  expectRefusal(1,
+                "critical: Error:Book Folder leads out of the library: ..\\e\\y\n"
+                "quorbind: toc.htm:2: nothing was added\n");
+}
+
+TEST_F(HtmlPage, WhoseFirstTitleRunsOverTwoLinesStatesNoFolder) {
+  disk.write("toc.htm",
+             "<HT><A HREF=\"c.htm\">T</A><IBD>#B#</IBD></HT>"
+             "<K1><A HREF=\"M/a.htm\">Two\nlines</A></K1>");
+  const std::string note =
+      "information: toc.htm:1: a line break in the title or in a value of the heading cuts its "
+      "entry "
+      "in two; it does not come into the book as it is written, and link identifiers from there on "
+      "are not recorded\n";
+  EXPECT_EQ(check().err, note);
+  expectRefusal(6, note + "quorbind: toc.htm: nothing was added: give --folder\n");
+  const Outcome outcome = addPage({"--folder", "Other"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "Added Alarms (ALM) to Plant, folder Other: 1 file.\n"
+            "missing: c.htm\n");
+  EXPECT_EQ(outcome.err,
+            note +
+                "critical: Error(9): Subscript out of range\n"
+                "Quorbind: Quor_Book::GenerateBookLinkID\n"
+                "critical: Error(9): Subscript out of range\n"
+                "Quorbind:CTOCToXML::mGenerateBookHeadings\n");
+}
+
 TEST_F(HtmlPage, NeverTakesThePlaceOfAFileThatStandsWhereItsExportGoes) {
   writePage();
   disk.write("toc_temp.TXT", "the author's own");
@@ -311,6 +349,37 @@ TEST_F(HtmlPage, WithHeadingsBeyondWhatAReaderTakesIsNotAdded) {
   expectRefusal(4,
                 "critical: toc.htm:254: the headings are nested too deeply\n"
                 "quorbind: toc.htm: nothing was added\n");
+}
+
+TEST_F(HtmlPage, ThatBreaksARuleBeyondThatDepthIsRefusedForTheRuleAlone) {
+  std::string page;
+  for (int level = 1; level <= 259; ++level) {
+    const std::string number = std::to_string(level);
+    page += "<K" + number + "><A HREF=\"M/a.htm\">A</A></K" + number + ">\n";
+  }
+  expectPageRefused(page + "<K0>A</K0>",
+                    boxOf("<K0>A</K0>", "Error:Heading level should be positive "),
+                    ":260:1");
+}
+
+TEST_F(HtmlPage, TellsOfLinkIdentifiersThatWillNotBeRecorded) {
+  disk.write("toc.htm",
+             "<K1><A HREF=\"M/a.htm\">A</A><IBD>#A1#</IBD></K1>\n"
+             "<K1><A HREF=\"M/b.htm\">B</A><IBD>#B'1#</IBD></K1>\n"
+             "<K1><A HREF=\"M/c.htm\">C</A><IBD>x</IBD></K1>\n"
+             "<K1><A HREF=\"M/d.htm\">D</A><IBD>#D1#</IBD></K1>\n");
+  const std::string notes =
+      "information: toc.htm:2: the link identifier has an apostrophe and is not recorded\n"
+      "information: toc.htm:3: the link identifier has no characters between <IBD> and </IBD>; it "
+      "and those behind it are not recorded\n";
+  EXPECT_EQ(check().err, notes);
+  const Outcome outcome = addPage();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err.substr(0, notes.size()), notes);
+  const std::string recorded = libraryText("Quor_LinkID.xml");
+  EXPECT_NE(recorded.find("<LinkID>A1<"), std::string::npos);
+  EXPECT_EQ(recorded.find("B'1"), std::string::npos);
+  EXPECT_EQ(recorded.find("D1"), std::string::npos);
 }
 
 // Checking

@@ -458,6 +458,16 @@ TEST_F(FileCopyContract, LooksForADocumentInTheFolderAboveWhenItIsNotBesideTheBo
   EXPECT_EQ(disk_.read("lib/Manual/intro.htm"), "beside");
 }
 
+TEST_F(FileCopyContract, LooksInTheFolderAboveOnlyWhereTheBookFileWasMovedIntoItsBooksFolder) {
+  writeBook({"setup.htm"});
+  disk_.write("in/setup.htm", "above");
+  EXPECT_TRUE(copy("C:\\lib\\Manual", "C:\\in\\Manual\\\\Book_B.xml"));
+  EXPECT_TRUE(copy("C:\\lib\\Other", "C:\\in\\Manual\\Book_B.xml"));
+  EXPECT_TRUE(copy("C:\\lib\\Third\\Book_B.xml", "C:\\in\\Manual\\Book_B.xml"));
+  EXPECT_THAT(filesBelow("lib/"),
+              ElementsAre("Manual/Book_B.xml", "Other/Book_B.xml", "Third/Book_B.xml"));
+}
+
 TEST_F(FileCopyContract, LooksForDocumentsAtTheRootOfTheDriveToo) {
   disk_.write("Book_B.xml", bookNaming({"intro.htm"}));
   disk_.write("intro.htm", "intro");
@@ -482,6 +492,13 @@ TEST_F(FileCopyContract, ReadsTheDocumentsOfBookFilesOnly) {
               "<Other><Book_Master><HFile>intro.htm</HFile></Book_Master></Other>");
   disk_.write("in/Manual/intro.htm", "");
   EXPECT_THAT(copiedWithBook(), ElementsAre("Book_B.xml"));
+}
+
+TEST_F(FileCopyContract, NeverReadsAPageAsABookFile) {
+  disk_.write("in/Manual/page.htm", bookNaming({"intro.htm"}));
+  disk_.write("in/Manual/intro.htm", "");
+  EXPECT_TRUE(copy("C:\\lib\\Manual", "C:\\in\\Manual\\page.htm"));
+  EXPECT_THAT(filesBelow("lib/"), ElementsAre("Manual/page.htm"));
 }
 
 TEST_F(FileCopyContract, BringsABookFileThatDoesNotParseByItself) {

@@ -29,6 +29,9 @@ class ScanRecord final : public XmlScanHandler {
   void startElement(std::string_view name, const XmlScanAttributes& attributes) override {
     lines_.push_back("<" + std::string(name));
     lastWasText_ = false;
+    if (showsLines_) {
+      lines_.back().append(" ").append(std::to_string(attributes.line()));
+    }
     for (const std::string& attribute : asked_) {
       lines_.back().append(" ").append(attribute).append("=").append(attributes.value(attribute));
     }
@@ -47,9 +50,12 @@ class ScanRecord final : public XmlScanHandler {
 
   /// From now on the record shows the attributes of these names at every element.
   void ask(std::vector<std::string> names) { asked_ = std::move(names); }
+  /// From now on the record shows the line of every element.
+  void showLines() { showsLines_ = true; }
   [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
 
  private:
+  bool showsLines_ = false;
   std::vector<std::string> asked_;
   std::vector<std::string> lines_;
   bool lastWasText_ = false;
@@ -133,6 +139,14 @@ TEST_F(XmlScanContract, AttributesAreFoundByTheirExactName) {
 
   EXPECT_THAT(scanned("<a ID='7' kind='&lt;&amp;&quot;&#65;'><b/></a>"),
               ElementsAre("<a ID=7 id= kind=<&\"A", "<b ID= id= kind=", "b>", "a>"));
+}
+
+TEST_F(XmlScanContract, AStartTagTellsTheLineOnWhichItEnds) {
+  record_.showLines();
+
+  EXPECT_THAT(
+      scanned("<?xml version='1.0'?>\n<a>\r\n<b\nx='1'/><c/>\n\n<d>\n</d></a>"),
+      ElementsAre("<a 2", "\n", "<b 4", "b>", "<c 4", "c>", "\n\n", "<d 6", "\n", "d>", "a>"));
 }
 
 TEST_F(XmlScanContract, NamesHaveTheirPrefixes) {

@@ -7,6 +7,7 @@
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/folders.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
 #include "platform/toolset.h"
@@ -16,17 +17,36 @@ namespace quorbind {
 
 namespace {
 
+/// Learns the name of a document's root.
+class RootName final : public XmlScanHandler {
+ public:
+  [[nodiscard]] const std::string& name() const { return name_; }
+
+  void startElement(std::string_view name, const XmlScanAttributes& /*attributes*/) override {
+    if (name_.empty()) {
+      name_ = name;
+    }
+  }
+  void text(std::string_view /*text*/) override {}
+  void endElement(std::string_view /*name*/) override {}
+
+ private:
+  std::string name_;
+};
+
 class BookFileCopy {
  public:
-  BookFileCopy(const Platform& platform, const std::string& tocPath, const std::string& destination)
+  BookFileCopy(const Platform& platform, const BookFileWay& way)
       : platform_(platform),
-        tocPath_(tocPath),
-        sourceFolder_(folderPartOf(tocPath)),
-        destination_(destination) {}
+        files_(platform.files),
+        tocPath_(way.tocPath),
+        sourceFolder_(folderPartOf(way.tocPath)),
+        destination_(way.destination),
+        isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))) {}
 
   void copyFileAs(std::string_view name) {
-    if (!server_names::isLibraryFile(name)) {
-      ignoringErrors([&] { platform_.files.copyFile(tocPath_, placeOf(name)); });
+    if (!isLibrarysOwn(name)) {
+      ignoringErrors([&] { files_.copyFile(tocPath_, placeOf(name)); });
     }
   }
 
@@ -44,11 +64,33 @@ class BookFileCopy {
  private:
   void copyDocument(FileCopy& copy, const std::string& document) {
     const auto name = nameBelow(std::string_view(document).substr(0, document.find('#')));
-    const bool isWanted =
-        name && !server_names::isLibraryFile(*name) && !platform_.files.fileExists(placeOf(*name));
-    if (isWanted) {
-      copy.mbCopyFiles(folderOf(placeOf(*name)), sourceFolder_ + *name, 0, 0);
+    if (!name || isLibrarysOwn(*name) || files_.fileExists(placeOf(*name))) {
+      return;
     }
+    const std::string source = sourceFolder_ + *name;
+    const std::string folder(folderOf(placeOf(*name)));
+    if (isBookFile(source)) {
+      makeFolders(files_, folder);
+      files_.copyFile(source, placeOf(*name));
+    } else {
+      copy.mbCopyFiles(folder, source, 0, 0);
+    }
+  }
+
+  [[nodiscard]] bool isBookFile(const std::string& path) const {
+    RootName root;
+    return files_.fileExists(path) && platform_.xml.scan(path, root) &&
+           root.name() == book_names::kMaster;
+  }
+
+  /// Below the library's folder its files have no place.
+  [[nodiscard]] bool isLibrarysOwn(std::string_view name) const {
+    return isLibraryFolder_ && folderOf(name).empty() && server_names::isLibraryFile(name);
+  }
+
+  /// Comparable with other names.
+  [[nodiscard]] std::string fullName(std::string_view path) const {
+    return platform_.locale.upperCase(files_.absolutePath(path));
   }
 
   [[nodiscard]] std::string placeOf(std::string_view name) const {
@@ -56,30 +98,25 @@ class BookFileCopy {
   }
 
   const Platform& platform_;
+  FileSystem& files_;
   const std::string& tocPath_;
   std::string sourceFolder_;
   const std::string& destination_;
+  bool isLibraryFolder_;
 };
-
-void makeFolder(FileSystem& files, const std::string& folder) {
-  if (!files.folderExists(folder)) {
-    ignoringErrors([&] { files.createFolder(folder); });
-  }
-}
 
 }  // namespace
 
 void copyBookFile(const Platform& platform,
-                  const std::string& tocPath,
-                  const std::string& destination,
+                  const BookFileWay& way,
                   const std::string& bookFileName) {
   const auto book = platform.xml.createDocument();
-  if (!book->load(tocPath)) {
+  if (!book->load(way.tocPath)) {
     return;
   }
-  makeFolder(platform.files, destination);
-  BookFileCopy copy(platform, tocPath, destination);
-  const std::string_view ownName = fileNameOf(tocPath);
+  makeFolders(platform.files, way.destination);
+  BookFileCopy copy(platform, way);
+  const std::string_view ownName = fileNameOf(way.tocPath);
   copy.copyFileAs(ownName);
   if (platform.locale.upperCase(ownName) != platform.locale.upperCase(bookFileName)) {
     copy.copyFileAs(bookFileName);

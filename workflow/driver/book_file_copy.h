@@ -6,20 +6,29 @@
 
 namespace quorbind {
 
-/// Brings an existing book file and the documents that its headings name from the folder of
-/// `tocPath` into the folder `destination`, which is made when it is missing. Documents that stand
-/// there already stay as they are; the others go through the copying component one by one, each to
-/// its place below the folder.
+/// From where to where a book file goes.
+struct BookFileWay {
+  const std::string& tocPath;
+  /// The folder of the book.
+  const std::string& destination;
+  /// Of the library; where it lies in the folder of the book, so do the library's other files.
+  const std::string& catalogue;
+};
+
+/// Brings an existing book file and the documents that its headings name from the folder of the
+/// book file into its destination, which is made when it is missing. Documents that stand there
+/// already stay as they are; the others go through the copying component one by one, each to its
+/// place below the folder. One that is a book file itself is copied without it, because the
+/// component would bring the documents of that book as well.
 ///
 /// The book file arrives under its own name and under `bookFileName`, the name by which the
-/// catalogue will know it, and replaces what stood there. Under a name that the library's own files
-/// have it does not arrive.
+/// catalogue will know it, and replaces what stood there. Beside the catalogue nothing arrives
+/// under a name that the library's own files have.
 ///
 /// All errors are ignored, and a file that does not load brings nothing. Names in it that lead out
-/// of the folder, or that the library's own files have, are never looked at.
+/// of the folder are never looked at.
 void copyBookFile(const Platform& platform,
-                  const std::string& tocPath,
-                  const std::string& destination,
+                  const BookFileWay& way,
                   const std::string& bookFileName);
 
 }  // namespace quorbind

@@ -104,7 +104,8 @@ bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
 }
 
 // Asked here as well as by the generator, because a book whose place is refused must not have its
-// older book file copied either. Of a book file the validation has seen to it.
+// older book file copied either. Of a book file the validation has seen to it; of a page too,
+// before it recorded anything, but what the generator will read is the export.
 bool BookValuator::placeIsAllowed(const BookValuatorArguments& arguments) {
   if (arguments.vintType == TocCheck::kXml) {
     return true;
@@ -172,8 +173,10 @@ void BookValuator::copyToLibrary() {
 
 void BookValuator::installBookFile(const BookValuatorArguments& arguments) {
   const std::string name = book_names::fileOf(module_.state.acroOfBookFile());
-  copyBookFile(platform_, tocPath_, destination(), name);
-  stateNewPlace(destination() + "\\" + name, arguments.vstrProductName);
+  const std::string folder = destination();
+  copyBookFile(
+      platform_, {.tocPath = tocPath_, .destination = folder, .catalogue = cataloguePath_}, name);
+  stateNewPlace(folder + "\\" + name, arguments.vstrProductName);
   AddLinkIDInfo(platform_, module_.state, arguments.strServerPath, workingFolder_);
 }
 

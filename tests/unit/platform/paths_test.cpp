@@ -132,12 +132,23 @@ TEST(NameBelow, IsTheNameWithItsSeparatorsInOrder) {
   EXPECT_EQ(nameBelow("./pages\\\\.\\a.htm"), "pages\\a.htm");
 }
 
+TEST(NameBelow, IsTheNameThatIsMeantByGoingBackInside) {
+  EXPECT_EQ(nameBelow("sub/../sub/x.htm"), "sub\\x.htm");
+  EXPECT_EQ(nameBelow("a\\..\\b.htm"), "b.htm");
+  EXPECT_EQ(nameBelow("a/b/../../c/./..//d.htm"), "d.htm");
+}
+
 TEST(NameBelow, IsNoneForANameThatLeadsElsewhere) {
   for (const char* name : {"",
                            ".",
                            "..",
                            "../a.htm",
-                           "pages\\..\\a.htm",
+                           "pages\\..",
+                           "pages\\..\\..\\a.htm",
+                           "pages\\..\\..\\pages\\a.htm",
+                           "pages/../../a.htm",
+                           "pages\\..\\C:\\a.htm",
+                           "nul\\..\\a.htm",
                            "pages\\.. \\a.htm",
                            "\\a.htm",
                            "/a.htm",

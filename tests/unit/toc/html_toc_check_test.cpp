@@ -334,14 +334,16 @@ TEST_F(HtmlToc, LooksNowhereButBelowItsOwnFolder) {
   EXPECT_TRUE(validate(heading("1", "A", "../a.htm") + heading("1", "B", "\\a.htm") +
                        heading("1", "C", "C:\\a.htm") + heading("1", "D", "nul.htm") +
                        heading("1", "E", "\\\\server\\share\\a.htm") +
-                       heading("1", "F", "sub\\..\\sub\\x.htm")));
+                       heading("1", "F", "sub\\..\\..\\in\\sub\\x.htm")));
   EXPECT_THAT(check_.marrsMissingFiles(),
               ElementsAre("../a.htm",
                           "\\a.htm",
                           "C:\\a.htm",
                           "nul.htm",
                           "\\\\server\\share\\a.htm",
-                          "sub\\..\\sub\\x.htm"));
+                          "sub\\..\\..\\in\\sub\\x.htm"));
+  EXPECT_TRUE(validate(heading("1", "G", "sub\\..\\sub\\x.htm")));
+  EXPECT_EQ(check_.marrsMissingFiles().size(), 6U) << "it never left the folder";
 }
 
 TEST_F(HtmlToc, UnderstandsForwardSlashesInItsOwnPath) {

@@ -141,6 +141,17 @@ TEST_F(RandomPages, OfHeadingsThatBeganInsideOthersAreReadAlike) {
   EXPECT_GT(accepted, 2000);
 }
 
+TEST_F(RandomPages, OfHeadingsThatDifferInFrontAloneAreReadAlike) {
+  const Tokens tokens{
+      "<K1>x", "<K1>x ", "<K1>y", kHeading, kHeading, kBlankHeading, kOpenHeading, " "};
+  int accepted = 0;
+  for (int page = 0; page < 20'000; ++page) {
+    accepted += compare(randomTokens(tokens, 1 + below(24))) ? 1 : 0;
+    ASSERT_FALSE(HasFailure());
+  }
+  EXPECT_GT(accepted, 2000);
+}
+
 TEST_F(RandomPages, WithBookLinksAndFLinkValuesAreReadAlike) {
   const Tokens inside{kLink,
                       "href=\"x/y.htm#b#c\"",
@@ -188,10 +199,12 @@ TEST_F(RandomPages, LoseTheSameTags) {
   forAllTexts({"<", ">", " ", "a"}, 8, [](const std::string& text) {
     ASSERT_EQ(withoutHtmlTags(text), removeTagsPlainly(text)) << text;
   });
-  const Tokens tokens{"<a>", "<a >", "<< >", "<b>", "<", ">", " ", "x"};
-  for (int text = 0; text < 20'000; ++text) {
-    const std::string random = randomTokens(tokens, 1 + below(16));
-    ASSERT_EQ(withoutHtmlTags(random), removeTagsPlainly(random)) << random;
+  for (const Tokens& tokens : {Tokens{"<a>", "<a >", "<< >", "<b>", "<", ">", " ", "x"},
+                               Tokens{"<1<x>", "<2<x>", "<1<", "<2<2<", "<x>", "<", ">", " "}}) {
+    for (int text = 0; text < 20'000; ++text) {
+      const std::string random = randomTokens(tokens, 1 + below(16));
+      ASSERT_EQ(withoutHtmlTags(random), removeTagsPlainly(random)) << random;
+    }
   }
 }
 

@@ -132,9 +132,16 @@ TEST_F(FileCopyTest, ListsEachFolderOnceHoweverManyDocumentsAreMissing) {
   }
   EXPECT_TRUE(copyBook(headings));
   EXPECT_EQ(files_.timesAsked("C:\\in\\"), 1);
-  EXPECT_EQ(files_.timesAsked("C:\\"), 1);
   EXPECT_EQ(files_.timesAsked("C:\\in\\img\\"), 1);
   EXPECT_LT(files_.asked().size(), 20U);
+}
+
+TEST_F(FileCopyTest, AsksNothingAboutTheFolderAboveABookFileThatWasNotMoved) {
+  EXPECT_TRUE(copyBook("<HFile>missing.htm</HFile>"));
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib\\in", "C:\\in\\\\Book_B.xml", 0, 0));
+  EXPECT_EQ(files_.timesAsked("C:\\"), 0);
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\other\\IN", "C:\\in\\Book_B.xml", 0, 0));
+  EXPECT_EQ(files_.timesAsked("C:\\"), 1) << "nothing would have been asked otherwise";
 }
 
 TEST_F(FileCopyTest, CopiesALinkedFileOnceAlsoWhenThePagesAreHandedOverOneByOne) {
@@ -191,6 +198,19 @@ TEST_F(FileCopyTest, NeverPutsADocumentInThePlaceOfTheLibrarysOwnFiles) {
   EXPECT_EQ(disk_.read("lib/Quor_TOC.xml"), "the catalogue");
   EXPECT_FALSE(disk_.has("lib/Quor_LinkID.xml"));
   EXPECT_TRUE(disk_.has("lib/page.htm"));
+}
+
+TEST_F(FileCopyTest, BringsDocumentsOfSuchNamesIntoTheFolderOfABook) {
+  disk_.write("in/page.htm", "<a href=Quor_Linked.xml>");
+  disk_.write("in/Quor_Linked.xml", "");
+  disk_.write("in/deep/Quor_TOC.xml", "");
+  disk_.write("lib/Quor_TOC.xml", "the catalogue");
+  disk_.write("in/Book_B.xml",
+              "<Book_Master><HFile>page.htm</HFile><HFile>deep/Quor_TOC.xml</HFile></Book_Master>");
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib\\Manual", "C:\\in\\Book_B.xml", 0, 0));
+  EXPECT_TRUE(disk_.has("lib/Manual/Quor_Linked.xml"));
+  EXPECT_TRUE(disk_.has("lib/Manual/deep/Quor_TOC.xml"));
+  EXPECT_EQ(disk_.read("lib/Quor_TOC.xml"), "the catalogue");
 }
 
 TEST_F(FileCopyTest, FailsWhenTheDiskIsFullForTheFileItself) {

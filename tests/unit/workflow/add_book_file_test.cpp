@@ -15,6 +15,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -255,6 +256,38 @@ TEST_F(AddBookFile, EndsTheRunWhenTheInstalledFileCanNotStateItsNewPlace) {
   EXPECT_THAT(world_.user.recordWithoutProgress(), Contains(box).Times(2));
 }
 
+TEST_F(AddBookFile, InTheFolderOfItsBookMayHaveTheNamesOfTheLibrarysFiles) {
+  writeBook("Pumps", "PMP", "P\\Manual", heading("a.htm") + heading("Quor_LinkID.xml"));
+  world_.disk.write("in/Quor_TOC.xml", world_.disk.read("in/pumps.xml"));
+  world_.disk.write("in/Quor_LinkID.xml", "a document");
+  arguments_.vstrtocpath = "C:\\in\\Quor_TOC.xml";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(library(),
+              ElementsAre("Manual/Book_PMP.xml",
+                          "Manual/Quor_LinkID.xml",
+                          "Manual/Quor_TOC.xml",
+                          "Manual/a.htm",
+                          "Manual/p.png",
+                          "Quor_TOC.xml"));
+}
+
+TEST_F(AddBookFile, BringsADocumentThatIsABookFileItselfWithoutTheDocumentsOfThat) {
+  writeBook("Pumps", "PMP", "P\\Manual", heading("deep/other.xml"));
+  world_.disk.write("in/Manual/pumps.xml", world_.disk.read("in/pumps.xml"));
+  world_.disk.write("in/Manual/deep/other.xml",
+                    "<Book_Master><HFile>secret.htm</HFile><HFile>near.htm</HFile></Book_Master>");
+  world_.disk.write("in/Manual/secret.htm", "above the document");
+  world_.disk.write("in/Manual/deep/near.htm", "beside the document");
+  arguments_.vstrtocpath = "C:\\in\\Manual\\pumps.xml";
+  EXPECT_TRUE(run());
+  EXPECT_THAT(
+      library(),
+      ElementsAre(
+          "Manual/Book_PMP.xml", "Manual/deep/other.xml", "Manual/pumps.xml", "Quor_TOC.xml"));
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/deep/other.xml"),
+            world_.disk.read("in/Manual/deep/other.xml"));
+}
+
 TEST_F(AddBookFile, MayLieInTheLibraryAlready) {
   arguments_.vstrtocpath = "C:\\Docs\\Prod\\Manual\\Book_PMP.xml";
   world_.disk.write("Docs/Prod/Manual/Book_PMP.xml", world_.disk.read("in/pumps.xml"));
@@ -302,6 +335,7 @@ TEST_F(AddBookFile, BringsTheLinkIdentifiersBeforeItIsEnteredInTheCatalogue) {
   EXPECT_EQ(*(box - 1), "progress 4/10 File copying in progress...");
   EXPECT_EQ(*(box + 1), "progress 8/10 File copying in progress...");
   EXPECT_THAT(catalogue(), HasSubstr("<Book_Acro>PMP</Book_Acro>")) << "all the same";
+  EXPECT_THAT(world_.user.recordWithoutProgress(), Contains("event [Manual]"));
 }
 
 TEST_F(AddBookFile, BringsNoLinkIdentifiersFromOutsideALibrary) {

@@ -133,6 +133,27 @@ TEST_F(AddHtmlBook, BringsItsDocumentsAndLeavesOnlyItsExportBehind) {
   EXPECT_EQ(found, expected);
 }
 
+TEST_F(AddHtmlBook, BringsNothingFromAboveItsFolder) {
+  const std::string page = "<K1><A HREF=\"Other/secret.htm\">Secret</A></K1>";
+  world_.disk.write("secret.htm", "of somebody else");
+  for (const char* folder : {"in", "Other"}) {
+    world_.disk.write(std::string(folder) + "/toc.htm", page);
+    arguments_.vstrtocpath = "C:\\" + std::string(folder) + "\\toc.htm";
+    EXPECT_TRUE(run(folder, folder));
+    EXPECT_TRUE(world_.disk.has("Docs/Prod/Other/Book_" + std::string(folder) + ".xml"));
+    EXPECT_FALSE(world_.disk.has("Docs/Prod/Other/secret.htm")) << folder;
+  }
+}
+
+TEST_F(AddHtmlBook, TakesTheBookFileInTheBooksFolderWhenItsOwnCanNotBeMovedThere) {
+  world_.disk.write("in/Manual/Book_PST.xml", "an older one");
+  EXPECT_TRUE(run());
+  EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event [Manual]"));
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/Book_PST.xml"), "an older one");
+  EXPECT_FALSE(world_.disk.has("in/Manual/Book_PST.xml"));
+  EXPECT_TRUE(world_.disk.has("in/Book_PST.xml"));
+}
+
 TEST_F(AddHtmlBook, OffersTheTitleOfThePageAsItsName) {
   writePage("<HT><A HREF=\"Manual/cover.htm\">Pumps</A></HT>");
   world_.user.answerWith([](ModalForm& form) {
@@ -170,17 +191,35 @@ TEST_F(AddHtmlBook, ForgetsTheMainFileOfTheBookBefore) {
   EXPECT_EQ(world_.text("Docs/Prod/Manual/Book_OTH.xml").find("<Book_File"), std::string::npos);
 }
 
-TEST_F(AddHtmlBook, IsRefusedWhenTheFolderOfItsFirstHeadingLeadsOut) {
-  world_.disk.write("in/toc.htm", "<K1><A HREF=\"../Manual/start.htm\">Start</A></K1>");
+TEST_F(AddHtmlBook, IsRefusedBeforeAnythingIsWrittenWhenTheFolderOfItsFirstHeadingLeadsOut) {
+  const std::string title = "<HT><A HREF=\"Manual/cover.htm\">Pumps</A>";
+  const std::string identifier = "<IBD>#Book#</IBD>";
+  const std::string heading =
+      "</HT><K1><A HREF=\"../Manual/start.htm\">Start</A><IBD>#Start#</IBD></K1>";
+  for (const std::string& page : {title + heading, title + identifier + heading}) {
+    world_.disk.write("in/toc.htm", page);
+    world_.user.forget();
+    const auto before = world_.disk.contents();
+    EXPECT_TRUE(run());
+    EXPECT_THAT(
+        world_.user.recordWithoutProgress(),
+        ElementsAre("critical: Error:Book Folder leads out of the library: ..\\Manual\\start.htm",
+                    "event []"));
+    EXPECT_EQ(world_.disk.contents(), before);
+  }
+}
+
+TEST_F(AddHtmlBook, IsRefusedBeforeAnythingIsWrittenWhenItsFirstTitlePassesForAFolderThatLeadsOut) {
+  world_.disk.write("in/toc.htm",
+                    "<IBD>#Book#</IBD><HT><A HREF=\"Manual/cover.htm\">Pumps</A></HT>"
+                    "<K1><A HREF=\"Manual/start.htm\">x$@@$ $@@$..\\e\\y$@@$ $@@$$@@$ $@@$$@@$ "
+                    "$@@$Evil@@@s$@@$</A></K1>");
   const auto before = world_.disk.contents();
   EXPECT_TRUE(run());
   EXPECT_THAT(
       world_.user.recordWithoutProgress(),
-      ElementsAre("critical: Error:Book Folder leads out of the library: ..\\Manual\\start.htm",
-                  "event []"));
-  auto found = world_.disk.contents();
-  EXPECT_EQ(found.erase("in/TOC_Temp.txt"), 1U);
-  EXPECT_EQ(found, before);
+      ElementsAre("critical: Error:Book Folder leads out of the library: ..\\e\\y", "event []"));
+  EXPECT_EQ(world_.disk.contents(), before);
 }
 
 TEST_F(AddHtmlBook, LeavesEverythingAsItWasWhenARuleIsBroken) {
