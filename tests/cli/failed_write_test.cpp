@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "tests/cli/command_test.h"
+#include "tests/cli/open_toolbox.h"
 
 namespace quorbind::testing {
 namespace {
@@ -18,8 +19,6 @@ class WithoutPermission : public CommandTest {
     if (geteuid() != 0) {
       GTEST_SKIP() << "only root can run a command as another user";
     }
-    fs::permissions(toolbox_.path(), fs::perms::others_exec, fs::perm_options::add);
-    fs::copy_file(quorbindExecutable(), executable());
     initLibrary();
     writeBook();
     fs::permissions(disk.path(), fs::perms::others_all, fs::perm_options::add);
@@ -27,7 +26,7 @@ class WithoutPermission : public CommandTest {
   }
 
   [[nodiscard]] Outcome quorbindAsNobody(const Words& arguments) const {
-    return runHere(asNobody(joined({executable()}, arguments)));
+    return runHere(asNobody(joined({toolbox_.executable()}, arguments)));
   }
 
   void allow(const std::string& name) const {
@@ -54,10 +53,7 @@ class WithoutPermission : public CommandTest {
   }
 
  private:
-  /// The executable itself may stand where that user has no way in.
-  [[nodiscard]] std::string executable() const { return (toolbox_.path() / "quorbind").string(); }
-
-  TemporaryFolder toolbox_;
+  OpenToolbox toolbox_;
 };
 
 TEST_F(WithoutPermission, ALibraryFolderThatCanNotBeWritten) {

@@ -37,6 +37,8 @@ class Adapters {
   virtual ~Adapters() = default;
   virtual FileSystem& files() = 0;
   virtual XmlLibrary& xml() = 0;
+  /// The same over other files, which are kept by reference.
+  virtual std::unique_ptr<XmlLibrary> makeXml(FileSystem& files) = 0;
   virtual Locale& locale() = 0;
   /// The reference tool set; `C:\` is its server folder, and its boxes go to `ui`.
   virtual std::unique_ptr<Toolset> makeToolset(UserInterface& ui) = 0;

@@ -71,6 +71,9 @@ class PortableAdapters final : public Adapters {
 
   FileSystem& files() override { return files_; }
   XmlLibrary& xml() override { return xml_; }
+  std::unique_ptr<XmlLibrary> makeXml(FileSystem& files) override {
+    return std::make_unique<PortableXmlLibrary>(files);
+  }
   Locale& locale() override { return locale_; }
   std::unique_ptr<Toolset> makeToolset(UserInterface& ui) override {
     return std::make_unique<ReferenceToolset>(ToolsetPorts{files_, xml_, ui, locale_}, "C:\\");

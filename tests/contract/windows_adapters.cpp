@@ -93,6 +93,9 @@ class WindowsAdapters final : public Adapters {
 
   FileSystem& files() override { return files_; }
   XmlLibrary& xml() override { return xml_; }
+  std::unique_ptr<XmlLibrary> makeXml(FileSystem& files) override {
+    return std::make_unique<MsxmlLibrary>(files);
+  }
   Locale& locale() override { return locale_; }
   std::unique_ptr<Toolset> makeToolset(UserInterface& ui) override {
     return std::make_unique<ReferenceToolset>(ToolsetPorts{files_, xml_, ui, locale_}, "C:\\");

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "platform/runtime_error.h"
-#include "platform/text_encoding.h"
 #include "platform/xml_document.h"
 #include "platform/xml_writer.h"
 #include "tests/contract/adapters.h"
+#include "tests/support/damaged_xml.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/random_xml.h"
 #include "tests/support/temporary_folder.h"
@@ -1040,15 +1040,6 @@ struct EncodingCase {
   std::string savedBytes;
 };
 
-std::string utf16BigEndian(std::string_view utf8) {
-  std::string bytes;
-  appendUtf16LittleEndian(bytes, utf8);
-  for (std::size_t i = 0; i < bytes.size(); i += 2) {
-    std::swap(bytes[i], bytes[i + 1]);
-  }
-  return bytes;
-}
-
 std::string documentIn(std::string_view encoding, std::string_view text) {
   return std::string(R"(<?xml version="1.0" encoding=")")
       .append(encoding)
@@ -1092,9 +1083,9 @@ INSTANTIATE_TEST_SUITE_P(
         EncodingCase{"Utf16LittleEndianWithMark", utf16File(kUtf16), utf16File(kUtf16)},
         EncodingCase{
             "Utf16LittleEndianWithoutMark", utf16File(kUtf16).substr(2), utf16File(kUtf16)},
+        EncodingCase{"Utf16BigEndianWithMark", utf16BigEndianFile(kUtf16), utf16File(kUtf16)},
         EncodingCase{
-            "Utf16BigEndianWithMark", "\xFE\xFF" + utf16BigEndian(kUtf16), utf16File(kUtf16)},
-        EncodingCase{"Utf16BigEndianWithoutMark", utf16BigEndian(kUtf16), utf16File(kUtf16)},
+            "Utf16BigEndianWithoutMark", utf16BigEndianFile(kUtf16).substr(2), utf16File(kUtf16)},
         EncodingCase{"Windows1252", kWindows1252, kWindows1252},
         EncodingCase{"Latin1",
                      documentIn("ISO-8859-1", "\xDC &#8220;q&#8221;"),
@@ -1132,6 +1123,50 @@ TEST_F(XmlContract, ALongDocumentIsSavedInItsEncoding) {
   text += "</Books>\r\n";
 
   EXPECT_TRUE(savedAfterLoading(utf16File(text)) == utf16File(text));
+}
+
+// Damaged files
+
+constexpr std::string_view kSoundBooks =
+    "<Books>\r\n"
+    "\t<Book Book_Name=\"目录\">Ü</Book>\r\n"
+    "</Books>\r\n";
+
+TEST_F(XmlContract, WhatADamageIsDoneToLoads) {
+  EXPECT_TRUE(load(kSoundBooks));
+}
+
+TEST_F(XmlContract, ADamagedFileIsAFailedLoadWithAReasonAndAnEmptyDocument) {
+  const std::vector<XmlDamage> damages = xmlDamagesOf(kSoundBooks);
+  EXPECT_GT(damages.size(), 50U);
+  for (const XmlDamage& damage : damages) {
+    SCOPED_TRACE(damage.name);
+    disk_.remove("book.xml");
+    load(kSoundBooks);
+    damage.putInPlaceOf(disk_, "book.xml");
+    const XmlLoadResult result = document_->load(kPath);
+    if (damage.kind == XmlDamage::Kind::kForeign) {
+      EXPECT_TRUE(result) << result.reason;
+      continue;
+    }
+    EXPECT_FALSE(result);
+    EXPECT_THAT(result.reason, Not(IsEmpty()));
+    EXPECT_FALSE(document_->documentElement());
+    EXPECT_THAT(document_->elementsByName("Book"), IsEmpty());
+  }
+}
+
+TEST_F(XmlContract, WhatDidNotLoadIsNeverSaved) {
+  for (const XmlDamage& damage : xmlDamagesOf(kSoundBooks)) {
+    SCOPED_TRACE(damage.name);
+    damage.putInPlaceOf(disk_, "book.xml");
+    if (document_->load(kPath)) {
+      continue;
+    }
+    const auto before = disk_.contents();
+    EXPECT_EQ(errorRaisedBy([&] { document_->save(kPath); }), kNoTopLevelElementError);
+    EXPECT_EQ(disk_.contents(), before);
+  }
 }
 
 // Any document

@@ -1,5 +1,6 @@
 #include "tests/support/random_xml.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 #include <string_view>
@@ -23,8 +24,25 @@ class DocumentMaker {
     return text;
   }
 
+  std::string fill(std::string_view skeleton) {
+    std::string text;
+    while (!skeleton.empty()) {
+      const std::size_t mark = std::min(skeleton.find('{'), skeleton.size());
+      text += skeleton.substr(0, mark);
+      skeleton.remove_prefix(mark);
+      if (!skeleton.empty()) {
+        const std::size_t end = skeleton.find('}') + 1;
+        text += foreignPart(skeleton.substr(0, end));
+        skeleton.remove_prefix(end);
+      }
+    }
+    return text;
+  }
+
  private:
   static constexpr int kDeepest = 6;
+  /// How deep the elements inside a foreign one may go.
+  static constexpr int kForeignDepth = 2;
   static constexpr std::string_view kQuotes = "\"'";
 
   unsigned below(unsigned bound) { return static_cast<unsigned>(random_()) % bound; }
@@ -122,6 +140,42 @@ class DocumentMaker {
     return depth == kDeepest ? std::string(words()) : element(depth + 1, "");
   }
 
+  std::string foreignPart(std::string_view mark) {
+    if (mark == "{aside}") {
+      return asides();
+    }
+    return mark == "{own}" ? foreignAttributes() : foreignNodes();
+  }
+
+  std::string foreignAttributes() {
+    constexpr std::array<std::string_view, 3> kAttributes{
+        " own=", " xml:lang=", " xmlns:f='urn:f' f:note="};
+    std::string text;
+    for (const std::string_view attribute : kAttributes) {
+      if (oneIn(4)) {
+        const std::string_view value = words();
+        text.append(attribute).append("\"").append(value == kQuotes ? "'" : value).append("\"");
+      }
+    }
+    return text;
+  }
+
+  std::string foreignNodes() {
+    std::string text;
+    while (oneIn(2)) {
+      text += space();
+      if (oneIn(3)) {
+        text += oneIn(2) ? comment() : instruction();
+      } else if (oneIn(8)) {
+        text += oneIn(4) ? "<![CDATA[<d> & ]]>" : std::string(words());
+      } else {
+        text += "<f:any xmlns:f='urn:f' xmlns:q='urn:q' xmlns:r='urn:r'" + attributes() + ">" +
+                content(kDeepest - kForeignDepth) + "</f:any>";
+      }
+    }
+    return text;
+  }
+
   std::mt19937 random_;
 };
 
@@ -129,6 +183,10 @@ class DocumentMaker {
 
 std::string randomXml(unsigned seed) {
   return DocumentMaker(seed).make();
+}
+
+std::string withForeignContent(std::string_view skeleton, unsigned seed) {
+  return DocumentMaker(seed).fill(skeleton);
 }
 
 std::string describeTree(const XmlNode& node) {
@@ -144,6 +202,21 @@ std::string describeTree(const XmlNode& node) {
     text += describeTree(child);
   }
   return text.append(")");
+}
+
+std::string describeDocument(const XmlDocument& document) {
+  std::string text;
+  for (const XmlNode& node : document.selectAll("/node()")) {
+    text += describeTree(node);
+  }
+  for (const char* query : {"//*[namespace-uri()='urn:", "//@*[namespace-uri()='urn:"}) {
+    for (const char* name : {"f", "q", "r", "default"}) {
+      for (const XmlNode& node : document.selectAll(std::string(query) + name + "']")) {
+        text.append(name).append(":").append(node.name()).append(" ");
+      }
+    }
+  }
+  return text;
 }
 
 }  // namespace quorbind::testing

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <random>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/text_encoding.h"
 
@@ -74,6 +75,10 @@ void TemporaryFolder::makeFolder(std::string_view name) const {
   fs::create_directories(path_ / pathOf(name));
 }
 
+void TemporaryFolder::remove(std::string_view name) const {
+  fs::remove_all(path_ / pathOf(name));
+}
+
 std::map<std::string, std::string> TemporaryFolder::contents() const {
   std::map<std::string, std::string> result;
   for (const auto& entry : fs::recursive_directory_iterator(path_)) {
@@ -86,6 +91,14 @@ std::map<std::string, std::string> TemporaryFolder::contents() const {
 std::string utf16File(std::string_view utf8) {
   std::string bytes = "\xFF\xFE";
   appendUtf16LittleEndian(bytes, utf8);
+  return bytes;
+}
+
+std::string utf16BigEndianFile(std::string_view utf8) {
+  std::string bytes = utf16File(utf8);
+  for (std::size_t at = 0; at < bytes.size(); at += 2) {
+    std::swap(bytes[at], bytes[at + 1]);
+  }
   return bytes;
 }
 

@@ -22,6 +22,8 @@ class TemporaryFolder {
   [[nodiscard]] std::string read(std::string_view name) const;
   [[nodiscard]] bool has(std::string_view name) const;
   void makeFolder(std::string_view name) const;
+  /// Takes a file, or a folder with everything in it, away.
+  void remove(std::string_view name) const;
   /// Every file below the folder with its bytes, names with `/`: two of these compare a whole tree.
   [[nodiscard]] std::map<std::string, std::string> contents() const;
 
@@ -31,7 +33,9 @@ class TemporaryFolder {
 
 /// The bytes of a "Unicode text" file that holds `utf8`: UTF-16, little-endian, with its mark.
 std::string utf16File(std::string_view utf8);
-/// What such a file holds, as UTF-8.
+/// The same in the other byte order.
+std::string utf16BigEndianFile(std::string_view utf8);
+/// What a file in UTF-16, little-endian, holds, as UTF-8.
 std::string fromUtf16File(std::string_view bytes);
 
 }  // namespace quorbind::testing

@@ -89,6 +89,17 @@ TEST_F(LinksOfBook, AreNotRecordedWhenAnotherProductHasThem) {
   EXPECT_THAT(boxes(), ElementsAre("critical: N1 - Link ID already exist. "));
 }
 
+TEST_F(LinksOfBook, AreNotRecordedWhenAnotherBookOfTheProductHasThem) {
+  const std::string standing =
+      link("N1", "OLD@QUOR@A", "Prod\\old.htm", "OLD") + link(" N2 ", "F", "Prod\\o.htm", "OLD");
+  world_.disk.write("Docs/Prod/Quor_LinkID.xml", linksWith(standing));
+  generate(line(1, "A", "N1@@@a") + line(2, "B", "N2@@@b") + line(2, "C", "N3@@@c"));
+  EXPECT_EQ(links(), linksWith(standing + link("N3", "BK@QUOR@A@QUOR@C", "Prod\\c", "BK")));
+  EXPECT_THAT(boxes(),
+              ElementsAre("critical: N1 - Link ID already exist. ",
+                          "critical: N2 - Link ID already exist. "));
+}
+
 TEST_F(LinksOfBook, AreToldOnceWhenTheBookIsAddedAgain) {
   const std::string book = line(1, "A", "N1@@@a") + line(2, "B", "N2@@@b");
   generate(book);
