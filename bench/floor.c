@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
+#include <libxml/xpath.h>
 #include <limits.h>
 #include <stdbool.h>
 #include <stdint.h>
@@ -368,8 +369,56 @@ static bool saveDocument(xmlDoc* document, const char* path) {
   return saved;
 }
 
+static xmlDoc* loadDocument(const char* path) {
+  return xmlReadFile(path, NULL, XML_PARSE_NOBLANKS | XML_PARSE_NONET | XML_PARSE_NOERROR);
+}
+
+/// The elements in the element that the document is a list of: as many as a catalogue has books.
+static long countEntries(xmlDoc* document) {
+  xmlNode* list = xmlDocGetRootElement(document);
+  if (xmlChildElementCount(list) == 1) {
+    list = xmlFirstElementChild(list);
+  }
+  return (long)xmlChildElementCount(list);
+}
+
+long floorLoad(const char* path) {
+  xmlDoc* document = loadDocument(path);
+  if (document == NULL) {
+    return -1;
+  }
+  const long count = countEntries(document);
+  xmlFreeDoc(document);
+  return count;
+}
+
+long floorQuery(const char* path, const char* query) {
+  xmlDoc* document = loadDocument(path);
+  if (document == NULL) {
+    return -1;
+  }
+  xmlXPathContext* context = xmlXPathNewContext(document);
+  context->node = (xmlNode*)document;
+  xmlXPathObject* found = xmlXPathEval((const xmlChar*)query, context);
+  const long count = found == NULL ? -1 : xmlXPathNodeSetGetLength(found->nodesetval);
+  xmlXPathFreeObject(found);
+  xmlXPathFreeContext(context);
+  xmlFreeDoc(document);
+  return count;
+}
+
+long floorLoadAndSave(const char* path) {
+  xmlDoc* document = loadDocument(path);
+  if (document == NULL) {
+    return -1;
+  }
+  const long count = saveDocument(document, path) ? countEntries(document) : -1;
+  xmlFreeDoc(document);
+  return count;
+}
+
 long floorCatalogue(const char* cataloguePath) {
-  xmlDoc* document = xmlReadFile(cataloguePath, NULL, XML_PARSE_NOBLANKS | XML_PARSE_NONET);
+  xmlDoc* document = loadDocument(cataloguePath);
   if (document == NULL) {
     return -1;
   }

@@ -1,7 +1,7 @@
 #pragma once
 
-// The floor under an addition: the work that no implementation can leave out, written in plain C
-// with the XML library alone, without any of the component's rules, messages and layers.
+// The floor: the work that no implementation can leave out, written in plain C with the XML library
+// alone, without any of the component's rules, messages and layers.
 //
 // Files are named by their system paths. Whatever is written is written, flushed and renamed as the
 // component does it, so that both sides pay the disk the same. Every function answers what it
@@ -29,6 +29,16 @@ long floorCopy(const char* from, const char* to);
 
 /// Reads a book XML file once, element by element. Answers the number of headings' files in it.
 long floorScan(const char* bookPath);
+
+/// Loads a document and forgets it. Answers how many elements there are in its list, which is the
+/// root or the only element in the root.
+long floorLoad(const char* path);
+
+/// Loads a document and asks it one XPath query. Answers how many nodes that finds.
+long floorQuery(const char* path, const char* query);
+
+/// Loads a document and saves it, laid out anew. Answers what floorLoad answers.
+long floorLoadAndSave(const char* path);
 
 /// Loads the catalogue, adds a book to it and saves it. Answers the number of books in it then.
 long floorCatalogue(const char* cataloguePath);

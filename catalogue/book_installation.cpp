@@ -1,5 +1,7 @@
 #include "catalogue/book_installation.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "catalogue/names.h"
@@ -110,9 +112,11 @@ class BookInstallation {
   bool nameBook() {
     takeOver(details_.name, state_.currentBookName);
     takeOver(details_.acronym, state_.currentBookAcro);
-    if (!mbGetFormInput(module_, paths_.catalogue, kSingleDocument)) {
+    FormInput input = askFormInput(module_, paths_.catalogue, kSingleDocument);
+    if (!input.isGiven) {
       return false;
     }
+    catalogue_ = std::move(input.catalogue);
     frmBookInfo& form = module_.bookInfo;
     name_ =
         state_.currentBookName.empty() ? stored(form.txtBookName().text()) : state_.currentBookName;
@@ -124,11 +128,13 @@ class BookInstallation {
   bool enterInCatalogue(const std::string& product,
                         const std::string& fileName,
                         const std::string& type) {
-    const auto catalogue = platform_.xml.createDocument();
-    if (!catalogue->load(paths_.catalogue)) {
-      return false;
+    if (catalogue_ == nullptr) {
+      catalogue_ = platform_.xml.createDocument();
+      if (!catalogue_->load(paths_.catalogue)) {
+        return false;
+      }
     }
-    appendEntry(*catalogue,
+    appendEntry(*catalogue_,
                 {.name = name_,
                  .acronym = acronym_,
                  .product = product,
@@ -136,7 +142,7 @@ class BookInstallation {
                  .file = fileName,
                  .fileType = type,
                  .categories = categoriesIn(details_.categories)});
-    catalogue->save(paths_.catalogue);
+    catalogue_->save(paths_.catalogue);
     return true;
   }
 
@@ -186,6 +192,8 @@ class BookInstallation {
   const std::string& document_;
   const BookDetails& details_;
   const LibraryPaths& paths_;
+  /// As it was read for the check, where nobody had to answer anything since.
+  std::unique_ptr<XmlDocument> catalogue_;
   std::string name_;
   std::string acronym_;
 };

@@ -76,23 +76,49 @@ class BookRename {
     if (trimBlanks(entered_.name).empty() || trimBlanks(entered_.acronym).empty()) {
       return std::string(text(Message::kEnterNameAndAcro));
     }
-    const std::vector<XmlNode> books = catalogue_.selectAll(catalogue_names::kBookPath);
-    if (isTaken(books, catalogue_names::kName, storedName_, current_.name)) {
+    const HeldNamings held = heldNamings();
+    if (isTaken(held.names, storedName_, current_.name)) {
       return (Message::kErrorBookName + entered_.name) + Message::kAlreadyExists;
     }
-    if (isTaken(books, catalogue_names::kAcro, entered_.acronym, current_.acronym)) {
+    if (isTaken(held.acronyms, entered_.acronym, current_.acronym)) {
       return (Message::kErrorBookAcro + entered_.acronym) + Message::kAlreadyExists;
     }
     return std::nullopt;
   }
 
-  /// Whether a book has `wanted` in its child `element`, other than as the `current` value.
-  [[nodiscard]] bool isTaken(const std::vector<XmlNode>& books,
-                             std::string_view element,
+  /// What the books of the catalogue are called, in two rows; no node where a book lacks one.
+  struct HeldNamings {
+    std::vector<XmlNode> names;
+    std::vector<XmlNode> acronyms;
+  };
+
+  [[nodiscard]] HeldNamings heldNamings() const {
+    HeldNamings held;
+    for (const XmlNode& book : catalogue_.selectAll(catalogue_names::kBookPath)) {
+      XmlNode& name = held.names.emplace_back();
+      XmlNode& acronym = held.acronyms.emplace_back();
+      for (XmlNode child = book.firstChild(); child && !(name && acronym);
+           child = child.nextSibling()) {
+        takeFirst(name, child, catalogue_names::kName);
+        takeFirst(acronym, child, catalogue_names::kAcro);
+      }
+    }
+    return held;
+  }
+
+  static void takeFirst(XmlNode& first, const XmlNode& child, std::string_view name) {
+    if (!first && child.isElement() && child.name() == name) {
+      first = child;
+    }
+  }
+
+  /// Whether one of the nodes has the `wanted` text, other than as the `current` one. Raises 91
+  /// where a book lacks it.
+  [[nodiscard]] bool isTaken(const std::vector<XmlNode>& nodes,
                              std::string_view wanted,
                              std::string_view current) const {
-    return std::any_of(books.begin(), books.end(), [&](const XmlNode& book) {
-      const std::string held = book.child(element).text();
+    return std::any_of(nodes.begin(), nodes.end(), [&](const XmlNode& node) {
+      const std::string held = node.text();
       return isSame(held, wanted) && !isSame(held, current);
     });
   }
@@ -102,8 +128,8 @@ class BookRename {
   }
 
   void findNodes() {
-    const std::string byName = booksNamed(current_.name);
-    const std::string byAcronym = booksWithAcronym(current_.acronym);
+    const std::vector<XmlNode> byName = catalogue_.selectAll(booksNamed(current_.name));
+    const std::vector<XmlNode> byAcronym = catalogue_.selectAll(booksWithAcronym(current_.acronym));
     const std::string folder = std::string(folderPartOf(cataloguePath_))
                                    .append(childOf(byName, catalogue_names::kFolder).text())
                                    .append("\\");
@@ -117,13 +143,15 @@ class BookRename {
     }
   }
 
-  /// Raises 91 when no book has it.
-  [[nodiscard]] XmlNode childOf(const std::string& books, std::string_view element) const {
-    XmlNode child = catalogue_.select(childrenOf(books, element));
-    if (!child) {
-      raise(ErrorNumber::kObjectNotSet);
+  /// The first child of that name that one of the books has. Raises 91 when none has it.
+  [[nodiscard]] static XmlNode childOf(const std::vector<XmlNode>& books,
+                                       std::string_view element) {
+    for (const XmlNode& book : books) {
+      if (const XmlNode child = book.select(element)) {
+        return child;
+      }
     }
-    return child;
+    raise(ErrorNumber::kObjectNotSet);
   }
 
   /// Answers whether the rename may go on.

@@ -261,6 +261,10 @@ bool fitsInstruction(std::string_view data) {
   return !contains(data, "?>");
 }
 
+bool isXmlCharactersOnly(std::string_view text) {
+  return plainPrefix(text, kCharactersOnly) == text.size();
+}
+
 std::string xmlCharactersOnly(std::string_view text) {
   std::string result;
   result.reserve(text.size());

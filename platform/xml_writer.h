@@ -91,6 +91,8 @@ bool fitsComment(std::string_view text);
 /// Whether a processing instruction can hold `data`: no `?>`.
 bool fitsInstruction(std::string_view data);
 
+/// Whether XML can hold `text` as it is.
+bool isXmlCharactersOnly(std::string_view text);
 /// `text` as XML can hold it: valid UTF-8, every character that XML does not know as U+FFFD.
 std::string xmlCharactersOnly(std::string_view text);
 

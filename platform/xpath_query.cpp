@@ -11,7 +11,7 @@ void requireFitsQuery(std::string_view value, char quote) {
                        "The value " + std::string(value) +
                            " can't stand in a query between the quote characters it contains.");
   }
-  if (xmlCharactersOnly(value) != value) {
+  if (!isXmlCharactersOnly(value)) {
     throw RunTimeError(kInvalidQueryError,
                        "A query can't look for a value with a character that XML can't hold.");
   }

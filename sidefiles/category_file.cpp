@@ -34,7 +34,7 @@ bool CategoryFile::fileBook(std::string_view category, std::string_view acronym)
     return true;
   }
   const bool isFiled = std::any_of(found.begin(), found.end(), [&](std::size_t place) {
-    return categories_[place].acronyms.contains(std::string(acronym));
+    return categories_[place].acronyms.has(std::string(acronym));
   });
   if (!isFiled) {
     appendAcronym(categories_[found.front()], acronym);
@@ -52,7 +52,7 @@ void CategoryFile::addAcronyms(std::string_view category, std::span<const std::s
     return;
   }
   for (const std::string& acronym : acronyms) {
-    if (!target.acronyms.contains(acronym)) {
+    if (!target.acronyms.has(acronym)) {
       appendAcronym(target, acronym);
     }
   }
@@ -111,7 +111,7 @@ void CategoryFile::readCategory(const XmlNode& node, Texts* texts) {
     std::string text = child.text();
     const std::string name = child.name();
     if (isCategory && name == category_names::kBookAcro) {
-      category.acronyms.insert(text);
+      category.acronyms.add(text);
     } else if (isCategory && name == category_names::kName) {
       byName_[text].push_back(categories_.size());
     }
@@ -134,7 +134,7 @@ std::span<const std::size_t> CategoryFile::categoriesNamed(std::string_view name
 void CategoryFile::appendAcronym(Category& category, std::string_view acronym) {
   appendTextElement(document(), category.node, category_names::kBookAcro, acronym);
   ++category.childCount;
-  category.acronyms.insert(xmlCharactersOnly(acronym));
+  category.acronyms.add(xmlCharactersOnly(acronym));
 }
 
 }  // namespace quorbind

@@ -6,9 +6,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
+#include "sidefiles/acronym_list.h"
 #include "sidefiles/side_file.h"
 
 namespace quorbind {
@@ -47,7 +47,7 @@ class CategoryFile final : public SideFile {
   struct Category {
     XmlNode node;
     std::size_t childCount = 0;
-    std::unordered_set<std::string> acronyms;
+    AcronymList acronyms;
   };
 
   void dropIndex() override;

@@ -1,6 +1,5 @@
 #include "sidefiles/category_rebuild.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -74,7 +73,11 @@ class Filings {
       uncategorised_.texts.push_back(acronym);
     }
     for (; category; category = category.nextSibling()) {
-      acronyms_.try_emplace(category.text(), noEntries()).first->second.texts.push_back(acronym);
+      TextArray& filed = acronyms_[category.text()];
+      if (filed.texts.empty()) {
+        filed = noEntries();
+      }
+      filed.texts.push_back(acronym);
     }
   }
 
@@ -140,10 +143,9 @@ class Rebuild {
 
   void run(std::span<const std::string> names) {
     while (!names.empty()) {
-      const auto troublesome = std::find_if(names.begin(), names.end(), hasFailureToTell);
-      const auto quiet = static_cast<std::size_t>(troublesome - names.begin());
-      fileQuietly(names.first(quiet));
-      names = names.subspan(quiet);
+      const Quiet quiet(names);
+      fileQuietly(quiet);
+      names = names.subspan(quiet.all.size());
       if (!names.empty()) {
         fileAlone(names.front());
         names = names.subspan(1);
@@ -152,33 +154,52 @@ class Rebuild {
   }
 
  private:
-  /// Looking up a name may fail, which is told.
+  /// The names up to the first that fails when it is looked up, which has to be told.
+  struct Quiet {
+    explicit Quiet(std::span<const std::string> names) {
+      std::unordered_set<std::string_view> known;
+      std::size_t count = 0;
+      for (; count < names.size(); ++count) {
+        if (known.insert(names[count]).second) {
+          if (hasFailureToTell(names[count])) {
+            break;
+          }
+          distinct.push_back(&names[count]);
+        }
+      }
+      all = names.first(count);
+    }
+
+    std::span<const std::string> all;
+    /// Each once. One that comes again finds its category as complete as it left it.
+    std::vector<const std::string*> distinct;
+  };
+
   static bool hasFailureToTell(const std::string& name) {
     return ignoringErrors([&] { requireCategoryName(name); }) != 0;
   }
 
-  void fileQuietly(std::span<const std::string> names) {
-    if (names.empty()) {
+  void fileQuietly(const Quiet& names) {
+    if (names.all.empty()) {
       return;
     }
-    const auto error = errorOf([&] { fileTogether(names); });
+    const auto error = errorOf([&] { fileTogether(names.distinct); });
     if (error && !tellOfLoss(platform_, file_, *error)) {
-      for (const std::string& name : names) {
+      for (const std::string& name : names.all) {
         fileAlone(name);
       }
     }
   }
 
-  // A name that comes again finds its category as complete as it left it, and most are acronyms.
-  void fileTogether(std::span<const std::string> names) {
+  void fileTogether(std::span<const std::string* const> names) {
     if (!file_.load()) {
       return;
     }
     file_.addAcronyms(otherCategory(), entriesOf(filings_.uncategorised()));
-    std::unordered_set<std::string_view> done;
-    for (const std::string& name : names) {
-      if (file_.has(name) && done.insert(name).second) {
-        file_.addAcronyms(name, entriesOf(filings_.of(name)));
+    for (const std::string* name : names) {
+      // Most are acronyms.
+      if (file_.has(*name)) {
+        file_.addAcronyms(*name, entriesOf(filings_.of(*name)));
       }
     }
     file_.save();

@@ -42,7 +42,10 @@ class KeywordList {
     }
     const std::string stored = storedKeyword(*rules_, keyword);
     changes_.make([&] { return file_.add(stored); },
-                  [this, stored] { AddKeywordsToXmlFile(platform_, path_, book_, stored); });
+                  [this, &keyword] {
+                    const std::string again = storedKeyword(*rules_, keyword);
+                    AddKeywordsToXmlFile(platform_, path_, book_, again);
+                  });
   }
 
   bool goesOnAfter(const KeywordFault& fault, const std::string& keyword) {

@@ -111,7 +111,7 @@ bool LinkFile::leadsSomewhere(std::string_view identifier) {
 bool LinkFile::hasTrimmed(std::string_view identifier) {
   requireIndex();
   const std::string trimmed(trimBlanks(identifier));
-  return identifiers_.contains(trimmed) || trimmed_.contains(trimmed);
+  return identifiers_.contains(trimmed) || (!trimmed_.empty() && trimmed_.contains(trimmed));
 }
 
 void LinkFile::record(const LinkIdentifier& link) {

@@ -95,9 +95,9 @@ void GenerateBookLinkID(const Platform& platform,
                         const std::string& bookAcronym,
                         const std::string& exportPath) {
   trapped(platform.ui, source::kGenerateBookLinkId, [&] {
+    LinkIdentifierList list(platform, state);
     TextReader reader(platform.files, platform.locale, exportPath);
     HeadingNames names;
-    LinkIdentifierList list(platform, state);
     list.during([&] {
       while (!reader.atEnd()) {
         recordLine(reader.readLine(), bookAcronym, names, list);

@@ -54,13 +54,13 @@ class LinkIdentifierList {
 
   const Platform& platform_;
   const ProcessState& state_;
-  /// Everything that came, for those that have to be recorded alone later.
-  std::vector<LinkIdentifier> links_;
   std::string path_;
   /// Present once the server's folder is known.
   std::optional<LinkFile> file_;
   std::optional<ListedChanges> changes_;
   std::optional<OtherProducts> others_;
+  /// Everything that came, for those that have to be recorded alone later.
+  std::vector<LinkIdentifier> links_;
 };
 
 }  // namespace quorbind

@@ -14,6 +14,8 @@ namespace quorbind {
 
 namespace {
 
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
+
 constexpr const char* kFileMissing = "The system cannot locate the object specified.";
 constexpr const char* kDocumentType = "A document type declaration is not allowed.";
 constexpr const char* kTooManyAttributes = "An element has too many attributes or namespaces.";
@@ -53,7 +55,8 @@ BoundedXmlParser::Attribute BoundedXmlParser::StartTag::attribute(int index) con
   return {fields[0], fields[1], fields[2], fields[3], fields[4]};
 }
 
-BoundedXmlParser::BoundedXmlParser() : context_(xmlNewParserCtxt()) {
+BoundedXmlParser::BoundedXmlParser()
+    : context_(xmlNewParserCtxt()), buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)) {
   if (context_ == nullptr) {
     raise(ErrorNumber::kOutOfMemory);
   }
@@ -100,11 +103,21 @@ int BoundedXmlParser::read(char* buffer, int size) {
     return 0;
   }
   try {
-    return static_cast<int>(bytes_->read(buffer, static_cast<std::size_t>(size)));
+    return static_cast<int>(takeBytes(buffer, static_cast<std::size_t>(size)));
   } catch (const RunTimeError& error) {
     fail(0, reasonFor(error));
     return 0;
   }
+}
+
+/// libxml2 asks for small pieces, and asking the system for each would take longer.
+std::size_t BoundedXmlParser::takeBytes(char* buffer, std::size_t size) {
+  if (unread_.empty()) {
+    unread_ = {buffer_.get(), bytes_->read(buffer_.get(), kBufferSize)};
+  }
+  const std::size_t count = unread_.copy(buffer, size);
+  unread_.remove_prefix(count);
+  return count;
 }
 
 /// Whether the start tag being read is already beyond the bound. It must not be read to its end, as

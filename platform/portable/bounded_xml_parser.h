@@ -115,6 +115,7 @@ class BoundedXmlParser {
                            const xmlChar* uri);
 
   [[nodiscard]] int read(char* buffer, int size);
+  [[nodiscard]] std::size_t takeBytes(char* buffer, std::size_t size);
   [[nodiscard]] bool attributesPileUp() const;
   void checkBounds(const StartTag& tag);
   void checkNames(const StartTag& tag);
@@ -125,6 +126,9 @@ class BoundedXmlParser {
 
   XmlParserHandle context_;
   std::unique_ptr<ByteReader> bytes_;
+  std::unique_ptr<char[]> buffer_;
+  /// What of the buffer the parser has not taken yet.
+  std::string_view unread_;
   XmlDocHandle document_;
   int depth_ = 0;
   /// The first failure; what follows is a consequence.

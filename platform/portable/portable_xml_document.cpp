@@ -2,8 +2,10 @@
 
 #include <libxml/SAX2.h>
 
+#include <utility>
+
 #include "platform/portable/bounded_xml_parser.h"
-#include "platform/portable/xml_layout.h"
+#include "platform/portable/layout_filter.h"
 #include "platform/portable/xml_node_body.h"
 #include "platform/portable/xml_save.h"
 #include "platform/portable/xml_text.h"
@@ -15,18 +17,30 @@ namespace {
 
 constexpr const char* kNoTopLevelElement = "XML document must have a top level element.";
 
-/// Has libxml2's own handlers build the tree, but for CDATA sections: they would melt neighbouring
-/// ones into one.
+/// Has libxml2's own handlers build the tree, but for two things: white space goes through the
+/// filter, and CDATA sections stay apart, where the handler would melt neighbouring ones into one.
 class TreeParser final : public BoundedXmlParser {
  public:
-  TreeParser() { context().sax->cdataBlock = &onCdata; }
+  TreeParser() {
+    context().sax->characters = &onText;
+    context().sax->ignorableWhitespace = &onText;
+    context().sax->cdataBlock = &onCdata;
+  }
 
   using BoundedXmlParser::takeDocument;
 
  private:
+  static TreeParser& treeOf(void* context) { return static_cast<TreeParser&>(of(context)); }
+
+  static void onText(void* context, const xmlChar* text, int length) {
+    TreeParser& parser = treeOf(context);
+    parser.guarded([&] { parser.layout_.text(viewOf(text, text + length)); });
+  }
+
   static void onCdata(void* context, const xmlChar* text, int length) {
-    auto& parser = static_cast<TreeParser&>(of(context));
+    TreeParser& parser = treeOf(context);
     parser.guarded([&] {
+      parser.layout_.expectText();
       xmlAddChild(parser.context().node, xmlNewCDataBlock(parser.context().myDoc, text, length));
     });
   }
@@ -41,11 +55,15 @@ class TreeParser final : public BoundedXmlParser {
                           tag.attributeCount,
                           tag.defaultedCount,
                           tag.attributes);
+    layout_.startElement();
   }
 
   void endElement(const EndTag& tag) override {
+    layout_.endElement();
     xmlSAX2EndElementNs(&context(), tag.localName, tag.prefix, tag.uri);
   }
+
+  LayoutFilter layout_{context()};
 };
 
 /// The element behind `element` in document order; null behind the last one.
@@ -60,16 +78,16 @@ xmlNode* nextElement(xmlNode* element) {
 
 }  // namespace
 
-PortableXmlDocument::PortableXmlDocument(FileSystem& files)
-    : files_(files), tree_(std::make_unique<XmlTree>()) {}
+PortableXmlDocument::PortableXmlDocument(FileSystem& files) : files_(files) {
+  begin(std::make_unique<XmlTree>());
+}
 
 XmlLoadResult PortableXmlDocument::load(std::string_view path) {
-  tree_ = std::make_unique<XmlTree>();
+  begin(std::make_unique<XmlTree>());
   TreeParser parser;
   XmlLoadResult result = parser.parse(files_, path);
   if (result) {
-    tree_ = std::make_unique<XmlTree>(parser.takeDocument());
-    dropLayout(*tree_->root());
+    begin(std::make_unique<XmlTree>(parser.takeDocument()));
   }
   return result;
 }
@@ -84,29 +102,35 @@ void PortableXmlDocument::save(std::string_view path) {
 }
 
 XmlNode PortableXmlDocument::documentElement() const {
-  return referenceTo(*tree_, tree_->root());
+  return references_->to(tree_->root());
 }
 
 std::vector<XmlNode> PortableXmlDocument::selectAll(std::string_view query) const {
-  return referencesTo(*tree_, tree_->selectFromDocument(query));
+  return references_->toAll(tree_->selectFromDocument(query));
 }
 
 std::vector<XmlNode> PortableXmlDocument::elementsByName(std::string_view name) const {
   std::vector<XmlNode> found;
   for (xmlNode* element = tree_->root(); element != nullptr; element = nextElement(element)) {
     if (hasName(*element, name)) {
-      found.push_back(referenceTo(*tree_, element));
+      found.push_back(references_->to(element));
     }
   }
   return found;
 }
 
 XmlNode PortableXmlDocument::createElement(std::string_view name) {
-  return referenceTo(*tree_, &tree_->createElement(std::string(name)));
+  return references_->to(&tree_->createElement(std::string(name)));
 }
 
 XmlNode PortableXmlDocument::copyOf(const XmlNode& node) {
-  return referenceTo(*tree_, &tree_->copyOf(nodeBehind(node)));
+  return references_->to(&tree_->copyOf(nodeBehind(node)));
+}
+
+void PortableXmlDocument::begin(std::unique_ptr<XmlTree> tree) {
+  references_.reset();
+  tree_ = std::move(tree);
+  references_ = std::make_unique<NodeReferences>(*tree_);
 }
 
 }  // namespace quorbind

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/file_system.h"
+#include "platform/portable/xml_node_body.h"
 #include "platform/portable/xml_tree.h"
 #include "platform/xml_document.h"
 
@@ -26,8 +27,11 @@ class PortableXmlDocument final : public XmlDocument {
   [[nodiscard]] XmlNode copyOf(const XmlNode& node) override;
 
  private:
+  void begin(std::unique_ptr<XmlTree> tree);
+
   FileSystem& files_;
   std::unique_ptr<XmlTree> tree_;
+  std::unique_ptr<NodeReferences> references_;
 };
 
 }  // namespace quorbind

@@ -6,16 +6,6 @@ namespace quorbind {
 
 namespace {
 
-bool preservesSpace(const xmlNode& element) {
-  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
-       attribute = attribute->next) {
-    if (hasName(*attribute, "xml:space")) {
-      return attribute->children != nullptr && viewOf(attribute->children->content) == "preserve";
-    }
-  }
-  return false;
-}
-
 bool isLayout(const xmlNode& node) {
   return node.type == XML_TEXT_NODE && isBlankText(node);
 }
@@ -25,6 +15,16 @@ bool isText(const xmlNode& node) {
 }
 
 }  // namespace
+
+bool preservesSpace(const xmlNode& element) {
+  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
+       attribute = attribute->next) {
+    if (hasName(*attribute, "xml:space")) {
+      return attribute->children != nullptr && viewOf(attribute->children->content) == "preserve";
+    }
+  }
+  return false;
+}
 
 bool isBlankText(const xmlNode& node) {
   return isText(node) && isBlank(viewOf(node.content));
@@ -42,22 +42,6 @@ bool isAsWritten(const xmlNode& element) {
     textOnly = textOnly && isText(*child);
   }
   return textOnly;
-}
-
-void dropLayout(xmlNode& element) {
-  if (isAsWritten(element)) {
-    return;
-  }
-  for (xmlNode* child = element.children; child != nullptr;) {
-    xmlNode* const next = child->next;
-    if (isLayout(*child)) {
-      xmlUnlinkNode(child);
-      xmlFreeNode(child);
-    } else if (child->type == XML_ELEMENT_NODE) {
-      dropLayout(*child);
-    }
-    child = next;
-  }
 }
 
 }  // namespace quorbind

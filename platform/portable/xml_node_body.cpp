@@ -10,48 +10,23 @@ namespace quorbind {
 
 namespace {
 
-class NodeBody final : public XmlNode::Body {
- public:
-  NodeBody(XmlTree& tree, xmlNode& node) : tree_(tree), node_(node) {}
-
-  [[nodiscard]] xmlNode& node() const { return node_; }
-
-  [[nodiscard]] bool isElement() const override { return node_.type == XML_ELEMENT_NODE; }
-  [[nodiscard]] std::string name() const override;
-  [[nodiscard]] std::string text() const override;
-  void setText(std::string_view text) override;
-  [[nodiscard]] XmlNode firstChild() const override;
-  [[nodiscard]] XmlNode nextSibling() const override;
-  [[nodiscard]] XmlNode firstAttribute() const override;
-  void setAttribute(std::string_view name, std::string_view value) override;
-  [[nodiscard]] XmlNode attribute(std::string_view name) const override;
-  [[nodiscard]] std::vector<XmlNode> selectAll(std::string_view query) const override;
-  void insertBefore(const XmlNode& child, const XmlNode& reference) override;
-  void removeChild(const XmlNode& child) override;
-
- private:
-  [[nodiscard]] bool isAttribute() const { return node_.type == XML_ATTRIBUTE_NODE; }
-  [[nodiscard]] xmlNode& nodeOf(const XmlNode& reference) const;
-  [[nodiscard]] XmlNode visibleFrom(xmlNode* node) const;
-
-  XmlTree& tree_;
-  xmlNode& node_;
-};
-
 /// libxml2 keeps attributes in a structure of their own, which begins like that of a node.
 xmlNode* asNode(xmlAttr* attribute) {
   return reinterpret_cast<xmlNode*>(attribute);
 }
 
-void appendTextBelow(std::string& text, const xmlNode& node) {
-  for (const xmlNode* child = node.children; child != nullptr; child = child->next) {
-    if (child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE) {
-      text += viewOf(child->content);
-    } else {
-      appendTextBelow(text, *child);
-    }
+const NodeBody& bodyBehind(const XmlNode& reference) {
+  const auto* body = dynamic_cast<const NodeBody*>(&reference.body());
+  if (body == nullptr) {
+    raise(ErrorNumber::kInvalidProcedureCall);
   }
+  return *body;
 }
+
+}  // namespace
+
+NodeBody::NodeBody(NodeReferences& references, XmlTree& tree, xmlNode& node)
+    : references_(references), tree_(tree), node_(node) {}
 
 std::string NodeBody::name() const {
   switch (node_.type) {
@@ -71,9 +46,7 @@ std::string NodeBody::text() const {
   if (!isElement() && !isAttribute()) {
     return std::string(viewOf(node_.content));
   }
-  std::string text;
-  appendTextBelow(text, node_);
-  return text;
+  return textBelow(node_);
 }
 
 void NodeBody::setText(std::string_view text) {
@@ -92,11 +65,11 @@ XmlNode NodeBody::firstChild() const {
 }
 
 XmlNode NodeBody::nextSibling() const {
-  return isAttribute() ? referenceTo(tree_, node_.next) : visibleFrom(node_.next);
+  return isAttribute() ? references_.to(node_.next) : visibleFrom(node_.next);
 }
 
 XmlNode NodeBody::firstAttribute() const {
-  return isElement() ? referenceTo(tree_, asNode(node_.properties)) : XmlNode();
+  return isElement() ? references_.to(asNode(node_.properties)) : XmlNode();
 }
 
 void NodeBody::setAttribute(std::string_view name, std::string_view value) {
@@ -107,11 +80,11 @@ void NodeBody::setAttribute(std::string_view name, std::string_view value) {
 }
 
 XmlNode NodeBody::attribute(std::string_view name) const {
-  return referenceTo(tree_, asNode(findAttribute(node_, name)));
+  return references_.to(asNode(findAttribute(node_, name)));
 }
 
 std::vector<XmlNode> NodeBody::selectAll(std::string_view query) const {
-  return referencesTo(tree_, tree_.select(query, node_));
+  return references_.toAll(tree_.select(query, node_));
 }
 
 void NodeBody::insertBefore(const XmlNode& child, const XmlNode& reference) {
@@ -120,14 +93,6 @@ void NodeBody::insertBefore(const XmlNode& child, const XmlNode& reference) {
 
 void NodeBody::removeChild(const XmlNode& child) {
   tree_.remove(nodeOf(child), node_);
-}
-
-const NodeBody& bodyBehind(const XmlNode& reference) {
-  const auto* body = dynamic_cast<const NodeBody*>(&reference.body());
-  if (body == nullptr) {
-    raise(ErrorNumber::kInvalidProcedureCall);
-  }
-  return *body;
 }
 
 xmlNode& NodeBody::nodeOf(const XmlNode& reference) const {
@@ -143,26 +108,32 @@ XmlNode NodeBody::visibleFrom(xmlNode* node) const {
   while (node != nullptr && !isVisible(*node)) {
     node = node->next;
   }
-  return referenceTo(tree_, node);
+  return references_.to(node);
 }
 
-}  // namespace
+XmlNode NodeReferences::to(xmlNode* node) {
+  if (node == nullptr) {
+    return {};
+  }
+  if (node->_private == nullptr) {
+    node->_private = &bodies_.emplace_back(*this, tree_, *node);
+  }
+  // It belongs to the bodies, so there is nothing to count.
+  return XmlNode(std::shared_ptr<XmlNode::Body>(std::shared_ptr<void>(),
+                                                static_cast<NodeBody*>(node->_private)));
+}
 
-XmlNode referenceTo(XmlTree& tree, xmlNode* node) {
-  return node == nullptr ? XmlNode() : XmlNode(std::make_shared<NodeBody>(tree, *node));
+std::vector<XmlNode> NodeReferences::toAll(const std::vector<xmlNode*>& nodes) {
+  std::vector<XmlNode> references;
+  references.reserve(nodes.size());
+  for (xmlNode* node : nodes) {
+    references.push_back(to(node));
+  }
+  return references;
 }
 
 xmlNode& nodeBehind(const XmlNode& reference) {
   return bodyBehind(reference).node();
-}
-
-std::vector<XmlNode> referencesTo(XmlTree& tree, const std::vector<xmlNode*>& nodes) {
-  std::vector<XmlNode> references;
-  references.reserve(nodes.size());
-  for (xmlNode* node : nodes) {
-    references.push_back(referenceTo(tree, node));
-  }
-  return references;
 }
 
 }  // namespace quorbind

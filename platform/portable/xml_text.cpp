@@ -1,5 +1,7 @@
 #include "platform/portable/xml_text.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 
@@ -17,12 +19,26 @@ const xmlChar* xmlTextOf(const std::string& text) {
   return reinterpret_cast<const xmlChar*>(text.c_str());
 }
 
+const xmlChar* unendedXmlTextOf(std::string_view text) {
+  return reinterpret_cast<const xmlChar*>(text.data());
+}
+
 std::string_view viewOf(const xmlChar* text) {
   return text == nullptr ? std::string_view() : std::string_view(charsOf(text));
 }
 
 std::string_view viewOf(const xmlChar* begin, const xmlChar* end) {
   return {charsOf(begin), static_cast<std::size_t>(end - begin)};
+}
+
+bool isSameText(const xmlChar* text, std::string_view expected) {
+  for (const char c : expected) {
+    if (c == '\0' || *text != static_cast<xmlChar>(c)) {
+      return false;
+    }
+    ++text;
+  }
+  return *text == '\0';
 }
 
 std::string qualifiedName(const xmlChar* prefix, const xmlChar* local) {
@@ -33,17 +49,19 @@ std::string qualifiedName(const xmlChar* prefix, const xmlChar* local) {
 }
 
 bool isNamed(const xmlChar* prefix, const xmlChar* local, std::string_view name) {
-  const std::string_view localName = viewOf(local);
   if (prefix == nullptr) {
-    return name == localName;
+    return isSameText(local, name);
   }
+  const std::string_view localName = viewOf(local);
   const std::string_view prefixName = viewOf(prefix);
   return name.size() == prefixName.size() + 1 + localName.size() && name.starts_with(prefixName) &&
          name[prefixName.size()] == ':' && name.ends_with(localName);
 }
 
 bool isBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+  return std::all_of(text.begin(), text.end(), [](char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+  });
 }
 
 std::string oneLine(const char* message) {

@@ -11,10 +11,15 @@ namespace quorbind {
 
 /// `text` as libxml2 takes it; valid as long as `text`.
 const xmlChar* xmlTextOf(const std::string& text);
+/// The same without a zero at its end.
+const xmlChar* unendedXmlTextOf(std::string_view text);
 
 /// libxml2's text; empty for a null pointer.
 std::string_view viewOf(const xmlChar* text);
 std::string_view viewOf(const xmlChar* begin, const xmlChar* end);
+
+/// Whether libxml2's text, which is not a null pointer, is `expected`.
+bool isSameText(const xmlChar* text, std::string_view expected);
 
 /// `prefix:local`, or `local` alone where there is no prefix.
 std::string qualifiedName(const xmlChar* prefix, const xmlChar* local);

@@ -3,8 +3,12 @@
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <utility>
 
+#include "platform/portable/path_query.h"
 #include "platform/portable/xml_layout.h"
 #include "platform/portable/xml_messages.h"
 #include "platform/portable/xml_text.h"
@@ -75,6 +79,20 @@ void link(xmlNode& child, xmlNode& parent, xmlNode* next) {
   (next == nullptr ? parent.last : next->prev) = &child;
 }
 
+bool isTextNode(const xmlNode& node) {
+  return node.type == XML_TEXT_NODE || node.type == XML_CDATA_SECTION_NODE;
+}
+
+void appendTextBelow(std::string& text, const xmlNode& node) {
+  for (const xmlNode* child = node.children; child != nullptr; child = child->next) {
+    if (isTextNode(*child)) {
+      text += viewOf(child->content);
+    } else {
+      appendTextBelow(text, *child);
+    }
+  }
+}
+
 }  // namespace
 
 XmlTree::XmlTree() : XmlTree(XmlDocHandle(made(xmlNewDoc(nullptr)))) {}
@@ -82,9 +100,12 @@ XmlTree::XmlTree() : XmlTree(XmlDocHandle(made(xmlNewDoc(nullptr)))) {}
 XmlTree::XmlTree(XmlDocHandle document) : document_(std::move(document)) {}
 
 XmlTree::~XmlTree() {
-  for (xmlNode* node : loose_) {
-    xmlFreeNode(node);
-  }
+  // None is freed before all have been looked at: one may stand in another.
+  const auto loose = std::remove_if(onceLoose_.begin(), onceLoose_.end(), [](const xmlNode* node) {
+    return node->parent != nullptr;
+  });
+  std::sort(onceLoose_.begin(), loose);
+  std::for_each(onceLoose_.begin(), std::unique(onceLoose_.begin(), loose), xmlFreeNode);
 }
 
 xmlNode* XmlTree::root() const {
@@ -93,15 +114,23 @@ xmlNode* XmlTree::root() const {
 
 xmlNode& XmlTree::createElement(const std::string& name) {
   require(isUnprefixedName(name));
-  XmlNodeHandle node(made(xmlNewDocNode(document_.get(), nullptr, xmlTextOf(name), nullptr)));
-  loose_.insert(node.get());
+  // The names of a document that was read are kept in its dictionary, each once.
+  xmlDict* const names = document_->dict;
+  XmlNodeHandle node(
+      names == nullptr ? xmlNewDocNode(document_.get(), nullptr, xmlTextOf(name), nullptr)
+                       : xmlNewDocNodeEatName(
+                             document_.get(),
+                             nullptr,
+                             const_cast<xmlChar*>(made(xmlDictLookup(names, xmlTextOf(name), -1))),
+                             nullptr));
+  onceLoose_.push_back(made(node.get()));
   return *node.release();
 }
 
 xmlNode& XmlTree::copyOf(xmlNode& node) {
   require(canBeChild(node));
   XmlNodeHandle copy(made(xmlDocCopyNode(&node, document_.get(), 1)));
-  loose_.insert(copy.get());
+  onceLoose_.push_back(copy.get());
   return *copy.release();
 }
 
@@ -113,7 +142,6 @@ void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
     return;
   }
   xmlUnlinkNode(&child);
-  loose_.erase(&child);
   link(child, parent, reference);
   if (child.type == XML_ELEMENT_NODE) {
     xmlDOMWrapReconcileNamespaces(nullptr, &child, 0);
@@ -126,7 +154,7 @@ void XmlTree::remove(xmlNode& child, const xmlNode& parent) {
 }
 
 void XmlTree::takeOut(xmlNode& child) {
-  loose_.insert(&child);
+  onceLoose_.push_back(&child);
   xmlUnlinkNode(&child);
 }
 
@@ -140,8 +168,22 @@ void XmlTree::setElementText(xmlNode& element, const std::string& text) {
     takeOut(*element.children);
   }
   if (!text.empty()) {
-    link(*made(xmlNewDocText(document_.get(), xmlTextOf(text))), element, nullptr);
+    link(newText(text), element, nullptr);
   }
+}
+
+/// As libxml2's parser makes one: a short text stands in the node itself, where elements
+/// have their attributes and namespaces.
+xmlNode& XmlTree::newText(const std::string& text) {
+  constexpr std::size_t kRoom = 2 * sizeof(void*);
+  static_assert(offsetof(xmlNode, nsDef) == offsetof(xmlNode, properties) + sizeof(void*));
+  const bool fits = text.size() < kRoom;
+  xmlNode& node = *made(xmlNewDocText(document_.get(), fits ? nullptr : xmlTextOf(text)));
+  if (fits) {
+    node.content = reinterpret_cast<xmlChar*>(&node.properties);
+    std::memcpy(node.content, text.c_str(), text.size() + 1);
+  }
+  return node;
 }
 
 void XmlTree::setContent(xmlNode& node, const std::string& text) {
@@ -176,6 +218,9 @@ std::vector<xmlNode*> XmlTree::selectFromDocument(std::string_view query) {
 }
 
 std::vector<xmlNode*> XmlTree::select(std::string_view query, xmlNode& start) {
+  if (const auto path = PathQuery::read(query)) {
+    return path->find(start);
+  }
   const XPathResultHandle result = evaluate(query, start);
   std::vector<xmlNode*> nodes;
   for (int i = 0; i < xmlXPathNodeSetGetLength(result->nodesetval); ++i) {
@@ -216,6 +261,20 @@ xmlAttr* findAttribute(const xmlNode& element, std::string_view name) {
     attribute = attribute->next;
   }
   return attribute;
+}
+
+std::string textBelow(const xmlNode& node) {
+  std::string text;
+  appendTextBelow(text, node);
+  return text;
+}
+
+bool hasTextBelow(const xmlNode& node, std::string_view text) {
+  const xmlNode* const child = node.children;
+  if (child != nullptr && child->next == nullptr && isTextNode(*child)) {
+    return viewOf(child->content) == text;
+  }
+  return textBelow(node) == text;
 }
 
 bool isVisible(const xmlNode& node) {

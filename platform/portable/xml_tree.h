@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "platform/portable/xml_handles.h"
@@ -54,17 +53,23 @@ class XmlTree {
 
  private:
   void takeOut(xmlNode& child);
+  [[nodiscard]] xmlNode& newText(const std::string& text);
   [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
 
   XmlDocHandle document_;
-  /// The topmost ones of the nodes that stand nowhere.
-  std::unordered_set<xmlNode*> loose_;
+  /// Every node that ever stood nowhere, some more than once.
+  std::vector<xmlNode*> onceLoose_;
   /// Made by the first query.
   XPathContextHandle queries_;
 };
 
 /// The first attribute of that name, which may have a prefix; null without one.
 xmlAttr* findAttribute(const xmlNode& element, std::string_view name);
+
+/// The text of everything below an element or attribute, comments and instructions left out.
+std::string textBelow(const xmlNode& node);
+/// Whether that is `text`.
+bool hasTextBelow(const xmlNode& node, std::string_view text);
 
 /// Whether `node` is one that the port knows as a child: not a text of white space alone.
 bool isVisible(const xmlNode& node);

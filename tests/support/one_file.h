@@ -11,7 +11,7 @@ namespace quorbind::testing {
 
 /// A disk with a single file on it, in memory, that every name to be read leads to. No other file
 /// is found, and none can be written: error 70.
-class OneFile final : public FileSystem {
+class OneFile : public FileSystem {
  public:
   void put(std::string bytes) { bytes_ = std::move(bytes); }
 

@@ -1,5 +1,7 @@
 #include "workflow/inputs/catalogue_check.h"
 
+#include <utility>
+
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/toolset.h"
@@ -42,25 +44,30 @@ struct Searched {
   std::string stored;
 };
 
-void checkAgainst(const XmlDocument& catalogue,
+/// Answers whether neither was found.
+bool checkAgainst(const XmlDocument& catalogue,
                   Module& module,
                   XmlTextRules& rules,
                   const Searched& name,
                   Searched acronym) {
+  bool isQuiet = true;
   if (findBook(catalogue, catalogue_names::kName, name.stored)) {
+    isQuiet = false;
     tellOfDuplicate(module, Message::kErrorBookName, name.passed);
     askAgain(module, rules, name.passed, acronym.passed);
     if (module.state.cancelled) {
-      return;
+      return false;
     }
     if (module.state.currentBookAcro != acronym.passed) {
       acronym = {module.state.currentBookAcro, module.state.currentBookAcro};
     }
   }
   if (findBook(catalogue, catalogue_names::kAcro, acronym.stored)) {
+    isQuiet = false;
     tellOfDuplicate(module, Message::kErrorBookAcro, acronym.passed);
     askAgain(module, rules, "", "");
   }
+  return isQuiet;
 }
 
 }  // namespace
@@ -69,17 +76,28 @@ bool mbCheckQuorTOCForBook(Module& module,
                            const std::string& vstrQuorTOcPath,
                            const std::string& vstrBookName,
                            const std::string& vstrBookAcro) {
-  return trapped(module.platform.ui, source::kCheckQuorTocForBook, false, [&] {
+  return checkCatalogueForBook(module, vstrQuorTOcPath, vstrBookName, vstrBookAcro).loads;
+}
+
+CheckedCatalogue checkCatalogueForBook(Module& module,
+                                       const std::string& cataloguePath,
+                                       const std::string& name,
+                                       const std::string& acronym) {
+  CheckedCatalogue checked;
+  checked.loads = trapped(module.platform.ui, source::kCheckQuorTocForBook, false, [&] {
     const auto rules = module.platform.toolset.createXmlTextRules();
-    const Searched name{vstrBookName, rules->mstrCheckSpecialCharecters(vstrBookName)};
-    const Searched acronym{vstrBookAcro, rules->mstrCheckSpecialCharecters(vstrBookAcro)};
-    const auto catalogue = module.platform.xml.createDocument();
-    if (!catalogue->load(vstrQuorTOcPath)) {
+    const Searched searchedName{name, rules->mstrCheckSpecialCharecters(name)};
+    const Searched searchedAcronym{acronym, rules->mstrCheckSpecialCharecters(acronym)};
+    auto catalogue = module.platform.xml.createDocument();
+    if (!catalogue->load(cataloguePath)) {
       return false;
     }
-    checkAgainst(*catalogue, module, *rules, name, acronym);
+    if (checkAgainst(*catalogue, module, *rules, searchedName, searchedAcronym)) {
+      checked.stillCurrent = std::move(catalogue);
+    }
     return true;
   });
+  return checked;
 }
 
 }  // namespace quorbind

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "platform/xml_document.h"
 #include "workflow/forms/module.h"
 
 namespace quorbind {
@@ -15,5 +17,16 @@ bool mbCheckQuorTOCForBook(Module& module,
                            const std::string& vstrQuorTOcPath,
                            const std::string& vstrBookName,
                            const std::string& vstrBookAcro);
+
+/// The same, and the catalogue for a caller who goes on with it. Nothing when it does not load, and
+/// when the user was told or asked something: by then the file may be another.
+struct CheckedCatalogue {
+  bool loads = false;
+  std::unique_ptr<XmlDocument> stillCurrent;
+};
+CheckedCatalogue checkCatalogueForBook(Module& module,
+                                       const std::string& cataloguePath,
+                                       const std::string& name,
+                                       const std::string& acronym);
 
 }  // namespace quorbind

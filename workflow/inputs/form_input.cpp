@@ -55,19 +55,27 @@ bool askForBook(Module& module, std::int16_t vintType, XmlTextRules& rules) {
 }  // namespace
 
 bool mbGetFormInput(Module& module, const std::string& vstrQuorTOcPath, std::int16_t vintType) {
-  return trapped(module.platform.ui, source::kGetFormInput, false, [&] {
+  return askFormInput(module, vstrQuorTOcPath, vintType).isGiven;
+}
+
+FormInput askFormInput(Module& module, const std::string& cataloguePath, std::int16_t kind) {
+  FormInput input;
+  input.isGiven = trapped(module.platform.ui, source::kGetFormInput, false, [&] {
     // Asked for first: without it nothing is asked of anybody.
     static_cast<void>(module.platform.xml.createDocument());
     const ProcessState& state = module.state;
     const auto rules = module.platform.toolset.createXmlTextRules();
     const bool bothKnown = !state.currentBookName.empty() && !state.currentBookAcro.empty();
-    if (!bothKnown && !askForBook(module, vintType, *rules)) {
+    if (!bothKnown && !askForBook(module, kind, *rules)) {
       return false;
     }
     // What the catalogue says is the user's business alone; the run goes on whatever it is.
-    mbCheckQuorTOCForBook(module, vstrQuorTOcPath, state.currentBookName, state.currentBookAcro);
+    input.catalogue =
+        checkCatalogueForBook(module, cataloguePath, state.currentBookName, state.currentBookAcro)
+            .stillCurrent;
     return !state.cancelled;
   });
+  return input;
 }
 
 }  // namespace quorbind

@@ -7,6 +7,7 @@
 #include "tests/support/catalogue_text.h"
 #include "tests/support/toolset_doubles.h"
 #include "tests/support/unsavable_xml.h"
+#include "tests/support/watched_xml.h"
 #include "tests/support/world.h"
 
 namespace quorbind::testing {
@@ -335,6 +336,29 @@ TEST_F(BookInstallation, BringsEachNameIntoItsStoredFormOnceAndNothingThatIsMiss
   install(module, Call(), {{"", "", "", ""}, 0});
   EXPECT_THAT(brought, ElementsAre("OTH", "Other", "stored Other", "stored OTH"))
       << "by the dialog, then by the look into the catalogue";
+}
+
+TEST_F(BookInstallation, ReadsTheCatalogueOnceWhenNobodyIsAsked) {
+  const Platform& platform = world_.platform();
+  WatchedXml xml(platform.xml, platform.files, "C:\\scratch.xml");
+  Module module(Platform{platform.files, xml, platform.ui, platform.toolset, platform.locale});
+  install(module, Call(), {{"Guide", "GDE", "", ""}, 0});
+  EXPECT_EQ(catalogue(), catalogueAnd(installedEntry("Guide", "GDE")));
+  EXPECT_EQ(xml.loadsOf("C:\\Docs\\Plant\\Quor_TOC.xml"), 1);
+}
+
+TEST_F(BookInstallation, KeepsWhatAnotherEnteredInTheCatalogueWhileTheUserWasAsked) {
+  world_.user.answerWith([this](ModalForm& form) {
+    world_.disk.write(kCatalogue,
+                      catalogueWith(bookEntry("Alarms", "ALM") + bookEntry("Trends", "TRD")));
+    form.type("txtBookName", "Guide");
+    form.type("txtBookAcro", "GDE");
+    form.click("cmdOk");
+  });
+  install({"Alarms", "GDE", "", ""});
+  EXPECT_EQ(catalogue(),
+            catalogueWith(bookEntry("Alarms", "ALM") + bookEntry("Trends", "TRD") +
+                          installedEntry("Guide", "GDE")));
 }
 
 TEST_F(BookInstallation, EndsSilentlyWhenTheUserCancels) {

@@ -311,6 +311,26 @@ TEST_F(BookRenaming, ReportsAnEntryWithoutANameAndChangesNothing) {
                 std::string(kObjectNotSet) + "Quorbind:Book_Config::msetMatchingBokkIno");
 }
 
+TEST_F(BookRenaming, LooksThroughAllNamesBeforeItMissesAnAcronym) {
+  const std::string unfinished = "\t\t<Book>\n\t\t\t<Book_Name>Pumps</Book_Name>\n\t\t</Book>\n";
+  world_.disk.write(
+      "Lib/Quor_TOC.xml",
+      catalogueWith(unfinished + bookEntry("Alarms", "ALM") + bookEntry("Trends", "TRD")));
+  expectRefusal("Alarms", "Trends", "WRN", "critical: Error:Book Name Trends already Exists");
+  expectRefusal("Alarms",
+                "Warnings",
+                "TRD",
+                std::string(kObjectNotSet) + "Quorbind:Book_Config::msetMatchingBokkIno");
+}
+
+TEST_F(BookRenaming, TakesTheFolderFromTheFirstBookOfThatNameThatHasOne) {
+  const std::string without = replaceAll(bookEntry("Alarms", "ALM"), "Book_Folder", "Folder");
+  world_.disk.write("Lib/Quor_TOC.xml", catalogueWith(without + bookEntry("Alarms", "AL2")));
+  rename("Alarms", "Warnings", "WRN");
+  EXPECT_THAT(record(), IsEmpty());
+  EXPECT_EQ(file("Lib/Manual/Book_WRN.xml"), bookXml("Warnings", "WRN"));
+}
+
 TEST_F(BookRenaming, ReportsAnEntryWithoutAFolderBeforeTheFileIsMoved) {
   world_.disk.write("Lib/Quor_TOC.xml",
                     replaceAll(catalogueWith(bookEntry("Alarms", "ALM")), "Book_Folder", "Folder"));

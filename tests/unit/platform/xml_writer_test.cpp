@@ -306,6 +306,19 @@ TEST(XmlCharactersOnly, KeepsWhatXmlCanHold) {
   EXPECT_EQ(xmlCharactersOnly("a\t\r\n<&>\" Ü 目 😀"), "a\t\r\n<&>\" Ü 目 😀");
 }
 
+TEST(XmlCharactersOnly, AreAskedForWithTheSameAnswer) {
+  for (const std::string_view text : {"",
+                                      "a\t\r\n<&>\" Ü 目 😀",
+                                      "\x08",
+                                      "a\x1F",
+                                      "\xEF\xBF\xBE",
+                                      "\x80",
+                                      "\xC3",
+                                      "\xED\xA0\x80"}) {
+    EXPECT_EQ(isXmlCharactersOnly(text), xmlCharactersOnly(text) == text) << text;
+  }
+}
+
 TEST(XmlCharactersOnly, ReplacesEveryOtherCharacter) {
   EXPECT_EQ(xmlCharactersOnly(std::string_view("\0\x08\x0B\x0C\x0E\x1F", 6)),
             "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");

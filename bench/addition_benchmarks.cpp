@@ -1,7 +1,4 @@
-// The stages of an addition, each beside the floor under it, on real files. script/bench runs this
-// and puts both sides together in a table.
-
-#include <benchmark/benchmark.h>
+// The stages of an addition.
 
 #include <algorithm>
 #include <array>
@@ -15,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/benchmarks.h"
 #include "bench/floor.h"
 #include "bench/sample.h"
 #include "bookxml/toc_to_xml.h"
@@ -28,11 +26,6 @@ constexpr std::array<std::size_t, 3> kSizes{1'000, 10'000, 100'000};
 
 constexpr const char* kFloorBook = "in/Book_FLOOR.xml";
 constexpr const char* kFloorCopy = "library/Manual/Book_FLOOR.xml";
-
-/// Whether a function of the floor answered what it should have counted.
-bool counted(long answer, std::size_t expected) {
-  return answer >= 0 && static_cast<std::size_t>(answer) == expected;
-}
 
 /// The documents of all entries in one folder of the disk, as the floor is told them.
 class DocumentPaths {
@@ -215,43 +208,21 @@ class Cases {
   std::map<std::pair<std::size_t, Documents>, std::unique_ptr<Case>> cases_;
 };
 
-void measure(benchmark::State& state, const Stage& stage, Case& data) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    data.sample.resetLibrary();
-    state.ResumeTiming();
-    if (!stage.run(data)) {
-      state.SkipWithError("the work was not done");
-      break;
-    }
-  }
-}
-
-void registerStages(Cases& cases) {
-  for (const Stage& stage : kStages) {
-    for (const std::size_t entries : kSizes) {
-      const std::string name = std::string(stage.name) + "/" + std::to_string(entries);
-      benchmark::RegisterBenchmark(name.c_str(),
-                                   [&cases, &stage, entries](benchmark::State& state) {
-                                     measure(state, stage, cases.at(entries, stage.documents));
-                                   })
-          ->Unit(benchmark::kMillisecond);
-    }
-  }
-}
-
 }  // namespace
 
-}  // namespace quorbind::bench
-
-int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-    return 1;
+void registerAdditions() {
+  const auto cases = std::make_shared<Cases>();
+  for (const Stage& stage : kStages) {
+    for (const std::size_t entries : kSizes) {
+      const auto data = [cases, &stage, entries]() -> Case& {
+        return cases->at(entries, stage.documents);
+      };
+      registerWork(stage.name,
+                   entries,
+                   {.reset = [data] { data().sample.resetLibrary(); },
+                    .run = [data, &stage] { return stage.run(data()); }});
+    }
   }
-  quorbind::bench::Cases cases;
-  quorbind::bench::registerStages(cases);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
 }
+
+}  // namespace quorbind::bench
