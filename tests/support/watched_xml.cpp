@@ -66,6 +66,10 @@ XmlLoadResult WatchedXml::scan(std::string_view path, XmlScanHandler& handler) {
   return xml_.scan(path, handler);
 }
 
+XmlLoadResult WatchedXml::scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  return xml_.scan(std::move(bytes), handler);
+}
+
 void WatchedXml::requireSpaceFor(XmlDocument& document) {
   if (limit_ == std::numeric_limits<std::size_t>::max()) {
     return;

@@ -159,7 +159,7 @@ TEST_F(BadSideFile, OnAFullDiskStaysAsItIsAndThatIsReported) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.limitSavesTo(1);
   const Platform& p = platform();
-  const Platform full{p.files, xml, p.ui, p.toolset, p.locale};
+  const Platform full{p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets};
   for (const std::string& text : {categoriesWith(category("A") + category("Other Category")),
                                   std::string("<Books/>"),
                                   linksWith("")}) {
