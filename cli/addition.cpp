@@ -13,6 +13,7 @@
 #include "cli/required_document.h"
 #include "cli/side_file_reader.h"
 #include "cli/side_file_rules.h"
+#include "cli/workbook_addition.h"
 #include "platform/abandoned.h"
 #include "platform/error_sources.h"
 #include "platform/paths.h"
@@ -20,6 +21,7 @@
 #include "resources/form_layouts.h"
 #include "sidefiles/link_identifiers.h"
 #include "sidefiles/names.h"
+#include "toc/excel_toc.h"
 #include "toc/text_form.h"
 #include "toc/toc_check.h"
 #include "workflow/driver/quor_book.h"
@@ -50,9 +52,11 @@ bool asksFirst(const AddArguments& arguments) {
          (kind == TocCheck::kXml && (arguments.name || arguments.acronym));
 }
 
-/// A name and an acronym that are both given need no form.
+/// A name and an acronym that are both given need no form. Those of a workbook's book reach the
+/// component by the form alone.
 bool formIsSpared(const AddArguments& arguments) {
-  return !isBlank(arguments.name) && !isBlank(arguments.acronym) && !asksFirst(arguments);
+  return !isBlank(arguments.name) && !isBlank(arguments.acronym) && !asksFirst(arguments) &&
+         kindOf(arguments.toc, arguments.kind) != TocCheck::kExcel;
 }
 
 std::string inTheWay(const std::string& path) {
@@ -98,16 +102,19 @@ ExitStatus Addition::addBook() {
   if (!flagsAreAccepted() || !bCheckForValidInput(wiring_.module, toc.path, kind_)) {
     return ExitStatus::kRefused;
   }
-  requireRecordableLists();
   requireFolderInLibrary();
   requireNamesThatFit();
-  considerCategories();
-  requireUsableSideFiles();
+  if (kind_ != TocCheck::kExcel) {
+    requireRecordableLists();
+    considerCategories();
+    requireUsableSideFiles();
+  }
   const Ready ready = makeReady(toc);
   if (const auto* status = std::get_if<ExitStatus>(&ready)) {
     return *status;
   }
-  return judge(toc, callComponent(std::get<std::string>(ready)));
+  const auto& path = std::get<std::string>(ready);
+  return kind_ == TocCheck::kExcel ? addBooks(path) : judge(toc, callComponent(path));
 }
 
 /// Does what adding will do to the catalogue, without an effect.
@@ -201,7 +208,7 @@ Addition::Ready Addition::makeReady(const TocFile& toc) {
     case TocCheck::kXml:
       return readyBookFile(toc);
     default:
-      return toc.path;
+      return readyWorkbook(toc);
   }
 }
 
@@ -218,7 +225,7 @@ std::string Addition::readyText(const TocFile& toc) {
                [&] { statedPlace_ = readStatedPlace(wiring_.module.platform, ready); });
   tellOfUnusedFolder();
   if (!statedPlace_.refusal && !isBlank(arguments_.acronym)) {
-    requireFreeBookFile(ready, *arguments_.acronym);
+    requireFreeBookFile(ready, statedPlace_, *arguments_.acronym);
   }
   return ready;
 }
@@ -260,8 +267,8 @@ Addition::Ready Addition::readyPage(const TocFile& toc) {
   if (survey.hasLinkIdentifiers) {
     requireUsableSideFile(library_.linkIds, link_names::kListPath);
   }
-  requireFreeBookFile(toc.path, wiring_.module.state.currentBookAcro);
-  makeRoomForExport(toc);
+  requireFreeBookFile(toc.path, statedPlace_, wiring_.module.state.currentBookAcro);
+  makeRoomForExport(toc, text_form::kHtmlExtension);
   return toc.path;
 }
 
@@ -289,6 +296,59 @@ void Addition::requireUsableLinks(const TocFile& toc) {
   if (wiring_.files.fileExists(source) && !wiring_.files.sameFile(source, library_.linkIds)) {
     static_cast<void>(readExistingLinks(wiring_.module.platform, source));
     requireUsableSideFile(library_.linkIds, link_names::kLinks);
+  }
+}
+
+/// The component adds the books of a workbook while it checks them. So nothing may be left that
+/// could refuse the second when the first is in the library.
+Addition::Ready Addition::readyWorkbook(const TocFile& toc) {
+  report_.isWorkbook = true;
+  survey_ = surveyWorkbook(wiring_.module.platform, toc);
+  if (isRefused(toc, std::move(survey_.violations))) {
+    return survey_.status;
+  }
+  takeNames(survey_, arguments_, wiring_);
+  // Where somebody can be asked, the dialog of the component asks.
+  if (!wiring_.mayAsk && isRefused(toc, takenNames(survey_, booksBefore_))) {
+    return ExitStatus::kRefused;
+  }
+  considerFolders(survey_, arguments_, wiring_);
+  tellOfUnusedRecords(arguments_, wiring_);
+  requireUsableSideFilesOfBooks();
+  for (const SurveyedBook& book : survey_.books) {
+    if (!book.acronym.empty()) {
+      requireFreeBookFile(toc.path, book.place, book.acronym);
+    }
+  }
+  makeRoomForExport(toc, excel_toc::kExtension);
+  return toc.path;
+}
+
+/// Tells the user of the violations, if any.
+bool Addition::isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations) {
+  report_.violations = std::move(violations);
+  tellViolations(wiring_.ui, toc.name, report_.violations);
+  return !report_.violations.empty();
+}
+
+void Addition::requireUsableSideFilesOfBooks() {
+  const auto anyBookHas = [this](std::vector<std::string> SurveyedBook::*list) {
+    return std::any_of(survey_.books.begin(), survey_.books.end(), [list](const auto& book) {
+      return !(book.*list).empty();
+    });
+  };
+  if (anyBookHas(&SurveyedBook::keywords)) {
+    requireUsableSideFile(library_.searchKeywords, keyword_names::kBooks);
+  }
+  if (anyBookHas(&SurveyedBook::categories)) {
+    if (!wiring_.files.fileExists(library_.bookCategories)) {
+      tell(wiring_, "the books are not filed: the library has no categories file");
+    } else {
+      requireUsableSideFile(library_.bookCategories, category_names::kSet);
+    }
+  }
+  if (survey_.hasLinkIdentifiers) {
+    requireUsableSideFile(library_.linkIds, link_names::kListPath);
   }
 }
 
@@ -326,23 +386,25 @@ void Addition::requireFolder() {
 /// The generator writes its file beside the table of contents, from where it is moved into the
 /// book's folder there; after the copy it is deleted. A file of that name that stands there already
 /// is not this run's to overwrite, install or delete.
-void Addition::requireFreeBookFile(const std::string& tocPath, const std::string& acronym) {
+void Addition::requireFreeBookFile(const std::string& tocPath,
+                                   const StatedPlace& place,
+                                   const std::string& acronym) {
   const std::string besideToc(folderOf(tocPath));
   const std::string bookFile = "\\" + book_names::fileOf(acronym);
   const std::string folder =
-      statedPlace_.folder.value_or(std::string(trimBlanks(arguments_.folder.value_or(""))));
+      place.folder.value_or(std::string(trimBlanks(arguments_.folder.value_or(""))));
   const std::string inBookFolder = besideToc + "\\" + folder;
-  for (const std::string& place : {besideToc, inBookFolder}) {
-    const std::string path = place + bookFile;
+  for (const std::string& besides : {besideToc, inBookFolder}) {
+    const std::string path = besides + bookFile;
     if (wiring_.files.fileExists(path)) {
       throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
     }
   }
 }
 
-/// The export of a page is named after the upper-cased path of the page, and is this run's to
+/// An export is named after the upper-cased path of the table of contents, and is this run's to
 /// delete only if it was not there before.
-void Addition::makeRoomForExport(const TocFile& toc) {
+void Addition::makeRoomForExport(const TocFile& toc, std::string_view extension) {
   const Locale& locale = wiring_.locale;
   if (!wiring_.files.sameFile(locale.upperCase(toc.path), toc.path)) {
     throw CommandFailure(ExitStatus::kRefused,
@@ -351,9 +413,13 @@ void Addition::makeRoomForExport(const TocFile& toc) {
                              "rename one of them");
   }
   const std::string folder(folderPartOf(toc.path));
-  const std::string path =
-      folder +
-      std::string(fileNameOf(text_form::exportPathOf(locale, toc.path, text_form::kHtmlExtension)));
+  const std::string exported = text_form::exportPathOf(locale, toc.path, extension);
+  if (folderPartOf(exported) != locale.upperCase(folder)) {
+    throw CommandFailure(
+        ExitStatus::kRefused,
+        toc.name + ": it lies in a folder whose name holds its extension; move it");
+  }
+  const std::string path = folder + std::string(fileNameOf(exported));
   if (wiring_.files.fileExists(path)) {
     throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
   }
@@ -395,9 +461,14 @@ ExitStatus Addition::judge(const TocFile& toc, bool finished) {
   }
   const ListedBook& book = books.back();
   if (!hasArrived(book, toc)) {
-    takeOut(book, books);
+    const std::string bookFile = nativeName(bookFileOf(library_, book));
+    report_.note = takeOut(book, books)
+                       ? nothingAddedWithout(bookFile)
+                       : bookFile + std::string(kNotWritten) + "; the entry of " +
+                             readableName(book.acronym) + " is left in the catalogue without it";
     return ExitStatus::kWriteFailed;
   }
+  report_.added = true;
   describeBook(book);
   if (wasWriteErrorShown()) {
     report_.note =
@@ -417,7 +488,56 @@ bool Addition::hasArrived(const ListedBook& book, const TocFile& toc) {
     return false;
   }
   return kind_ == TocCheck::kXml ? haveSameHeadings(wiring_.module.platform, toc.path, bookFile)
-                                 : wiring_.toolset.lastCopyArrived();
+                                 : wiring_.toolset.hasArrived(book.bookFile);
+}
+
+ExitStatus Addition::addBooks(const std::string& workbook) {
+  bool finished = false;
+  try {
+    finished = callComponent(workbook);
+  } catch (const Abandoned&) {
+    static_cast<void>(lookForBooks());
+    report_.note = countOfBooks();
+    throw;
+  }
+  const std::optional<std::string> lost = lookForBooks();
+  report_.added = report_.books.size() == survey_.books.size();
+  if (lost || wasWriteErrorShown()) {
+    const auto& failed = wiring_.files.failedWrite();
+    report_.note = nativeName(failed ? *failed : lost.value_or(library_.folder)) +
+                   std::string(kNotWritten) + "; " + countOfBooks();
+    return ExitStatus::kWriteFailed;
+  }
+  if (report_.added) {
+    report_.note.clear();
+    return ExitStatus::kDone;
+  }
+  report_.note = countOfBooks();
+  return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
+}
+
+/// Looks which books of the workbook are in the library, and takes out the entries of those whose
+/// files are not. Answers such a file, if any.
+std::optional<std::string> Addition::lookForBooks() {
+  std::optional<std::string> lost;
+  const auto books = readCatalogue(wiring_.module.platform, library_.catalogue);
+  for (std::size_t index = booksBefore_.size(); index < books.size(); ++index) {
+    const std::string bookFile = bookFileOf(library_, books[index]);
+    if (wiring_.files.fileExists(bookFile) && wiring_.toolset.hasArrived(books[index].bookFile)) {
+      describeBook(books[index]);
+    } else {
+      takeOut(books[index], books);
+      lost = lost.value_or(bookFile);
+    }
+  }
+  return lost;
+}
+
+std::string Addition::countOfBooks() const {
+  const std::size_t added = report_.books.size();
+  return added == 0 ? std::string(kNothingAdded)
+                    : std::to_string(added) + " of " +
+                          counted(survey_.books.size(), "book", "books") + " added";
 }
 
 ExitStatus Addition::judgeWithoutEntry(bool finished) {
@@ -429,10 +549,13 @@ ExitStatus Addition::judgeWithoutEntry(bool finished) {
   if (wasPlaceRefused()) {
     report_.line = statedPlace_.line;
   }
+  return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
+}
+
+bool Addition::hadError() const {
   const auto& boxes = wiring_.ui.shown();
-  const bool hadError = std::any_of(
+  return std::any_of(
       boxes.begin(), boxes.end(), [](const ShownMessage& box) { return box.errorNumber != 0; });
-  return finished && !hadError ? ExitStatus::kRefused : ExitStatus::kInternal;
 }
 
 /// Where a run that did not come to its end was to make the book file: the generator beside the
@@ -448,27 +571,23 @@ std::string Addition::bookFileBeingMade() const {
 }
 
 /// Takes the entry of a book whose file did not arrive out again. Entries are found by their name,
-/// so one whose name another book has stays: the other's would go.
-void Addition::takeOut(const ListedBook& book, const std::vector<ListedBook>& books) {
+/// so one whose name another book has stays: the other's would go. Answers whether it is gone.
+bool Addition::takeOut(const ListedBook& book, const std::vector<ListedBook>& books) {
   const auto hasItsName = [&book](const ListedBook& other) { return other.name == book.name; };
   if (std::count_if(books.begin(), books.end(), hasItsName) == 1) {
     Book_Config(wiring_.module).DeleteQuorNode(library_.catalogue, book.name);
   }
   const auto left = readCatalogue(wiring_.module.platform, library_.catalogue);
-  const std::string bookFile = nativeName(bookFileOf(library_, book));
-  report_.note = left.size() < books.size()
-                     ? nothingAddedWithout(bookFile)
-                     : bookFile + std::string(kNotWritten) + "; the entry of " +
-                           readableName(book.acronym) + " is left in the catalogue without it";
+  return left.size() < books.size();
 }
 
 void Addition::describeBook(const ListedBook& book) {
-  report_.added = true;
-  report_.book = book;
   BookDocuments documents = findDocuments(wiring_.module.platform, bookFileOf(library_, book));
-  report_.files.push_back(book.bookFile);
-  report_.files.insert(report_.files.end(), documents.present.begin(), documents.present.end());
-  report_.missing = std::move(documents.missing);
+  AddedBook& added = report_.books.emplace_back();
+  added.book = book;
+  added.files.push_back(book.bookFile);
+  added.files.insert(added.files.end(), documents.present.begin(), documents.present.end());
+  added.missing = std::move(documents.missing);
 }
 
 bool Addition::wasPlaceRefused() const {

@@ -18,6 +18,7 @@
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
+#include "cli/workbook_survey.h"
 #include "toc/book_place.h"
 #include "workflow/driver/book_valuator.h"
 
@@ -56,19 +57,28 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] Ready readyPage(const TocFile& toc);
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
   void requireUsableLinks(const TocFile& toc);
+  [[nodiscard]] Ready readyWorkbook(const TocFile& toc);
+  [[nodiscard]] bool isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations);
+  void requireUsableSideFilesOfBooks();
   [[nodiscard]] ExitStatus refuse(const TocRefusal& refusal, ExitStatus status);
   [[nodiscard]] bool askForNames(const TocFile& toc);
   void tellOfUnusedFolder();
   void requireFolder();
-  void requireFreeBookFile(const std::string& tocPath, const std::string& acronym);
-  void makeRoomForExport(const TocFile& toc);
+  void requireFreeBookFile(const std::string& tocPath,
+                           const StatedPlace& place,
+                           const std::string& acronym);
+  void makeRoomForExport(const TocFile& toc, std::string_view extension);
 
   [[nodiscard]] bool callComponent(const std::string& tocPath);
   [[nodiscard]] ExitStatus judge(const TocFile& toc, bool finished);
+  [[nodiscard]] ExitStatus addBooks(const std::string& workbook);
+  [[nodiscard]] std::optional<std::string> lookForBooks();
+  [[nodiscard]] std::string countOfBooks() const;
   [[nodiscard]] bool hasArrived(const ListedBook& book, const TocFile& toc);
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
+  [[nodiscard]] bool hadError() const;
   [[nodiscard]] std::string bookFileBeingMade() const;
-  void takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
+  bool takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
   void describeBook(const ListedBook& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
   [[nodiscard]] std::string fileOfWriteError(const ListedBook& book) const;
@@ -84,6 +94,8 @@ class Addition final : private QuorBookEvents {
   std::vector<ListedBook> booksBefore_;
   std::int16_t kind_ = 0;
   StatedPlace statedPlace_;
+  /// Of a workbook.
+  WorkbookSurvey survey_;
   /// The run makes the library's categories file.
   bool createsCategories_ = false;
   std::optional<TemporaryFile> preparedCopy_;

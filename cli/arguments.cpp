@@ -22,6 +22,7 @@ constexpr std::array kKindNames{
     KindName{".html", "html", TocCheck::kHtml},
     KindName{".xls", "excel", TocCheck::kExcel},
     KindName{".xlsx", "excel", TocCheck::kExcel},
+    KindName{".xlsm", "excel", TocCheck::kExcel},
     KindName{".txt", "text", TocCheck::kText},
 };
 

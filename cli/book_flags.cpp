@@ -9,9 +9,6 @@ namespace quorbind {
 
 namespace {
 
-/// In bytes.
-constexpr std::size_t kLongestName = 255;
-
 constexpr std::string_view kNameBox = "txtBookName";
 constexpr std::string_view kAcronymBox = "txtBookAcro";
 constexpr std::string_view kFolderBox = "Text1";

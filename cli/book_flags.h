@@ -3,6 +3,7 @@
 // What the flags say about a book, held to the rules of the dialogs that a person would have typed
 // it into. A rule that is broken is told in the dialog's own box; the failure is then AlreadyTold.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,7 +28,10 @@ void requireUsableNaming(Wiring& wiring, const BookNaming& naming);
 /// The folder obeys the rules of the folder dialog and lies in the library.
 void requireUsableFolder(Wiring& wiring, const std::string& folder);
 
-/// No file system in use takes a longer name than this of a file or a folder. `flag` is to blame.
+/// No file system in use takes a longer name of a file or a folder; in bytes.
+inline constexpr std::size_t kLongestName = 255;
+
+/// Fails for a name that is too long for a file or a folder. `flag` is to blame.
 void requireNameThatFits(std::string_view name, std::string_view flag);
 
 }  // namespace quorbind

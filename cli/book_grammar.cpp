@@ -25,9 +25,23 @@ void addNaming(CLI::App& command, BookNaming& naming, const std::string& which) 
 
 void offerBooks(CLI::App& app, Task& task) {
   auto [command, arguments] =
-      offer(app, task, "books", "List the names of a library's books", runBooks);
+      offer(app, task, "books", "List the books of a library, or those of a workbook", runBooks);
   addPlace(command, arguments.place);
+  CLI::Option& server = *command.get_option("--server")->required(false);
+  CLI::Option& library = *command.get_option("--library")->required(false);
+  CLI::Option& workbook =
+      *command.add_option("--in", arguments.workbook, "The workbook to list, instead of a library")
+           ->check(refusalOfEmptyText)
+           ->excludes(&library)
+           ->option_text("FILE");
   addJson(command, arguments.json);
+  command.parse_complete_callback([&server, &library, &workbook] {
+    for (const CLI::Option* option : {&server, &library}) {
+      if (workbook.empty() && option->empty()) {
+        throw CLI::RequiredError(option->get_name());
+      }
+    }
+  });
 }
 
 void offerShow(CLI::App& app, Task& task) {

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "cli/book_file_survey.h"
 #include "cli/failure.h"
@@ -10,6 +11,7 @@
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
+#include "cli/workbook_survey.h"
 #include "platform/paths.h"
 #include "toc/toc_check.h"
 #include "workflow/inputs/input_check.h"
@@ -30,6 +32,15 @@ class DocumentSearch {
     const std::string_view name = document.substr(0, document.find('#'));
     if (!name.empty() && !finds(name)) {
       report_.missing.push_back({line, std::string(document)});
+    }
+  }
+  /// The same for a row of a workbook, which may name a document without its book's folder.
+  void note(const CellPlace& cell, std::string_view folder, std::string_view document) {
+    const std::string_view name = document.substr(0, document.find('#'));
+    const bool isThere = name.empty() || finds(name) ||
+                         (!folder.empty() && finds(std::string(folder).append("\\").append(name)));
+    if (!isThere) {
+      report_.missing.push_back({.file = std::string(document), .cell = cell});
     }
   }
 
@@ -102,6 +113,19 @@ ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring
   return ExitStatus::kDone;
 }
 
+ExitStatus checkWorkbook(CheckReport& report, const TocFile& toc, Wiring& wiring) {
+  DocumentSearch search(wiring.files, toc.path, report);
+  const auto note = [&search](const CellPlace& cell,
+                              std::string_view folder,
+                              std::string_view document) { search.note(cell, folder, document); };
+  WorkbookSurvey survey = surveyWorkbook(wiring.module.platform, toc, note);
+  tellViolations(wiring.ui, toc.name, survey.violations);
+  report.books = survey.books.size();
+  report.entries = survey.entries;
+  report.violations = std::move(survey.violations);
+  return survey.status;
+}
+
 ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& wiring) {
   const TocFile toc(wiring.files, arguments.toc);
   wiring.ui.showPathAs(toc.path, toc.name);
@@ -116,11 +140,8 @@ ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& w
       return checkPage(report, toc, wiring);
     case TocCheck::kXml:
       return checkBookFile(report, toc, wiring);
-    default: {
-      std::string path = toc.path;
-      return TocCheck(wiring.module).mbValidateTocFile(path, kind) ? ExitStatus::kDone
-                                                                   : ExitStatus::kRefused;
-    }
+    default:
+      return checkWorkbook(report, toc, wiring);
   }
 }
 

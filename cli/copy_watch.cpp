@@ -1,28 +1,35 @@
 #include "cli/copy_watch.h"
 
-#include <string_view>
 #include <utility>
+
+#include "platform/paths.h"
 
 namespace quorbind {
 
 class CopyWatch::WatchedCopy final : public FileCopy {
  public:
-  WatchedCopy(std::unique_ptr<FileCopy> copy, bool& arrived)
+  WatchedCopy(std::unique_ptr<FileCopy> copy, std::map<std::string, bool, std::less<>>& arrived)
       : copy_(std::move(copy)), arrived_(arrived) {}
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
                    std::int16_t reservedOverwrite,
                    std::int16_t reservedDialog) override {
-    arrived_ = false;
-    arrived_ = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
-    return arrived_;
+    bool& arrived = arrived_[std::string(fileNameOf(source))];
+    arrived = false;
+    arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
+    return arrived;
   }
 
  private:
   std::unique_ptr<FileCopy> copy_;
-  bool& arrived_;
+  std::map<std::string, bool, std::less<>>& arrived_;
 };
+
+bool CopyWatch::hasArrived(std::string_view file) const {
+  const auto found = arrived_.find(file);
+  return found == arrived_.end() || found->second;
+}
 
 std::unique_ptr<LibraryServices> CopyWatch::createLibraryServices() {
   return toolset_.createLibraryServices();
@@ -41,7 +48,7 @@ std::unique_ptr<ProductServices> CopyWatch::createProductServices() {
 }
 
 std::unique_ptr<FileCopy> CopyWatch::createFileCopy() {
-  return std::make_unique<WatchedCopy>(toolset_.createFileCopy(), lastCopyArrived_);
+  return std::make_unique<WatchedCopy>(toolset_.createFileCopy(), arrived_);
 }
 
 }  // namespace quorbind

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <map>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "platform/toolset.h"
 
@@ -14,8 +17,8 @@ class CopyWatch final : public Toolset {
   /// Kept by reference.
   explicit CopyWatch(Toolset& toolset) : toolset_(toolset) {}
 
-  /// Whether the last copy put its file in place; true before the first.
-  [[nodiscard]] bool lastCopyArrived() const { return lastCopyArrived_; }
+  /// Whether the last copy of a file of that name put it in place; true where there was none.
+  [[nodiscard]] bool hasArrived(std::string_view file) const;
 
   std::unique_ptr<LibraryServices> createLibraryServices() override;
   std::unique_ptr<XmlTextRules> createXmlTextRules() override;
@@ -27,7 +30,8 @@ class CopyWatch final : public Toolset {
   class WatchedCopy;
 
   Toolset& toolset_;
-  bool lastCopyArrived_ = true;
+  /// By the names of the files.
+  std::map<std::string, bool, std::less<>> arrived_;
 };
 
 }  // namespace quorbind

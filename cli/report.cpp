@@ -36,32 +36,76 @@ void addNumber(Json& object, const char* name, std::size_t number) {
   }
 }
 
-void addPlace(Json& object, std::size_t line, std::size_t column) {
-  addNumber(object, "line", line);
+void addPlace(Json& object, std::size_t line, std::size_t column, const char* lineName = "line") {
+  addNumber(object, lineName, line);
   addNumber(object, "column", column);
 }
 
-void printAdditionAsText(const AdditionReport& report) {
-  if (!report.added) {
+void addPlace(Json& object, const CellPlace& cell) {
+  addNumber(object, "sheet", static_cast<std::size_t>(cell.sheet));
+  addPlace(
+      object, static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column), "row");
+}
+
+void addViolations(Json& object, const std::vector<WorkbookViolation>& violations) {
+  if (violations.empty()) {
     return;
   }
-  const std::string what = "Added " + titleOf(report.book) + " to " + report.library + ", " +
-                           folderTitle(report.folder) + ": " +
-                           counted(report.files.size(), "file", "files") + ".";
+  Json list = Json::array();
+  for (const WorkbookViolation& violation : violations) {
+    Json entry = Json::object();
+    addPlace(entry, violation.cell);
+    entry["text"] = violation.box.text;
+    list.push_back(std::move(entry));
+  }
+  object["violations"] = std::move(list);
+}
+
+void printAddedBook(const AddedBook& added, const std::string& library) {
+  const std::string what = "Added " + titleOf(added.book) + " to " + library + ", " +
+                           placeOf(added.book) + ": " +
+                           counted(added.files.size(), "file", "files") + ".";
   std::cout << visibleText(what) << '\n';
-  for (const std::string& document : report.missing) {
+  for (const std::string& document : added.missing) {
     std::cout << "missing: " << visibleText(document) << '\n';
   }
 }
 
+void printAdditionAsText(const AdditionReport& report) {
+  for (const AddedBook& book : report.books) {
+    printAddedBook(book, report.library);
+  }
+}
+
+Json toJson(const AddedBook& added) {
+  return {{"acronym", readableName(added.book.acronym)},
+          {"name", readableName(added.book.name)},
+          {"folder", added.book.folder},
+          {"files", added.files},
+          {"missing", added.missing}};
+}
+
+void addBooks(Json& object, const AdditionReport& report) {
+  if (report.isWorkbook) {
+    Json list = Json::array();
+    for (const AddedBook& book : report.books) {
+      list.push_back(toJson(book));
+    }
+    object["books"] = std::move(list);
+    return;
+  }
+  const AddedBook book = report.books.empty() ? AddedBook{} : report.books.front();
+  object["folder"] = report.folder;
+  object["files"] = book.files;
+  object["missing"] = book.missing;
+}
+
 void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
-  Json object = {{"status", static_cast<int>(report.status)},
-                 {"added", report.added},
-                 {"folder", report.folder},
-                 {"files", report.files},
-                 {"missing", report.missing},
-                 {"messages", toJson(messages)}};
+  Json object = {{"status", static_cast<int>(report.status)}, {"added", report.added}};
+  addBooks(object, report);
+  object["messages"] = toJson(messages);
   addPlace(object, report.line, report.column);
+  addViolations(object, report.violations);
   if (!report.note.empty()) {
     object["note"] = report.note;
   }
@@ -70,11 +114,13 @@ void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMe
 
 void printCheckAsText(const CheckReport& report) {
   for (const MissingDocument& document : report.missing) {
-    std::cout << visibleText(placeIn(report.toc, document.line) + "missing: " + document.file)
-              << '\n';
+    const std::string place = document.cell.sheet > 0 ? placeIn(report.toc, document.cell) + ": "
+                                                      : placeIn(report.toc, document.line);
+    std::cout << visibleText(place + "missing: " + document.file) << '\n';
   }
   if (report.status == ExitStatus::kDone) {
     std::cout << visibleText(report.toc) << ": accepted, "
+              << (report.books ? counted(*report.books, "book", "books") + ", " : std::string())
               << counted(report.entries, "entry", "entries") << ".\n";
   }
 }
@@ -84,15 +130,20 @@ void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>
   for (const MissingDocument& document : report.missing) {
     Json entry = Json::object();
     addNumber(entry, "line", document.line);
+    addPlace(entry, document.cell);
     entry["file"] = document.file;
     missing.push_back(std::move(entry));
   }
   Json object = {{"status", static_cast<int>(report.status)},
-                 {"accepted", report.status == ExitStatus::kDone},
-                 {"entries", report.entries},
-                 {"missing", missing},
-                 {"messages", toJson(messages)}};
+                 {"accepted", report.status == ExitStatus::kDone}};
+  if (report.books) {
+    object["books"] = *report.books;
+  }
+  object["entries"] = report.entries;
+  object["missing"] = missing;
+  object["messages"] = toJson(messages);
   addPlace(object, report.line, report.column);
+  addViolations(object, report.violations);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }

@@ -4,15 +4,26 @@
 // program. docs/command.md describes both.
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/book_file.h"
 #include "cli/catalogue_reader.h"
+#include "cli/cell_place.h"
 #include "cli/exit_status.h"
+#include "cli/workbook_survey.h"
 #include "platform/portable/terminal_user_interface.h"
 
 namespace quorbind {
+
+/// A book that came into the library.
+struct AddedBook {
+  ListedBook book;
+  /// What stands in the book's folder of the files that belong to the book, and what does not.
+  std::vector<std::string> files;
+  std::vector<std::string> missing;
+};
 
 /// How an addition ended.
 struct AdditionReport {
@@ -24,14 +35,15 @@ struct AdditionReport {
   std::size_t column = 0;
   /// Why the status is not 0; empty when it is.
   std::string note;
+  /// Whether the book, or every book of a workbook, was added.
   bool added = false;
   std::string library;
-  ListedBook book;
-  /// The book's folder, as the run told.
+  /// The book's folder, as the run told; for a workbook it tells none.
   std::string folder;
-  /// What stands in the book's folder of the files that belong to the book, and what does not.
-  std::vector<std::string> files;
-  std::vector<std::string> missing;
+  std::vector<AddedBook> books;
+  bool isWorkbook = false;
+  /// The rules that a workbook breaks.
+  std::vector<WorkbookViolation> violations;
 };
 
 /// A document that a table of contents names and that is not there.
@@ -39,6 +51,8 @@ struct MissingDocument {
   /// 0 where it can't be told.
   std::size_t line = 0;
   std::string file;
+  /// Where it is named in a workbook.
+  CellPlace cell = {};
 };
 
 /// How a check ended.
@@ -50,6 +64,10 @@ struct CheckReport {
   std::size_t column = 0;
   std::size_t entries = 0;
   std::vector<MissingDocument> missing;
+  /// How many books a workbook has; nothing for another kind.
+  std::optional<std::size_t> books;
+  /// The rules that a workbook breaks.
+  std::vector<WorkbookViolation> violations;
 };
 
 /// The end of a run that has nothing to report but its failure, as one JSON object. `note` says why

@@ -35,9 +35,10 @@ Wiring::Wiring(const std::string& serverRoot,
       files(kind == RunKind::kRehearsal ? static_cast<FileSystem&>(rehearsedFiles_) : disk_),
       xml(files),
       ui(terminal, std::move(answers)),
+      spreadsheets(files, xml),
       reference_({files, xml, ui, locale}, serverRoot),
       toolset(reference_),
-      module(Platform{files, xml, ui, toolset, locale}),
+      module(Platform{files, xml, ui, toolset, locale, spreadsheets}),
       mayAsk(terminal.input != nullptr) {}
 
 void tell(Wiring& wiring, std::string text) {

@@ -10,6 +10,7 @@
 #include "platform/portable/portable_locale.h"
 #include "platform/portable/terminal_user_interface.h"
 #include "platform/portable/xml_library.h"
+#include "platform/workbooks/file_spreadsheets.h"
 #include "toolset/reference_toolset.h"
 #include "workflow/forms/module.h"
 
@@ -41,6 +42,7 @@ class Wiring {
   FileJournal files;
   PortableXmlLibrary xml;
   TerminalUserInterface ui;
+  FileSpreadsheets spreadsheets;
 
  private:
   ReferenceToolset reference_;

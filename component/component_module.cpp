@@ -6,6 +6,7 @@
 #include "platform/windows/msxml_library.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_locale.h"
+#include "platform/windows/windows_spreadsheets.h"
 #include "platform/windows/windows_toolset.h"
 #include "platform/windows/windows_user_interface.h"
 
@@ -19,7 +20,8 @@ struct WindowsModule {
   WindowsLocale locale;
   WindowsUserInterface ui;
   WindowsToolset toolset;
-  Module module{Platform{files, xml, ui, toolset, locale}};
+  WindowsSpreadsheets spreadsheets{files, xml};
+  Module module{Platform{files, xml, ui, toolset, locale, spreadsheets}};
 };
 
 // Apartments of several threads may ask for the module, though only one may use it at a time.

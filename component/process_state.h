@@ -14,6 +14,8 @@ struct ProcessState {
 
   std::string currentBookName;
   std::string currentBookAcro;
+  /// The name that the sheet of headings of a workbook gives the book that is being read.
+  std::string excelBookName;
   /// The acronym that the table of contents itself states, when that is a book file.
   std::string recordedXmlAcro;
   std::string currentTocPath;

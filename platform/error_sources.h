@@ -49,6 +49,17 @@ inline constexpr ErrorSource kCheckHtmlForValidity{"Quorbind: Quor_Book::mbCheck
 inline constexpr ErrorSource kRemoveTagsFromHtml{"Quorbind: Quor_Book::mstrRemoveTagsFromHTML"};
 inline constexpr ErrorSource kValidateXmlToc{"Quorbind: Quor_Book::mbValidateXMLToc"};
 
+inline constexpr ErrorSource kValidateXlToc{"Quorbind: Quor_Book::mbValidateXLToc"};
+inline constexpr ErrorSource kCheckXlForNodeLevel{"Quorbind: Quor_Book::mbcheckXLForNodeLevel"};
+inline constexpr ErrorSource kCheckXlForNodeName{"Quorbind: Quor_Book::mbcheckXLForNodeName"};
+inline constexpr ErrorSource kCheckXlForFileName{"Quorbind: Quor_Book::mbcheckXLForFileName"};
+inline constexpr ErrorSource kXlExportToText{"Quorbind: Quor_Book::mXLExportToText"};
+inline constexpr ErrorSource kGetBookInfoFromExcel{"Quorbind: Quor_Book::GetBookInfofromExcel"};
+inline constexpr ErrorSource kGetExcelBookCount{"getExcelBookCount of Class Module Quor_Book",
+                                                ErrorWording::kInProcedure};
+inline constexpr ErrorSource kBuildExcelBook{"BuildExcelBook of Class Module Quor_Book",
+                                             ErrorWording::kInProcedure};
+
 inline constexpr ErrorSource kBookInfoOk{"cmdOk_Click of Form frmBookInfo",
                                          ErrorWording::kInProcedure};
 inline constexpr ErrorSource kBookInfoCancel{"cmdCancel_Click of Form frmBookInfo",
@@ -133,6 +144,8 @@ inline constexpr ErrorSource kAddToLinkIdFile{"Quorbind-Quor_Book::AddToLinkIDFi
 inline constexpr ErrorSource kCheckBookLink{"Quorbind: Quor_Book::mstrCheckBookLink"};
 inline constexpr ErrorSource kGenerateBookLinkId{"Quorbind: Quor_Book::GenerateBookLinkID"};
 inline constexpr ErrorSource kCheckDuplicateLinkId{"Quorbind: Quor_Book::CheckDuplicateLinkID"};
+inline constexpr ErrorSource kUpdateQuorLinkIdFile{"Quor_Developer-Quor_Book::UpdateQuorLinkIDFile",
+                                                   ErrorWording::kTightSourceLine};
 inline constexpr ErrorSource kAddLinkIdInfo{
     "Quorbind: Quor_Book::AddLinkIDInfo", ErrorWording::kSourceLine, MessageIcon::kNone};
 

@@ -4,6 +4,7 @@ namespace quorbind {
 
 class FileSystem;
 class Locale;
+class Spreadsheets;
 class Toolset;
 class UserInterface;
 class XmlLibrary;
@@ -16,6 +17,7 @@ struct Platform {
   UserInterface& ui;
   Toolset& toolset;
   Locale& locale;
+  Spreadsheets& spreadsheets;
 };
 
 }  // namespace quorbind

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_system.h"
+
 namespace quorbind {
 
 inline constexpr int kMaximumXmlDepth = 256;
@@ -180,6 +182,9 @@ class XmlLibrary {
   /// Walks through the file at `path` in memory that does not grow with it. What was told before a
   /// failure stays told. An exception of the handler ends the scan and comes out of it.
   virtual XmlLoadResult scan(std::string_view path, XmlScanHandler& handler) = 0;
+  /// The same for bytes that are no file of their own. What they raise is a failed load, any other
+  /// exception of theirs comes out of the scan.
+  virtual XmlLoadResult scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) = 0;
 };
 
 }  // namespace quorbind

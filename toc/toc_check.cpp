@@ -11,8 +11,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kKindNotBuilt =
-    "Workbooks can not be added by this version. Nothing was changed.";
 /// Documents of a text table of contents are looked up from the root of the current drive, wherever
 /// the table itself lies.
 constexpr std::string_view kRootFolder = "\\";
@@ -20,9 +18,9 @@ constexpr char kBookmarkSign = '#';
 
 }  // namespace
 
-TocCheck::TocCheck(Module& module) : module_(module) {}
+TocCheck::TocCheck(Module& module) : module_(module), excel_(module, *this) {}
 
-bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType) {
+bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType, const ExcelRun* run) {
   UserInterface& ui = module_.platform.ui;
   return trapped(ui, source::kValidateTocFile, false, [&] {
     if (!module_.platform.files.fileExists(tocPath)) {
@@ -37,7 +35,8 @@ bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType) {
       case kHtml:
         return exportHtmlToc(tocPath);
       case kExcel:
-        ui.show(criticalMessage(std::string(kKindNotBuilt)));
+        // Its books are in the library already; there is none left for the caller to add.
+        excel_.mbValidateXLToc(tocPath, vintType, run);
         return false;
       default:
         return false;

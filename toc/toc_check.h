@@ -9,6 +9,7 @@
 #include "platform/text.h"
 #include "platform/xml_document.h"
 #include "toc/book_place.h"
+#include "toc/excel_toc_check.h"
 #include "toc/html_toc.h"
 #include "toc/text_toc.h"
 #include "toc/toc_violation.h"
@@ -27,8 +28,11 @@ class TocCheck {
   explicit TocCheck(Module& module);
 
   /// Checks the table of contents at `tocPath` by its kind. A kind whose export the generator reads
-  /// instead changes `tocPath` to that file.
-  bool mbValidateTocFile(std::string& tocPath, std::int16_t vintType);
+  /// instead changes `tocPath` to that file. The books of a workbook are added meanwhile, as `run`
+  /// says; the answer for a workbook is always False.
+  bool mbValidateTocFile(std::string& tocPath,
+                         std::int16_t vintType,
+                         const ExcelRun* run = nullptr);
 
   bool mbValidateTextToc(std::string_view tocPath);
   /// One entry of a text table of contents; `pieces` is the line cut at the quotes.
@@ -62,6 +66,9 @@ class TocCheck {
   /// the folder.
   bool mbValidateXMLToc(std::string_view tocPath);
 
+  /// The check of workbooks.
+  [[nodiscard]] ExcelTocCheck& excel() { return excel_; }
+
   /// Looks whether the document of an entry is there. A missing one is noted and stops nothing: the
   /// answer is always True.
   bool mbCheckFilePath(std::string_view line, std::string_view fileName, std::string_view folder);
@@ -91,12 +98,14 @@ class TocCheck {
 
   /// Forgets it: a run begins.
   void forgetBook();
-  /// The book's main file, from the title of a page; empty for every other kind.
+  /// The book's main file, from the title of a page or the first row of a workbook's book; empty
+  /// for every other kind.
   [[nodiscard]] const std::string& mstrBookFile() const { return mstrBookFile_; }
   /// The folder of a book file's book, below the library's.
   [[nodiscard]] const std::string& mstrBookFolder() const { return mstrBookFolder_; }
 
  private:
+  friend class ExcelTocCheck;
   class TextTocTeller;
   class HtmlTocTeller;
 
@@ -121,6 +130,7 @@ class TocCheck {
   std::vector<std::string> marrsMissingFiles_;
   std::string mstrBookFile_;
   std::string mstrBookFolder_;
+  ExcelTocCheck excel_;
 };
 
 }  // namespace quorbind

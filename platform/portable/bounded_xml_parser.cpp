@@ -68,11 +68,17 @@ BoundedXmlParser::BoundedXmlParser()
 }
 
 XmlLoadResult BoundedXmlParser::parse(FileSystem& files, std::string_view path) {
+  std::unique_ptr<ByteReader> bytes;
   try {
-    bytes_ = files.open(path);
+    bytes = files.open(path);
   } catch (const RunTimeError& error) {
     return {.reason = reasonFor(error)};
   }
+  return parse(std::move(bytes));
+}
+
+XmlLoadResult BoundedXmlParser::parse(std::unique_ptr<ByteReader> bytes) {
+  bytes_ = std::move(bytes);
   const XmlMessages messages([this](const xmlError& error) { listen(error); });
   document_.reset(
       xmlCtxtReadIO(context_.get(), &readBytes, nullptr, this, nullptr, nullptr, kOptions));

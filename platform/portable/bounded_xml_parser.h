@@ -41,6 +41,8 @@ class BoundedXmlParser {
 
   /// Reads the file at `path`; to be called once. A file that can't be read is a failed load.
   XmlLoadResult parse(FileSystem& files, std::string_view path);
+  /// Reads what is no file of its own in the same way.
+  XmlLoadResult parse(std::unique_ptr<ByteReader> bytes);
 
  protected:
   struct Attribute {

@@ -2,6 +2,8 @@
 
 #include <libxml/parser.h>
 
+#include <utility>
+
 #include "platform/portable/portable_xml_document.h"
 #include "platform/portable/xml_scan.h"
 
@@ -17,6 +19,10 @@ std::unique_ptr<XmlDocument> PortableXmlLibrary::createDocument() {
 
 XmlLoadResult PortableXmlLibrary::scan(std::string_view path, XmlScanHandler& handler) {
   return scanXml(files_, path, handler);
+}
+
+XmlLoadResult PortableXmlLibrary::scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  return scanXml(std::move(bytes), handler);
 }
 
 }  // namespace quorbind

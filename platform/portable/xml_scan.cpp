@@ -1,6 +1,7 @@
 #include "platform/portable/xml_scan.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/portable/bounded_xml_parser.h"
 #include "platform/portable/xml_text.h"
@@ -75,6 +76,11 @@ class ScanParser final : public BoundedXmlParser {
 XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& handler) {
   ScanParser parser(handler);
   return parser.parse(files, path);
+}
+
+XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  ScanParser parser(handler);
+  return parser.parse(std::move(bytes));
 }
 
 }  // namespace quorbind

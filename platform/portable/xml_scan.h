@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "platform/file_system.h"
@@ -10,5 +11,6 @@ namespace quorbind {
 /// XmlLibrary::scan over libxml2's parser. It holds one piece of markup at a time, so the only
 /// thing that can take memory is a single attribute value, comment or instruction of great length.
 XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& handler);
+XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler);
 
 }  // namespace quorbind

@@ -17,6 +17,8 @@ class AutomationObject {
   /// Makes an object. Raises 429 when that can't be done.
   static AutomationObject create(std::string_view className);
 
+  [[nodiscard]] const ComPtr<IDispatch>& object() const { return object_; }
+
   /// Calls a method, or reads a property, and answers the result. Raises 438 for a member that the
   /// object does not have; an error of the object's own keeps its number and description.
   template <typename... Arguments>

@@ -125,4 +125,8 @@ XmlLoadResult MsxmlLibrary::scan(std::string_view path, XmlScanHandler& handler)
   return scanXml(files_, path, handler);
 }
 
+XmlLoadResult MsxmlLibrary::scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  return scanXml(std::move(bytes), handler);
+}
+
 }  // namespace quorbind

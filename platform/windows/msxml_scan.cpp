@@ -230,6 +230,14 @@ XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& 
   std::unique_ptr<ByteReader> bytes;
   try {
     bytes = files.open(path);
+  } catch (const RunTimeError& error) {
+    return unreadable(error);
+  }
+  return scanXml(std::move(bytes), handler);
+}
+
+XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  try {
     if (const std::optional<int> line = lineOfDocumentType(*bytes)) {
       return failureAt(*line, kDocumentType);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "platform/file_system.h"
@@ -12,6 +13,7 @@ namespace quorbind {
 /// document from it: the reader knows the line and the reason of a failure in every release, and it
 /// can be stopped at what is not allowed before anything is built.
 XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& handler);
+XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler);
 
 /// The failed load of a file for which the file system raised `error`.
 XmlLoadResult unreadable(const RunTimeError& error);

@@ -223,17 +223,6 @@ TEST_F(AddRefusal, ABrokenRuleIsToldBeforeAFileInTheWay) {
             "quorbind: toc.txt:3: nothing was added\n");
 }
 
-TEST_F(AddRefusal, KindsOfLaterVersionsAreRefusedPlainly) {
-  disk.write("toc.xls", "workbook");
-  const Tree before = disk.contents();
-  const Outcome kind = quorbind({"add", "toc.xls", "--server", "server", "--library", "Plant"});
-  EXPECT_EQ(kind.status, 1);
-  EXPECT_EQ(kind.err,
-            "critical: Workbooks can not be added by this version. Nothing was changed.\n"
-            "quorbind: toc.xls: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
-}
-
 TEST_F(AddRefusal, ControlCharactersOfATableDoNotReachTheTerminal) {
   writeToc("\"1\" \"Alarm \x1B[31m\" \"\x07\"\n");
   const Outcome outcome = addAlarms();

@@ -97,15 +97,6 @@ TEST_F(Check, RefusesAnExtensionThatIsNotTheKinds) {
             "quorbind: toc.txt: not accepted\n");
 }
 
-TEST_F(Check, SaysPlainlyWhichKindsItCanNotCheck) {
-  disk.write("toc.xls", "workbook");
-  const Outcome outcome = quorbind({"check", "toc.xls"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: Workbooks can not be added by this version. Nothing was changed.\n"
-            "quorbind: toc.xls: not accepted\n");
-}
-
 TEST_F(Check, ATableThatIsNotThereIsMissingInput) {
   const Outcome outcome = check();
   EXPECT_EQ(outcome.status, 3);

@@ -55,6 +55,15 @@ TEST_F(FailedRead, OfATableToBeCheckedIsInputThatCanNotBeRead) {
             "quorbind: toc.txt: not accepted\n");
 }
 
+TEST_F(FailedRead, OfAWorkbookToBeCheckedIsInputThatCanNotBeRead) {
+  disk.write("toc.xlsx", std::string(100'000, 'x'));
+  const Outcome outcome = quorbindFailingToRead("toc.xlsx", {"check", "toc.xlsx"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "critical: toc.xlsx: Device I/O error\n"
+            "quorbind: toc.xlsx: not accepted\n");
+}
+
 TEST_F(FailedRead, OfATableToBePreparedIsInputThatCanNotBeRead) {
   const Outcome outcome = quorbindFailingToRead("toc.txt", {"prepare", "toc.txt", "-o", "out.txt"});
   EXPECT_EQ(outcome.status, 3);

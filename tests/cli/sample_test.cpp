@@ -75,6 +75,29 @@ TEST_F(Sample, OfABookFileIsAddedWhole) {
             std::string::npos);
 }
 
+TEST_F(Sample, OfAWorkbookIsAddedBookByBookFromBothKindsOfFile) {
+  for (const auto& [workbook, library] : {std::pair{"samples/workshop/books.xlsx", "Plant"},
+                                          {"samples/workshop/books.xls", "Works"}}) {
+    ASSERT_EQ(quorbind({"init", "--server", "server", "--library", library}).status, 0);
+    EXPECT_EQ(quorbind({"check", workbook}).out,
+              std::string(workbook) + ": accepted, 3 books, 20 entries.\n");
+    const Outcome outcome = quorbind({"add", workbook, "--server", "server", "--library", library});
+    EXPECT_EQ(outcome.status, 0);
+    const std::string to = std::string(" to ") + library;
+    EXPECT_EQ(outcome.out,
+              "Added The Lathe (LTH)" + to + ", folder Lathe: 4 files.\n" +
+                  "Added The Drill Press (DRL)" + to + ", folder Drill: 3 files.\n" +
+                  "Added The Band Saw (SAW)" + to + ", folder Saw: 3 files.\n");
+    for (const char* folder : {"Lathe", "Drill", "Saw"}) {
+      for (const std::string& name : filesBelow(std::string("samples/workshop/") + folder + "/")) {
+        EXPECT_EQ(disk.read(std::string("server/Docs/") + library + "/" + folder + "/" + name),
+                  disk.read(std::string("samples/workshop/") + folder + "/" + name))
+            << name;
+      }
+    }
+  }
+}
+
 TEST_F(Sample, HasBesideItWhatPrepareMakesOfIt) {
   const Outcome outcome = quorbind({"prepare", "samples/pump-station/toc.txt"});
   EXPECT_EQ(outcome.status, 0);

@@ -7,6 +7,7 @@
 
 #include "platform/file_system.h"
 #include "platform/locale.h"
+#include "platform/spreadsheets.h"
 #include "platform/toolset.h"
 #include "platform/user_interface.h"
 #include "platform/xml_document.h"
@@ -40,10 +41,17 @@ class Adapters {
   /// The same over other files, which are kept by reference.
   virtual std::unique_ptr<XmlLibrary> makeXml(FileSystem& files) = 0;
   virtual Locale& locale() = 0;
+  virtual Spreadsheets& spreadsheets() = 0;
+  /// Those of the spreadsheet program that this build can use, with one made for tests in its
+  /// place. To be called where usesSpreadsheetProgram() only.
+  virtual Spreadsheets& spreadsheetProgram() = 0;
   /// The reference tool set; `C:\` is its server folder, and its boxes go to `ui`.
   virtual std::unique_ptr<Toolset> makeToolset(UserInterface& ui) = 0;
   virtual std::unique_ptr<AttendedUserInterface> makeUserInterface() = 0;
 };
+
+/// Whether this build can use a spreadsheet program.
+bool usesSpreadsheetProgram();
 
 /// Adapters for which `C:\` is the folder `root`.
 std::unique_ptr<Adapters> makeAdapters(const std::filesystem::path& root);

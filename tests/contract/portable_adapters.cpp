@@ -1,12 +1,14 @@
 #include <deque>
 #include <istream>
 #include <sstream>
+#include <stdexcept>
 #include <streambuf>
 
 #include "platform/portable/portable_file_system.h"
 #include "platform/portable/portable_locale.h"
 #include "platform/portable/terminal_user_interface.h"
 #include "platform/portable/xml_library.h"
+#include "platform/workbooks/file_spreadsheets.h"
 #include "tests/contract/adapters.h"
 #include "toolset/reference_toolset.h"
 
@@ -75,6 +77,10 @@ class PortableAdapters final : public Adapters {
     return std::make_unique<PortableXmlLibrary>(files);
   }
   Locale& locale() override { return locale_; }
+  Spreadsheets& spreadsheets() override { return spreadsheets_; }
+  Spreadsheets& spreadsheetProgram() override {
+    throw std::logic_error("this build uses no spreadsheet program");
+  }
   std::unique_ptr<Toolset> makeToolset(UserInterface& ui) override {
     return std::make_unique<ReferenceToolset>(ToolsetPorts{files_, xml_, ui, locale_}, "C:\\");
   }
@@ -86,9 +92,14 @@ class PortableAdapters final : public Adapters {
   PortableFileSystem files_;
   PortableXmlLibrary xml_;
   PortableLocale locale_;
+  FileSpreadsheets spreadsheets_{files_, xml_};
 };
 
 }  // namespace
+
+bool usesSpreadsheetProgram() {
+  return false;
+}
 
 std::unique_ptr<Adapters> makeAdapters(const std::filesystem::path& root) {
   return std::make_unique<PortableAdapters>(root);

@@ -1,11 +1,15 @@
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
 #include "platform/windows/com_types.h"
+#include "platform/windows/excel_automation.h"
 #include "platform/windows/msxml_library.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_locale.h"
+#include "platform/workbooks/file_spreadsheets.h"
 #include "tests/contract/adapters.h"
+#include "tests/support/windows/workbook_server.h"
 #include "toolset/reference_toolset.h"
 
 namespace quorbind::testing {
@@ -67,12 +71,13 @@ class FilesBelow final : public FileSystem {
     return files_.replace(below(path));
   }
 
- private:
+  /// The name that the system has for `path`.
   std::string below(std::string_view path) {
     const std::string inRoot = root_ + absolutePath(path).substr(kDrive.size());
     return isSeparator(path.back()) && !isSeparator(inRoot.back()) ? inRoot + '\\' : inRoot;
   }
 
+ private:
   /// For questions that are answered, not refused, when no file can have the name.
   template <typename Question>
   bool ifNamed(std::string_view path, Question question) {
@@ -87,6 +92,21 @@ class FilesBelow final : public FileSystem {
   std::string root_;
 };
 
+/// A spreadsheet program that finds its files in that folder.
+class ProgramBelow final : public Spreadsheets {
+ public:
+  explicit ProgramBelow(FilesBelow& files) : files_(files) {}
+
+  std::unique_ptr<Workbook> open(std::string_view path) override {
+    return excel_.open(files_.below(path));
+  }
+
+ private:
+  FilesBelow& files_;
+  WorkbookServer server_;
+  ExcelSpreadsheets excel_;
+};
+
 class WindowsAdapters final : public Adapters {
  public:
   explicit WindowsAdapters(const std::filesystem::path& root) : files_(root), xml_(files_) {}
@@ -97,6 +117,13 @@ class WindowsAdapters final : public Adapters {
     return std::make_unique<MsxmlLibrary>(files);
   }
   Locale& locale() override { return locale_; }
+  Spreadsheets& spreadsheets() override { return spreadsheets_; }
+  Spreadsheets& spreadsheetProgram() override {
+    if (!program_) {
+      program_.emplace(files_);
+    }
+    return *program_;
+  }
   std::unique_ptr<Toolset> makeToolset(UserInterface& ui) override {
     return std::make_unique<ReferenceToolset>(ToolsetPorts{files_, xml_, ui, locale_}, "C:\\");
   }
@@ -109,9 +136,15 @@ class WindowsAdapters final : public Adapters {
   FilesBelow files_;
   MsxmlLibrary xml_;
   WindowsLocale locale_;
+  FileSpreadsheets spreadsheets_{files_, xml_};
+  std::optional<ProgramBelow> program_;
 };
 
 }  // namespace
+
+bool usesSpreadsheetProgram() {
+  return true;
+}
 
 std::unique_ptr<Adapters> makeAdapters(const std::filesystem::path& root) {
   return std::make_unique<WindowsAdapters>(root);

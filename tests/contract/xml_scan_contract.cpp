@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -90,6 +91,28 @@ class ThrowingHandler final : public XmlScanHandler {
   Exception exception_;
   bool thrown_ = false;
   int callsAfterThrowing_ = 0;
+};
+
+/// Bytes that are no file. Behind them stands their end, or an exception.
+class GivenBytes final : public ByteReader {
+ public:
+  explicit GivenBytes(std::string bytes, std::exception_ptr end = nullptr)
+      : bytes_(std::move(bytes)), end_(std::move(end)) {}
+
+  std::size_t read(char* buffer, std::size_t size) override {
+    const std::size_t count = bytes_.copy(buffer, size, position_);
+    position_ += count;
+    if (count == 0 && end_ != nullptr) {
+      std::rethrow_exception(end_);
+    }
+    return count;
+  }
+  void rewind() override { position_ = 0; }
+
+ private:
+  std::string bytes_;
+  std::exception_ptr end_;
+  std::size_t position_ = 0;
 };
 
 /// `C:\book.xml` is the file `book.xml` in the folder `disk_`.
@@ -219,6 +242,32 @@ TEST_F(XmlScanContract, ARunTimeErrorOfTheHandlerComesOutAsItIs) {
   ThrowingHandler handler("text", RunTimeError(ErrorNumber::kDiskFull));
 
   EXPECT_EQ(errorRaisedBy([&] { scanFile("<a>1<b/>2</a>", handler); }), 61);
+}
+
+TEST_F(XmlScanContract, BytesThatAreNoFileAreToldAlike) {
+  EXPECT_TRUE(adapters_->xml().scan(std::make_unique<GivenBytes>("<a>1<b/></a>"), record_));
+  EXPECT_THAT(record_.lines(), ElementsAre("<a", "1", "<b", "b>", "a>"));
+}
+
+TEST_F(XmlScanContract, BytesBeyondBoundsAreAFailure) {
+  EXPECT_FALSE(adapters_->xml().scan(std::make_unique<GivenBytes>("<!DOCTYPE a><a/>"), record_));
+  EXPECT_THAT(record_.lines(), IsEmpty());
+}
+
+TEST_F(XmlScanContract, ARunTimeErrorOfTheBytesIsAFailureWithItsDescription) {
+  const auto broken = std::make_exception_ptr(RunTimeError(ErrorNumber::kDeviceIoError));
+  const XmlLoadResult result =
+      adapters_->xml().scan(std::make_unique<GivenBytes>("<a>", broken), record_);
+
+  EXPECT_FALSE(result);
+  EXPECT_EQ(result.reason, "Device I/O error");
+}
+
+TEST_F(XmlScanContract, AnyOtherExceptionOfTheBytesComesOut) {
+  const auto other = std::make_exception_ptr(std::logic_error("mine"));
+
+  EXPECT_THROW(adapters_->xml().scan(std::make_unique<GivenBytes>("<a>", other), record_),
+               std::logic_error);
 }
 
 TEST_F(XmlScanContract, AScanCanBeRunInsideAnother) {

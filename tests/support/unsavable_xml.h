@@ -23,6 +23,9 @@ class UnsavableXml final : public XmlLibrary {
   XmlLoadResult scan(std::string_view path, XmlScanHandler& handler) override {
     return xml_.scan(path, handler);
   }
+  XmlLoadResult scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) override {
+    return xml_.scan(std::move(bytes), handler);
+  }
 
  private:
   class Document final : public XmlDocument {

@@ -77,6 +77,10 @@ void WatchedXml::requireDisk() {
   }
 }
 
+XmlLoadResult WatchedXml::scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
+  return xml_.scan(std::move(bytes), handler);
+}
+
 void WatchedXml::requireSpaceFor(XmlDocument& document) {
   if (limit_ == std::numeric_limits<std::size_t>::max()) {
     return;

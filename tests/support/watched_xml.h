@@ -27,6 +27,7 @@ class WatchedXml final : public XmlLibrary {
 
   [[nodiscard]] std::unique_ptr<XmlDocument> createDocument() override;
   XmlLoadResult scan(std::string_view path, XmlScanHandler& handler) override;
+  XmlLoadResult scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) override;
 
  private:
   class Document;

@@ -47,7 +47,7 @@ World::World()
       reference_(adapters_->makeToolset(user)),
       locale(adapters_->locale()),
       toolset(*reference_),
-      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale}) {}
+      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale, spreadsheets}) {}
 
 std::string World::text(std::string_view name) const {
   return replaceAll(fromUtf16File(disk.read(name)), "\r\n", "\n");

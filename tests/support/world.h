@@ -8,6 +8,7 @@
 #include "platform/locale.h"
 #include "platform/toolset.h"
 #include "tests/contract/adapters.h"
+#include "tests/support/paper_spreadsheets.h"
 #include "tests/support/scripted_user_interface.h"
 #include "tests/support/temporary_folder.h"
 #include "workflow/forms/module.h"
@@ -93,6 +94,7 @@ class World {
  public:
   FixedClockLocale locale;
   BreakableToolset toolset;
+  PaperSpreadsheets spreadsheets;
   Module module;
 
   [[nodiscard]] const Platform& platform() const { return module.platform; }

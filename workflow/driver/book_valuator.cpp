@@ -14,6 +14,7 @@
 #include "toc/book_place.h"
 #include "workflow/driver/book_file_copy.h"
 #include "workflow/driver/run_lists.h"
+#include "workflow/driver/valuated_excel_books.h"
 #include "workflow/inputs/book_entry.h"
 #include "workflow/inputs/form_input.h"
 #include "workflow/inputs/input_check.h"
@@ -57,6 +58,16 @@ bool BookValuator::addBook(const BookValuatorArguments& arguments) {
   return true;
 }
 
+bool BookValuator::buildValidated(const BookValuatorArguments& arguments) {
+  tocPath_ = arguments.vstrtocpath;
+  cataloguePath_ = arguments.vstrQuorTOcPath;
+  if (!nameBook(arguments) || !placeIsAllowed(arguments)) {
+    return false;
+  }
+  build(arguments);
+  return true;
+}
+
 void BookValuator::begin(const BookValuatorArguments& arguments) {
   tocPath_ = withBackslashes(arguments.vstrtocpath);
   cataloguePath_ = withBackslashes(arguments.vstrQuorTOcPath);
@@ -86,8 +97,12 @@ void BookValuator::requireXml() {
 
 bool BookValuator::isAccepted(const BookValuatorArguments& arguments) {
   setStatus(Message::kTocValidationInProgress);
+  ValuatedExcelBooks books(module_, tocCheck_);
+  const ExcelRun excelRun{.builder = books,
+                          .keywordsPath = arguments.vstrKeywordsPath,
+                          .category = arguments.vstrCategory};
   return bCheckForValidInput(module_, tocPath_, arguments.vintType) &&
-         tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType);
+         tocCheck_.mbValidateTocFile(tocPath_, arguments.vintType, &excelRun);
 }
 
 bool BookValuator::nameBook(const BookValuatorArguments& arguments) {
@@ -135,7 +150,7 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
   if (isBookFile) {
     installBookFile(arguments);
   } else {
-    copyToLibrary();
+    copyToLibrary(arguments);
   }
 
   enterInCatalogue(arguments);
@@ -162,11 +177,14 @@ void BookValuator::convert(const BookValuatorArguments& arguments) {
   }
 }
 
-void BookValuator::copyToLibrary() {
+void BookValuator::copyToLibrary(const BookValuatorArguments& arguments) {
   const std::string generated = workingFolder_ + "\\" + bookFileName();
   platform_.toolset.createFileCopy()->mbCopyFiles(destination(), generated, 0, 0);
-  // A table of contents kept inside the library has its book file made where it belongs.
-  if (!platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
+  // A table of contents kept inside the library has its book file made where it belongs. The next
+  // book of a workbook does not wait for one that is gone.
+  const bool isExpected =
+      arguments.vintType != TocCheck::kExcel || platform_.files.fileExists(generated);
+  if (isExpected && !platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
     platform_.files.deleteFile(generated);
   }
 }

@@ -54,6 +54,11 @@ class BookValuator {
   /// True when the run came to its common end, false when an error ended it.
   bool run(const BookValuatorArguments& arguments);
 
+  /// What a run does between the validation and the keywords, for a table of contents that was
+  /// validated and exported elsewhere. False when the book was given up before anything of it was
+  /// made. An error comes out.
+  bool buildValidated(const BookValuatorArguments& arguments);
+
  private:
   bool addBook(const BookValuatorArguments& arguments);
   void begin(const BookValuatorArguments& arguments);
@@ -63,7 +68,7 @@ class BookValuator {
   bool placeIsAllowed(const BookValuatorArguments& arguments);
   void build(const BookValuatorArguments& arguments);
   void convert(const BookValuatorArguments& arguments);
-  void copyToLibrary();
+  void copyToLibrary(const BookValuatorArguments& arguments);
   void installBookFile(const BookValuatorArguments& arguments);
   void stateNewPlace(const std::string& bookFile, const std::string& productName);
   void enterInCatalogue(const BookValuatorArguments& arguments);

@@ -55,6 +55,10 @@ bool Quor_Book::mbCheckQuorTOCForBook(const std::string& vstrQuorTOcPath,
   return quorbind::mbCheckQuorTOCForBook(module_, vstrQuorTOcPath, vstrBookName, vstrBookAcro);
 }
 
+std::int32_t Quor_Book::getExcelBookCount(Worksheet& vobjXLWSheetRead, std::int32_t vlCount) {
+  return tocCheck_.excel().getExcelBookCount(vobjXLWSheetRead, vlCount);
+}
+
 void Quor_Book::AddKeywordsToXmlFile(const std::string& vstrKeywordsPath,
                                      const std::string& sBookName,
                                      const std::string& sKeyWord) {

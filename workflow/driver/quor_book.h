@@ -58,6 +58,10 @@ class Quor_Book {
                              const std::string& vstrBookName,
                              const std::string& vstrBookAcro);
 
+  /// How many books a sheet of headings lists, by the levels in its column `vlCount`. A cell that
+  /// is no level is told, and ends the count.
+  std::int32_t getExcelBookCount(Worksheet& vobjXLWSheetRead, std::int32_t vlCount);
+
   // The side files of a library. sidefiles/ tells what each operation does: category_filing.h,
   // keyword_file.h, keyword_list.h, keyword_rules.h and link_file.h.
   void AddKeywordsToXmlFile(const std::string& vstrKeywordsPath,

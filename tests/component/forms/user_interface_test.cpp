@@ -10,6 +10,7 @@
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_locale.h"
 #include "platform/windows/windows_user_interface.h"
+#include "platform/workbooks/file_spreadsheets.h"
 #include "tests/component/window_driver.h"
 #include "tests/support/raised_error.h"
 #include "toolset/reference_toolset.h"
@@ -69,7 +70,8 @@ class Windows : public Test {
   WindowsLocale locale;
   WindowsUserInterface ui;
   ReferenceToolset toolset{{files, xml, ui, locale}, ""};
-  Module module{Platform{files, xml, ui, toolset, locale}};
+  FileSpreadsheets spreadsheets{files, xml};
+  Module module{Platform{files, xml, ui, toolset, locale, spreadsheets}};
 };
 
 // The book dialog

@@ -91,7 +91,9 @@ TEST_F(BookDeletion, ReportsACatalogueThatCanNotBeWritten) {
   const Platform& ports = world_.platform();
   UnsavableXml xml(ports.xml, "C:\\Quor_TOC.xml");
   quorbind::DeleteQuorNode(
-      {ports.files, xml, ports.ui, ports.toolset, ports.locale}, "C:\\Quor_TOC.xml", "Alarms");
+      {ports.files, xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets},
+      "C:\\Quor_TOC.xml",
+      "Alarms");
   EXPECT_EQ(world_.disk.read("Quor_TOC.xml"), before);
   EXPECT_THAT(world_.user.record(),
               ElementsAre("critical: Error(70): Permission denied\r"

@@ -186,7 +186,7 @@ TEST_F(BookInstallation, HandsPagesAndXmlFilesToTheCopyComponent) {
     return false;
   });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   for (const std::string name :
        {"a.htm", "b.HTML", "c.xml", "d.Xml.bak", "e.txt", "page.htm.files/f.pdf"}) {
     world_.disk.write("In/" + name, "the document");
@@ -473,7 +473,7 @@ TEST_F(BookInstallation, EntersTheBookNowhereInACatalogueWithoutAListOfBooks) {
 TEST_F(BookInstallation, CopiesNothingWhenTheCatalogueCanNotBeWritten) {
   const Platform& ports = world_.platform();
   UnsavableXml xml(ports.xml, "C:\\Docs\\Plant\\Quor_TOC.xml");
-  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale});
+  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets});
   const auto before = world_.disk.contents();
   install(module, Call(), {{"Guide", "GDE", "pump", "A"}, 0});
   EXPECT_THAT(record(),

@@ -296,9 +296,10 @@ TEST_F(BookMerge, ReportsAMainCatalogueThatCanNotBeWritten) {
   writeOther(catalogueWith(bookEntry("Alarms", "ALM")));
   const Platform& ports = world_.platform();
   UnsavableXml xml(ports.xml, "C:\\Main\\Quor_TOC.xml");
-  strMatchingBooksInfo({ports.files, xml, ports.ui, ports.toolset, ports.locale},
-                       "C:\\Main\\Quor_TOC.xml",
-                       "C:\\Other\\Quor_TOC.xml");
+  strMatchingBooksInfo(
+      {ports.files, xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets},
+      "C:\\Main\\Quor_TOC.xml",
+      "C:\\Other\\Quor_TOC.xml");
   EXPECT_THAT(record(),
               ElementsAre("critical: Error(70): Permission denied\r" + std::string(kSource)));
   EXPECT_EQ(world_.disk.read("Main/Quor_TOC.xml"), before);

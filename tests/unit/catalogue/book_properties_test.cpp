@@ -185,7 +185,7 @@ TEST_F(BookProperties, HandTheAbsolutePathsOfBothFilesToTheCopyComponent) {
     return true;
   });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   EXPECT_TRUE(set(module, "..\\Other\\.\\New"));
   EXPECT_THAT(calls, ElementsAre("C:\\Other\\New\\Book_ALM.xml|C:\\Lib\\Manual\\Book_ALM.xml|00"));
 }
@@ -194,7 +194,7 @@ TEST_F(BookProperties, LeaveBothFilesAsTheyWereWhenTheCopyFails) {
   ToolsetWithDoubles toolset(world_.toolset);
   toolset.setCopying([](const auto&...) { return false; });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   const auto before = world_.disk.contents();
   EXPECT_FALSE(set(module, "New"));
   EXPECT_THAT(record(),
@@ -212,7 +212,7 @@ TEST_F(BookProperties, KeepWhatSomebodyElseChangedInTheCatalogueDuringTheCopy) {
     return true;
   });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   EXPECT_TRUE(set(module, "New"));
   EXPECT_EQ(catalogue(),
             catalogueWith(bookEntry("Basics", "BAS") + entryWith(kNewEntryCategories)));
@@ -225,7 +225,7 @@ TEST_F(BookProperties, LeaveACatalogueAloneThatNoLongerLoadsAfterTheCopy) {
     return true;
   });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   EXPECT_TRUE(set(module, "New"));
   EXPECT_THAT(record(),
               ElementsAre("progress 0/10 ",
@@ -394,7 +394,7 @@ TEST_F(BookProperties, DoNothingWithACatalogueThatDoesNotLoad) {
 TEST_F(BookProperties, ReportACatalogueThatCanNotBeWrittenAndLeaveTheBookFileAlone) {
   const Platform& ports = world_.platform();
   UnsavableXml xml(ports.xml, "C:\\Lib\\Quor_TOC.xml");
-  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale});
+  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets});
   const auto before = world_.disk.contents();
   EXPECT_TRUE(set(module, "Manual"));
   EXPECT_THAT(record(),

@@ -252,7 +252,7 @@ TEST_F(BookRenaming, ComparesNamesAsTheyAreStoredAndShowsThemAsTheyWereTyped) {
 TEST_F(BookRenaming, IsRefusedWhileTheBookFileCanNotBeMoved) {
   const Platform& ports = world_.platform();
   ReadOnlyFiles files(ports.files);
-  Module module({files, ports.xml, ports.ui, ports.toolset, ports.locale});
+  Module module({files, ports.xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets});
   const auto before = world_.disk.contents();
   fill(module, "Warnings", "WRN");
   strBookAcroInfo(module, "C:\\Lib\\Quor_TOC.xml", "Alarms");
@@ -378,7 +378,7 @@ TEST_F(BookRenaming, ReportsABookFileThatIsCalledOtherwiseAndRenamesTheEntry) {
 TEST_F(BookRenaming, ReportsACatalogueThatCanNotBeWritten) {
   const Platform& ports = world_.platform();
   UnsavableXml xml(ports.xml, "C:\\Lib\\Quor_TOC.xml");
-  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale});
+  Module module({ports.files, xml, ports.ui, ports.toolset, ports.locale, ports.spreadsheets});
   const std::string before = world_.disk.read("Lib/Quor_TOC.xml");
   fill(module, "Warnings", "WRN");
   strBookAcroInfo(module, "C:\\Lib\\Quor_TOC.xml", "Alarms");

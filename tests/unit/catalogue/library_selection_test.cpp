@@ -31,7 +31,7 @@ class LibrarySelection : public ::testing::Test {
   std::vector<std::string> names() { return QuorNames(platform()); }
   [[nodiscard]] Platform platform() {
     const Platform& ports = world_.platform();
-    return {ports.files, ports.xml, ports.ui, toolset_, ports.locale};
+    return {ports.files, ports.xml, ports.ui, toolset_, ports.locale, ports.spreadsheets};
   }
   [[nodiscard]] const std::vector<std::string>& record() const { return world_.user.record(); }
 

@@ -125,8 +125,10 @@ TEST_F(CreateCategories, LeavesTheOldFileWhenItMayNotBeReplaced) {
   const auto before = world_.disk.contents();
   ReadOnlyFiles files(platform().files);
   const Platform& p = platform();
-  CreateBookCateXmlFile(
-      {files, p.xml, p.ui, p.toolset, p.locale}, "C:\\Docs\\", "C:\\Quor_BookCategories.xml", 1000);
+  CreateBookCateXmlFile({files, p.xml, p.ui, p.toolset, p.locale, p.spreadsheets},
+                        "C:\\Docs\\",
+                        "C:\\Quor_BookCategories.xml",
+                        1000);
   EXPECT_THAT(boxes(),
               ElementsAre("critical: Error(70):Permission denied\r"
                           "Quorbind-Book_Config::CreateBookCateXMLFile"));

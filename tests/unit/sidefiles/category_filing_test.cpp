@@ -156,7 +156,7 @@ TEST_F(FileBook, FilesUnderSeveralCategoriesInOneReadingAndOneWriting) {
   writeFile(categoriesWith(category("A") + category("Other Category")));
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   const Platform& p = platform();
-  const Platform watched{p.files, xml, p.ui, p.toolset, p.locale};
+  const Platform watched{p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets};
   const std::vector<std::string> names{"A", "B", "A", "", "C", "B"};
   AddCategoryNodes(watched, state(), names);
   EXPECT_EQ(file(),
@@ -370,7 +370,7 @@ TEST_F(AddToOther, WritesTheFileOnceForAllEntries) {
   writeFile(categoriesWith(category("Other Category")));
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   const Platform& p = platform();
-  Addothercategory({p.files, xml, p.ui, p.toolset, p.locale},
+  Addothercategory({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets},
                    state(),
                    "Other Category",
                    {{"", "A", "B", "C"}},
@@ -397,7 +397,7 @@ TEST_F(AddToOther, KeepsTheEntriesThatFitOnAFullDiskAndReportsTheFirstThatDoesNo
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.limitSavesTo(categoriesWith(category("Other Category", {"AAA", "BBB"})).size() + 20);
   const Platform& p = platform();
-  Addothercategory({p.files, xml, p.ui, p.toolset, p.locale},
+  Addothercategory({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets},
                    state(),
                    "Other Category",
                    {{"", "AAA", "BBB", "CCC", "DDD"}},

@@ -114,8 +114,8 @@ TEST_F(AcronymsOfCategory, ReportAFileThatCanNotBeSavedOncePerBook) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.limitSavesTo(1);
   const Platform& p = platform();
-  const TextArray acronyms =
-      GetBookAcroValue({p.files, xml, p.ui, p.toolset, p.locale}, state(), "A", kCatalogue);
+  const TextArray acronyms = GetBookAcroValue(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), "A", kCatalogue);
   EXPECT_THAT(acronyms.texts, ElementsAre("", "PST", "TRD"));
   const std::string box = "information: [Quorbind::Book_Config-AddBookAcro] 61: Disk full";
   EXPECT_THAT(boxes(), ElementsAre(box, box));
@@ -249,7 +249,8 @@ TEST_F(RebuildCategories, ReadsBothFilesOnceAndWritesOneOnce) {
   writeCatalogue(books);
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   const Platform& p = platform();
-  GetBookAcroInfo({p.files, xml, p.ui, p.toolset, p.locale}, state(), kPath, kCatalogue);
+  GetBookAcroInfo(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), kPath, kCatalogue);
   EXPECT_EQ(xml.loadsOf(kPath), 1);
   EXPECT_EQ(xml.loadsOf(kCatalogue), 1);
   EXPECT_EQ(xml.savesOf(kPath), 1);

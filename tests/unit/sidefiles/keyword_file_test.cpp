@@ -170,7 +170,8 @@ TEST_F(AddKeyword, ReportsAFileOfAnotherKindAndABookWithoutItsList) {
 TEST_F(AddKeyword, ReportsAMissingFileThatMayNotBeMade) {
   ReadOnlyFiles files(platform().files);
   const Platform& p = platform();
-  AddKeywordsToXmlFile({files, p.xml, p.ui, p.toolset, p.locale}, "C:\\new.xml", "Alarms", "net");
+  AddKeywordsToXmlFile(
+      {files, p.xml, p.ui, p.toolset, p.locale, p.spreadsheets}, "C:\\new.xml", "Alarms", "net");
   EXPECT_FALSE(world_.disk.has("new.xml"));
   EXPECT_THAT(boxes(),
               ElementsAre("critical: Error(70):Permission denied\r"

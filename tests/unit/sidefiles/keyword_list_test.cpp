@@ -184,8 +184,10 @@ TEST_F(KeywordList, HasWrittenEverythingBeforeItShowsABox) {
   std::vector<std::string> atTheBox;
   LookingUser user([&] { atTheBox = keywords(); });
   const Platform& p = platform();
-  AddKeywords(
-      {p.files, p.xml, user, p.toolset, p.locale}, state(), {{"a", "b", "&lt;", "c"}}, kPath);
+  AddKeywords({p.files, p.xml, user, p.toolset, p.locale, p.spreadsheets},
+              state(),
+              {{"a", "b", "&lt;", "c"}},
+              kPath);
   EXPECT_THAT(atTheBox, ElementsAre("Alarms: a", "Alarms: b"));
   EXPECT_THAT(keywords(), ElementsAre("Alarms: a", "Alarms: b", "Alarms: c"));
 }
@@ -211,7 +213,8 @@ TEST_F(KeywordList, ReportsEachKeywordThatCanNotBeSaved) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.limitSavesTo(1);
   const Platform& p = platform();
-  AddKeywords({p.files, xml, p.ui, p.toolset, p.locale}, state(), {{"a", "b"}}, kPath);
+  AddKeywords(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), {{"a", "b"}}, kPath);
   EXPECT_EQ(textOf("kw.xml"), "<Books/>");
   const std::string box = "critical: Error(61):Disk full\rQuorbind-Quor_Book::AddKeywordsToXmlFile";
   EXPECT_THAT(boxes(), ElementsAre(box, box));
@@ -224,7 +227,7 @@ TEST_F(KeywordList, ReadsTheFileOnceAndWritesItOnce) {
   }
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   const Platform& p = platform();
-  AddKeywords({p.files, xml, p.ui, p.toolset, p.locale}, state(), words, kPath);
+  AddKeywords({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), words, kPath);
   EXPECT_EQ(xml.loadsOf(kPath), 1);
   EXPECT_EQ(xml.savesOf(kPath), 1);
   EXPECT_EQ(keywords().size(), 80U);

@@ -204,7 +204,8 @@ TEST_F(LinksOfBook, AreReadOnceFromEachProductAndWrittenOnce) {
   world_.disk.write("toc_Temp.txt", lines);
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   const Platform& p = platform();
-  GenerateBookLinkID({p.files, xml, p.ui, p.toolset, p.locale}, state(), "BK", "C:\\toc_Temp.txt");
+  GenerateBookLinkID(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), "BK", "C:\\toc_Temp.txt");
   EXPECT_EQ(xml.loadsOf("C:\\Docs\\Prod\\Quor_LinkID.xml"), 1);
   EXPECT_EQ(xml.loadsOf("C:\\Docs\\Other\\Quor_LinkID.xml"), 1);
   EXPECT_EQ(xml.savesOf("C:\\Docs\\Prod\\Quor_LinkID.xml"), 1);

@@ -179,7 +179,7 @@ struct Stage {
 
   [[nodiscard]] Platform platform(bool mayMakeFiles) {
     const Platform& p = world.platform();
-    return {mayMakeFiles ? p.files : readOnly, xml, p.ui, p.toolset, p.locale};
+    return {mayMakeFiles ? p.files : readOnly, xml, p.ui, p.toolset, p.locale, p.spreadsheets};
   }
 };
 

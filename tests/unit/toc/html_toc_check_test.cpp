@@ -651,7 +651,8 @@ TEST_F(HtmlTocFile, IsRefusedWhereItsFolderAllowsNoFile) {
                          world_.platform().xml,
                          world_.platform().ui,
                          world_.platform().toolset,
-                         world_.platform().locale});
+                         world_.platform().locale,
+                         world_.platform().spreadsheets});
   TocCheck check(module);
   std::string path = "C:\\in\\toc.htm";
   EXPECT_FALSE(check.mbValidateTocFile(path, TocCheck::kHtml));

@@ -82,7 +82,8 @@ class RandomPages : public ::testing::Test {
                           world_.platform().xml,
                           world_.platform().ui,
                           world_.platform().toolset,
-                          world_.platform().locale}};
+                          world_.platform().locale,
+                          world_.platform().spreadsheets}};
   std::mt19937 random_{20260102};
 };
 

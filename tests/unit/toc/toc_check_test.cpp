@@ -300,7 +300,8 @@ TEST_F(HtmlExport, NamesTheFolderThatAllowsNoFile) {
                          world_.platform().xml,
                          world_.platform().ui,
                          world_.platform().toolset,
-                         world_.platform().locale});
+                         world_.platform().locale,
+                         world_.platform().spreadsheets});
   TocCheck check(module);
   std::string path = "C:\\Docs\\toc.htm";
   EXPECT_FALSE(check.mHTMLExportToText(path, ""));
@@ -336,17 +337,6 @@ TEST(TocFile, OfAnUnknownKindIsRefusedWithoutAMessage) {
   std::string path = "C:\\toc.txt";
   EXPECT_FALSE(check.mbValidateTocFile(path, 5));
   EXPECT_THAT(world.user.record(), IsEmpty());
-}
-
-TEST(TocFile, OfAKindThatThisVersionLacksIsRefusedPlainly) {
-  World world;
-  world.disk.write("toc.xls", "workbook");
-  TocCheck check(world.module);
-  std::string path = "C:\\toc.xls";
-  EXPECT_FALSE(check.mbValidateTocFile(path, TocCheck::kExcel));
-  EXPECT_THAT(world.user.record(),
-              ElementsAre("critical: Workbooks can not be added by this version. Nothing was "
-                          "changed."));
 }
 
 TEST(TocFile, ThatIsAFolderCountsAsNotThere) {

@@ -1,0 +1,33 @@
+#pragma once
+
+// What adding a workbook needs beside the rules that its survey has looked at. The component adds
+// its books one by one, so a question that nobody can answer has to end the run before the first.
+
+#include <string>
+#include <vector>
+
+#include "cli/arguments.h"
+#include "cli/catalogue_reader.h"
+#include "cli/wiring.h"
+#include "cli/workbook_survey.h"
+
+namespace quorbind {
+
+/// Lets `--name` and `--acro` name the one book whose acronym the list of books lacks. They are
+/// refused where there is no such book, or more than one. Abandoned where an acronym is missing
+/// that nobody can be asked for.
+void takeNames(WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wiring);
+
+/// Abandoned where a book's folder is missing that nobody can be asked for. The user is told of a
+/// `--folder` that no book needs.
+void considerFolders(const WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wiring);
+
+/// Tells the user of the flags that a workbook has no use for.
+void tellOfUnusedRecords(const AddArguments& arguments, Wiring& wiring);
+
+/// The names and acronyms that the library has already, or that another book of the workbook is
+/// going to have.
+std::vector<WorkbookViolation> takenNames(const WorkbookSurvey& survey,
+                                          const std::vector<ListedBook>& inLibrary);
+
+}  // namespace quorbind
