@@ -266,7 +266,7 @@ Rules categoryRules() {
   const std::string other =
       "<BookSet_Categories>\r\n\t<Category>\r\n"
       "\t\t<CategoryName>Other Category</CategoryName>\r\n"
-      "\t</Category>\r\n</BookSet_Categories>\r\n";
+      "\t</Category>\r\n</BookSet_Categories>";
   return {
       {{"bCheckIfDefaultCategory"}, kDefaults, kAny, nothingChanges({kFalse})},
       {{"bCheckCategoryinQuorBookCategories"},

@@ -109,6 +109,7 @@ class ScreenAdapters final : public Adapters {
  public:
   FileSystem& files() override { refuse(); }
   XmlLibrary& xml() override { refuse(); }
+  std::unique_ptr<XmlLibrary> makeXml(FileSystem& /*files*/) override { refuse(); }
   Locale& locale() override { refuse(); }
   std::unique_ptr<Toolset> makeToolset(UserInterface& /*ui*/) override { refuse(); }
   std::unique_ptr<AttendedUserInterface> makeUserInterface() override {
