@@ -13,6 +13,7 @@
 #include "cli/required_document.h"
 #include "cli/side_file_reader.h"
 #include "cli/side_file_rules.h"
+#include "cli/text_list.h"
 #include "cli/workbook_addition.h"
 #include "platform/abandoned.h"
 #include "platform/error_sources.h"

@@ -57,22 +57,31 @@ class HeadingScan final : public XmlScanHandler {
 /// headings.
 class DocumentScan final : public XmlScanHandler {
  public:
-  explicit DocumentScan(const std::function<void(const std::string&)>& visitor)
-      : visitor_(visitor) {}
+  /// `folder` is the name of the book's folder.
+  DocumentScan(const std::function<void(const std::string&)>& visitor, std::string_view folder)
+      : visitor_(visitor), folder_(std::string(folder) + "\\") {}
 
   void startElement(std::string_view /*name*/, const XmlScanAttributes& /*attributes*/) override {
     text_.clear();
   }
   void text(std::string_view text) override { text_.append(text); }
   void endElement(std::string_view name) override {
-    if (name == book_names::kBookFile || name == book_names::kHeadingFile) {
+    if (name == book_names::kHeadingFile) {
       visitor_(text_);
+    } else if (name == book_names::kBookFile) {
+      visitor_(inBookFolder(text_));
     }
     text_.clear();
   }
 
  private:
+  /// The book of a workbook states its main file with the book's folder in front.
+  [[nodiscard]] std::string inBookFolder(const std::string& file) const {
+    return file.starts_with(folder_) ? file.substr(folder_.size()) : file;
+  }
+
   const std::function<void(const std::string&)>& visitor_;
+  const std::string folder_;
   std::string text_;
 };
 
@@ -160,7 +169,7 @@ BookDocuments findDocuments(const Platform& platform, const std::string& path) {
     const bool present = below && platform.files.fileExists(folder + *below);
     (present ? documents.present : documents.missing).push_back(name);
   };
-  DocumentScan scan(look);
+  DocumentScan scan(look, fileNameOf(folderOf(path)));
   scanFile(platform, path, scan);
   return documents;
 }

@@ -151,7 +151,7 @@ WholeLibrary::WholeLibrary()
       locale_(adapters_->locale()),
       toolset_(
           std::make_unique<ReferenceToolset>(ToolsetPorts{files, *xml_, user, locale_}, "C:\\")),
-      platform_{files, *xml_, user, *toolset_, locale_} {
+      platform_{files, *xml_, user, *toolset_, locale_, adapters_->spreadsheets()} {
   for (const std::string& file : xmlFilesOfLibrary()) {
     files.write(file, soundText(file));
   }

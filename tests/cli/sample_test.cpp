@@ -85,9 +85,9 @@ TEST_F(Sample, OfAWorkbookIsAddedBookByBookFromBothKindsOfFile) {
     EXPECT_EQ(outcome.status, 0);
     const std::string to = std::string(" to ") + library;
     EXPECT_EQ(outcome.out,
-              "Added The Lathe (LTH)" + to + ", folder Lathe: 4 files.\n" +
-                  "Added The Drill Press (DRL)" + to + ", folder Drill: 3 files.\n" +
-                  "Added The Band Saw (SAW)" + to + ", folder Saw: 3 files.\n");
+              "Added The Lathe (LTH)" + to + ", folder Lathe: 5 files.\n" +
+                  "Added The Drill Press (DRL)" + to + ", folder Drill: 4 files.\n" +
+                  "Added The Band Saw (SAW)" + to + ", folder Saw: 4 files.\n");
     for (const char* folder : {"Lathe", "Drill", "Saw"}) {
       for (const std::string& name : filesBelow(std::string("samples/workshop/") + folder + "/")) {
         EXPECT_EQ(disk.read(std::string("server/Docs/") + library + "/" + folder + "/" + name),

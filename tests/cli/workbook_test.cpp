@@ -30,6 +30,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds,
 
 // Adding
 
+// Of the row of a book itself only the name of the document goes into the book file.
 TEST_P(Workbook, IsAddedBookByBookWithALineForEach) {
   writeTwoBooks();
   const Outcome outcome = addBooks();
@@ -37,7 +38,9 @@ TEST_P(Workbook, IsAddedBookByBookWithALineForEach) {
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.out,
             "Added Lathe (LTH) to Plant, folder Lathe: 2 files.\n"
-            "Added Saw (SAW) to Plant, folder Saw: 2 files.\n");
+            "missing: cover.htm\n"
+            "Added Saw (SAW) to Plant, folder Saw: 2 files.\n"
+            "missing: cover.htm\n");
   EXPECT_EQ(shelf(),
             "ACRONYM  NAME   FOLDER\n"
             "LTH      Lathe  Lathe\n"
@@ -91,7 +94,9 @@ TEST_P(Workbook, WithMacrosIsOneToo) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
             "Added Lathe (LTH) to Plant, folder Lathe: 2 files.\n"
-            "Added Saw (SAW) to Plant, folder Saw: 2 files.\n");
+            "missing: cover.htm\n"
+            "Added Saw (SAW) to Plant, folder Saw: 2 files.\n"
+            "missing: cover.htm\n");
 }
 
 TEST_P(Workbook, NamesTheDocumentsThatAReaderWouldNotFind) {
@@ -99,7 +104,9 @@ TEST_P(Workbook, NamesTheDocumentsThatAReaderWouldNotFind) {
   std::filesystem::remove(disk.path() / "Saw/blade.htm");
   EXPECT_EQ(addBooks().out,
             "Added Lathe (LTH) to Plant, folder Lathe: 2 files.\n"
+            "missing: cover.htm\n"
             "Added Saw (SAW) to Plant, folder Saw: 1 file.\n"
+            "missing: cover.htm\n"
             "missing: blade.htm\n");
 }
 
@@ -120,7 +127,9 @@ TEST_P(Workbook, IsReportedAsOneObjectWithItsBooks) {
             "        \"Book_LTH.xml\",\n"
             "        \"chuck.htm\"\n"
             "      ],\n"
-            "      \"missing\": []\n"
+            "      \"missing\": [\n"
+            "        \"cover.htm\"\n"
+            "      ]\n"
             "    },\n"
             "    {\n"
             "      \"acronym\": \"SAW\",\n"
@@ -130,7 +139,9 @@ TEST_P(Workbook, IsReportedAsOneObjectWithItsBooks) {
             "        \"Book_SAW.xml\",\n"
             "        \"blade.htm\"\n"
             "      ],\n"
-            "      \"missing\": []\n"
+            "      \"missing\": [\n"
+            "        \"cover.htm\"\n"
+            "      ]\n"
             "    }\n"
             "  ],\n"
             "  \"messages\": []\n"
@@ -150,8 +161,10 @@ TEST_P(Workbook, KeepsMarkupCharactersInNames) {
   write(kHeadings, {{"Lathe & Chuck", "LTH"}, {"Saw < 1 m", "SAW"}});
   EXPECT_EQ(addBooks().out,
             "Added Lathe & Chuck (LTH) to Plant, folder Lathe: 1 file.\n"
+            "missing: cover.htm\n"
             "missing: chuck.htm\n"
             "Added Saw < 1 m (SAW) to Plant, folder Saw: 1 file.\n"
+            "missing: cover.htm\n"
             "missing: blade.htm\n");
 }
 
@@ -387,7 +400,9 @@ TEST_P(Workbook, WhoseSecondBookCanNotBePutInPlaceSaysHowManyWereAdded) {
   disk.makeFolder("server/Docs/Plant/Saw/Book_SAW.xml");
   const Outcome outcome = addBooks();
   EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.out, "Added Lathe (LTH) to Plant, folder Lathe: 2 files.\n");
+  EXPECT_EQ(outcome.out,
+            "Added Lathe (LTH) to Plant, folder Lathe: 2 files.\n"
+            "missing: cover.htm\n");
   EXPECT_NE(outcome.err.find("/Saw/Book_SAW.xml could not be written; 1 of 2 books added\n"),
             std::string::npos)
       << outcome.err;

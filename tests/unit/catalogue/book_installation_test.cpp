@@ -326,7 +326,7 @@ TEST_F(BookInstallation, BringsEachNameIntoItsStoredFormOnceAndNothingThatIsMiss
     return "stored " + name;
   });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   install(module, Call(), {{"Guide", "GDE", "pump;motor", ""}, 0});
   EXPECT_EQ(catalogue(), catalogueAnd(installedEntry("stored Guide", "stored GDE")));
   EXPECT_EQ(file(kKeywords), keywordsFileWith("stored Guide", {"pump", "motor"}));
@@ -341,7 +341,8 @@ TEST_F(BookInstallation, BringsEachNameIntoItsStoredFormOnceAndNothingThatIsMiss
 TEST_F(BookInstallation, ReadsTheCatalogueOnceWhenNobodyIsAsked) {
   const Platform& platform = world_.platform();
   WatchedXml xml(platform.xml, platform.files, "C:\\scratch.xml");
-  Module module(Platform{platform.files, xml, platform.ui, platform.toolset, platform.locale});
+  Module module(Platform{
+      platform.files, xml, platform.ui, platform.toolset, platform.locale, platform.spreadsheets});
   install(module, Call(), {{"Guide", "GDE", "", ""}, 0});
   EXPECT_EQ(catalogue(), catalogueAnd(installedEntry("Guide", "GDE")));
   EXPECT_EQ(xml.loadsOf("C:\\Docs\\Plant\\Quor_TOC.xml"), 1);

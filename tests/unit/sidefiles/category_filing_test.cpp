@@ -172,8 +172,9 @@ TEST_F(FileBook, UnderSeveralCategoriesReportsTheFirstWhenTheFileGoesAway) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.goAwayAtTheFirstSave();
   const Platform& p = platform();
-  AddCategoryNodes(
-      {p.files, xml, p.ui, p.toolset, p.locale}, state(), std::vector<std::string>{"A", "B"});
+  AddCategoryNodes({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets},
+                   state(),
+                   std::vector<std::string>{"A", "B"});
   EXPECT_EQ(file(), before);
   EXPECT_THAT(boxes(),
               ElementsAre("message: Error 76 (Path not found) in procedure AddCategoryNode of "
@@ -383,8 +384,11 @@ TEST_F(AddToOther, ReportsAFileThatGoesAway) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.goAwayAtTheFirstSave();
   const Platform& p = platform();
-  Addothercategory(
-      {p.files, xml, p.ui, p.toolset, p.locale}, state(), "Other Category", {{"", "A", "B"}}, "");
+  Addothercategory({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets},
+                   state(),
+                   "Other Category",
+                   {{"", "A", "B"}},
+                   "");
   EXPECT_EQ(file(), categoriesWith(category("Other Category", {"X"})));
   EXPECT_THAT(boxes(),
               ElementsAre("information: [Quorbind::Book_Config-AddOtherCategoryBookAcro] "

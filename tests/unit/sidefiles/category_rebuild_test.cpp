@@ -27,6 +27,9 @@ class BrokenXml final : public XmlLibrary {
  public:
   std::unique_ptr<XmlDocument> createDocument() override { fail(); }
   XmlLoadResult scan(std::string_view /*path*/, XmlScanHandler& /*handler*/) override { fail(); }
+  XmlLoadResult scan(std::unique_ptr<ByteReader> /*bytes*/, XmlScanHandler& /*handler*/) override {
+    fail();
+  }
 
  private:
   [[noreturn]] static void fail() { raise(ErrorNumber::kCannotCreateObject); }
@@ -127,8 +130,8 @@ TEST_F(AcronymsOfCategory, ReportAFileThatGoesAwayOnce) {
   WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
   xml.goAwayAtTheFirstSave();
   const Platform& p = platform();
-  const TextArray acronyms =
-      GetBookAcroValue({p.files, xml, p.ui, p.toolset, p.locale}, state(), "A", kCatalogue);
+  const TextArray acronyms = GetBookAcroValue(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), "A", kCatalogue);
   EXPECT_THAT(acronyms.texts, ElementsAre("", "PST"));
   EXPECT_THAT(boxes(),
               ElementsAre("information: [Quorbind::Book_Config-AddBookAcro] 76: Path not found"));
@@ -138,8 +141,8 @@ TEST_F(AcronymsOfCategory, ReportAFileThatGoesAwayOnce) {
 TEST_F(AcronymsOfCategory, CanNotBeHadWithoutXml) {
   BrokenXml xml;
   const Platform& p = platform();
-  const TextArray acronyms =
-      GetBookAcroValue({p.files, xml, p.ui, p.toolset, p.locale}, state(), "A", kCatalogue);
+  const TextArray acronyms = GetBookAcroValue(
+      {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), "A", kCatalogue);
   EXPECT_THAT(acronyms.texts, IsEmpty());
   EXPECT_THAT(boxes(),
               ElementsAre("information: [Quorbind::Book_Config-GetBookAcroValue] "
@@ -158,7 +161,8 @@ TEST_F(RebuildCategories, ReportsAFileThatGoesAwayOnce) {
     WatchedXml xml(platform().xml, platform().files, "C:\\scratch.xml");
     xml.goAwayAtTheFirstSave();
     const Platform& p = platform();
-    GetBookAcroInfo({p.files, xml, p.ui, p.toolset, p.locale}, state(), kPath, kCatalogue);
+    GetBookAcroInfo(
+        {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), kPath, kCatalogue);
   }
   const std::string box = "information: [Quorbind::Book_Config-AddBookAcro] 76: Path not found";
   EXPECT_THAT(boxes(), ElementsAre(box, box)) << "once each";

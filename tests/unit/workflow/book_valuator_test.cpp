@@ -505,7 +505,8 @@ TEST_F(AddBook, HandsTheCopyComponentTheBooksFolderTheBookFileAndTwoZeros) {
     return true;
   });
   const Platform& ports = world_.platform();
-  Module module(Platform{ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module(
+      Platform{ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   Quor_Book book(module, &events_);
   arguments_.vstrBookName = "Pump Station";
   arguments_.vstrBookAcro = "PST";

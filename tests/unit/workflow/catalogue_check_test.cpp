@@ -133,7 +133,7 @@ TEST_F(CatalogueCheck, BringsNoNameIntoItsStoredFormTwice) {
   toolset.setStoring(
       [](const std::string& name) { return name == "New" ? "stored " + name : name; });
   const Platform& ports = world_.platform();
-  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale});
+  Module module({ports.files, ports.xml, ports.ui, toolset, ports.locale, ports.spreadsheets});
   world_.user.answerWith(enterBook("New", "TRD"));
   world_.user.answerWith(closeForm());
   EXPECT_TRUE(mbCheckQuorTOCForBook(module, "C:\\Quor_TOC.xml", "Alarms", "NEW"));
