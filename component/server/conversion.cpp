@@ -124,7 +124,7 @@ void give(BSTR* result, const std::string& text) {
 }
 
 void give(SAFEARRAY** result, const TextArray& array) {
-  *result = array.isSet ? makeArray(VT_BSTR, array) : nullptr;
+  *result = makeArray(VT_BSTR, array);
 }
 
 void give(SAFEARRAY** result, const std::vector<std::string>& list) {

@@ -96,6 +96,9 @@ SAFEARRAY*& arrayIn(Variant& array) {
 }
 
 TextArray textArrayIn(Variant& array) {
+  if (arrayIn(array) == nullptr) {
+    return TextArray::unset();
+  }
   LONG lowerBound = 0;
   requireSuccess(::SafeArrayGetLBound(arrayIn(array), 1, &lowerBound));
   return {textsIn(array), lowerBound};

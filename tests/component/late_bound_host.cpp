@@ -52,7 +52,7 @@ class LateBoundHost final : public BoundHost {
         callByName(objectWith(operation), toWide(operation).c_str(), std::move(references));
     requireSuccess(answer.result);
     for (std::size_t place = 0; place < arguments.size(); ++place) {
-      arguments[place] = resultOf(variables[place]).value();
+      arguments[place] = resultOf(variables[place]).value_or(TextArray::unset());
     }
     return resultOf(answer.value);
   }

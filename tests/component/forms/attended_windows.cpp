@@ -111,6 +111,8 @@ class ScreenAdapters final : public Adapters {
   XmlLibrary& xml() override { refuse(); }
   std::unique_ptr<XmlLibrary> makeXml(FileSystem& /*files*/) override { refuse(); }
   Locale& locale() override { refuse(); }
+  Spreadsheets& spreadsheets() override { refuse(); }
+  Spreadsheets& spreadsheetProgram() override { refuse(); }
   std::unique_ptr<Toolset> makeToolset(UserInterface& /*ui*/) override { refuse(); }
   std::unique_ptr<AttendedUserInterface> makeUserInterface() override {
     return std::make_unique<AttendedWindows>();
