@@ -147,7 +147,7 @@ class BookRename {
   [[nodiscard]] static XmlNode childOf(const std::vector<XmlNode>& books,
                                        std::string_view element) {
     for (const XmlNode& book : books) {
-      if (const XmlNode child = book.select(element)) {
+      if (XmlNode child = book.select(element)) {
         return child;
       }
     }

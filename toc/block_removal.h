@@ -119,7 +119,9 @@ class BlockRemoval {
     void add(std::string_view text, Hash hash, std::size_t startMarks);
 
    private:
-    [[nodiscard]] std::size_t slotOf(Hash hash) const { return hash & (slots_.size() - 1); }
+    [[nodiscard]] std::size_t slotOf(Hash hash) const {
+      return static_cast<std::size_t>(hash) & (slots_.size() - 1);
+    }
     [[nodiscard]] std::size_t slotBehind(std::size_t slot) const {
       return (slot + 1) & (slots_.size() - 1);
     }

@@ -55,8 +55,7 @@ BoundedXmlParser::Attribute BoundedXmlParser::StartTag::attribute(int index) con
   return {fields[0], fields[1], fields[2], fields[3], fields[4]};
 }
 
-BoundedXmlParser::BoundedXmlParser()
-    : context_(xmlNewParserCtxt()), buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)) {
+BoundedXmlParser::BoundedXmlParser() : context_(xmlNewParserCtxt()), buffer_(kBufferSize, '\0') {
   if (context_ == nullptr) {
     raise(ErrorNumber::kOutOfMemory);
   }
@@ -119,7 +118,7 @@ int BoundedXmlParser::read(char* buffer, int size) {
 /// libxml2 asks for small pieces, and asking the system for each would take longer.
 std::size_t BoundedXmlParser::takeBytes(char* buffer, std::size_t size) {
   if (unread_.empty()) {
-    unread_ = {buffer_.get(), bytes_->read(buffer_.get(), kBufferSize)};
+    unread_ = {buffer_.data(), bytes_->read(buffer_.data(), kBufferSize)};
   }
   const std::size_t count = unread_.copy(buffer, size);
   unread_.remove_prefix(count);

@@ -128,7 +128,7 @@ class BoundedXmlParser {
 
   XmlParserHandle context_;
   std::unique_ptr<ByteReader> bytes_;
-  std::unique_ptr<char[]> buffer_;
+  std::string buffer_;
   /// What of the buffer the parser has not taken yet.
   std::string_view unread_;
   XmlDocHandle document_;

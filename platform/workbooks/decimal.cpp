@@ -13,12 +13,12 @@ constexpr int kSignificantDigits = 15;
 
 /// Adds one to the last of `digits`; answers whether that made them one longer.
 bool countUp(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
-      return false;
-    }
-    *digit = '0';
+  const std::size_t place = digits.find_last_not_of('9');
+  const std::size_t nines = place == std::string::npos ? 0 : place + 1;
+  std::fill(digits.begin() + static_cast<std::ptrdiff_t>(nines), digits.end(), '0');
+  if (nines > 0) {
+    ++digits[place];
+    return false;
   }
   digits.insert(digits.begin(), '1');
   return true;

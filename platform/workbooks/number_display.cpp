@@ -78,20 +78,21 @@ std::string fillWhole(const Tokens& tokens, const Decimal& number, bool isGroupe
     pieces.push_back(digit);
     ++place;
   };
-  for (auto token = tokens.rbegin(); token != tokens.rend(); ++token) {
-    if (!token->is(Kind::kDigit)) {
-      pieces.push_back(token->text);
+  for (std::size_t left = tokens.size(); left > 0; --left) {
+    const auto& token = tokens[left - 1];
+    if (!token.is(Kind::kDigit)) {
+      pieces.push_back(token.text);
       continue;
     }
-    emit(place < number.point() ? std::string(1, number.digitAt(place)) : paddingFor(*token));
+    emit(place < number.point() ? std::string(1, number.digitAt(place)) : paddingFor(token));
     --placesLeft;
     while (placesLeft == 0 && place < number.point()) {
       emit(std::string(1, number.digitAt(place)));
     }
   }
   std::string text;
-  for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece) {
-    text += *piece;
+  for (std::size_t left = pieces.size(); left > 0; --left) {
+    text += pieces[left - 1];
   }
   return text;
 }

@@ -29,10 +29,10 @@ constexpr std::array kBuiltInFormats{
     BuiltInFormat{2, "0.00"},
     BuiltInFormat{3, "#,##0"},
     BuiltInFormat{4, "#,##0.00"},
-    BuiltInFormat{5, "\"$\"#,##0_);(\"$\"#,##0)"},
-    BuiltInFormat{6, "\"$\"#,##0_);[Red](\"$\"#,##0)"},
-    BuiltInFormat{7, "\"$\"#,##0.00_);(\"$\"#,##0.00)"},
-    BuiltInFormat{8, "\"$\"#,##0.00_);[Red](\"$\"#,##0.00)"},
+    BuiltInFormat{5, R"("$"#,##0_);("$"#,##0))"},
+    BuiltInFormat{6, R"("$"#,##0_);[Red]("$"#,##0))"},
+    BuiltInFormat{7, R"("$"#,##0.00_);("$"#,##0.00))"},
+    BuiltInFormat{8, R"("$"#,##0.00_);[Red]("$"#,##0.00))"},
     BuiltInFormat{9, "0%"},
     BuiltInFormat{10, "0.00%"},
     BuiltInFormat{11, "0.00E+00"},
@@ -51,10 +51,10 @@ constexpr std::array kBuiltInFormats{
     BuiltInFormat{38, "#,##0_);[Red](#,##0)"},
     BuiltInFormat{39, "#,##0.00_);(#,##0.00)"},
     BuiltInFormat{40, "#,##0.00_);[Red](#,##0.00)"},
-    BuiltInFormat{41, "_(* #,##0_);_(* (#,##0);_(* \"-\"_);_(@_)"},
-    BuiltInFormat{42, "_(\"$\"* #,##0_);_(\"$\"* (#,##0);_(\"$\"* \"-\"_);_(@_)"},
-    BuiltInFormat{43, "_(* #,##0.00_);_(* (#,##0.00);_(* \"-\"\?\?_);_(@_)"},
-    BuiltInFormat{44, "_(\"$\"* #,##0.00_);_(\"$\"* (#,##0.00);_(\"$\"* \"-\"\?\?_);_(@_)"},
+    BuiltInFormat{41, R"(_(* #,##0_);_(* (#,##0);_(* "-"_);_(@_))"},
+    BuiltInFormat{42, R"(_("$"* #,##0_);_("$"* (#,##0);_("$"* "-"_);_(@_))"},
+    BuiltInFormat{43, R"(_(* #,##0.00_);_(* (#,##0.00);_(* "-"??_);_(@_))"},
+    BuiltInFormat{44, R"(_("$"* #,##0.00_);_("$"* (#,##0.00);_("$"* "-"??_);_(@_))"},
     BuiltInFormat{45, "mm:ss"},
     BuiltInFormat{46, "[h]:mm:ss"},
     BuiltInFormat{47, "mm:ss.0"},
@@ -141,9 +141,10 @@ const FormatSection* NumberFormat::sectionForTexts() const {
 }
 
 std::string_view builtInFormatCode(int id) {
-  const auto found = std::find_if(kBuiltInFormats.begin(),
-                                  kBuiltInFormats.end(),
-                                  [id](const BuiltInFormat& format) { return format.id == id; });
+  const auto* const found = std::find_if(
+      kBuiltInFormats.begin(), kBuiltInFormats.end(), [id](const BuiltInFormat& format) {
+        return format.id == id;
+      });
   return found == kBuiltInFormats.end() ? kGeneral : found->code;
 }
 
