@@ -37,7 +37,7 @@ constexpr std::array kBuiltInFormats{
     BuiltInFormat{10, "0.00%"},
     BuiltInFormat{11, "0.00E+00"},
     BuiltInFormat{12, "# ?/?"},
-    BuiltInFormat{13, "# \?\?/\?\?"},
+    BuiltInFormat{13, R"(# ??/??)"},
     BuiltInFormat{14, "m/d/yyyy"},
     BuiltInFormat{15, "d-mmm-yy"},
     BuiltInFormat{16, "d-mmm"},
