@@ -54,7 +54,8 @@ ComPtr<IDispatch> objectOfFile(std::string_view path) {
   requireSuccess(::CreateFileMoniker(fullPath(path).c_str(), name.put()));
   const ComPtr<IBindCtx> context = contextForReading();
   ComPtr<IDispatch> object;
-  requireSuccess(name->BindToObject(context.get(), nullptr, ComPtr<IDispatch>::id(), object.putAny()));
+  requireSuccess(
+      name->BindToObject(context.get(), nullptr, ComPtr<IDispatch>::id(), object.putAny()));
   return object;
 }
 
