@@ -102,6 +102,46 @@ std::vector<xmlNode*> PathQuery::find(const xmlNode& start) const {
   return found;
 }
 
+// Those with the name that tells most are looked at, and for each of them, whether it stands where
+// the query says. What the steps lead to stands at one depth, so the order is that of the document.
+std::vector<xmlNode*> PathQuery::find(const xmlDoc& document, const ElementIndex& index) const {
+  const std::size_t steps = stepsToCondition();
+  const std::optional<Condition>& condition = steps_[steps - 1].condition;
+  const std::string& name = condition ? condition->child : steps_[steps - 1].name;
+  std::vector<xmlNode*> found;
+  const xmlNode* last = nullptr;
+  for (xmlNode* const candidate : index.named(name, document)) {
+    if (!isPlainElement(*candidate, name) ||
+        (condition && !hasTextBelow(*candidate, condition->text))) {
+      continue;
+    }
+    xmlNode* const element = condition ? candidate->parent : candidate;
+    if (element != last && isBelow(document, steps, *element)) {
+      last = element;
+      finish(*element, steps, found);
+    }
+  }
+  return found;
+}
+
+/// How many steps there are up to the first with a condition, or else in all.
+std::size_t PathQuery::stepsToCondition() const {
+  const auto conditional = std::find_if(
+      steps_.begin(), steps_.end(), [](const Step& step) { return step.condition.has_value(); });
+  return conditional == steps_.end() ? steps_.size()
+                                     : static_cast<std::size_t>(conditional - steps_.begin()) + 1;
+}
+
+/// Whether the names of that many steps lead from the document to `element`.
+bool PathQuery::isBelow(const xmlDoc& document, std::size_t steps, const xmlNode& element) const {
+  const xmlNode* outer = &element;
+  while (steps > 0 && isPlainElement(*outer, steps_[steps - 1].name)) {
+    outer = outer->parent;
+    --steps;
+  }
+  return steps == 0 && outer == reinterpret_cast<const xmlNode*>(&document);
+}
+
 void PathQuery::findFrom(const xmlNode& parent,
                          std::size_t step,
                          std::vector<xmlNode*>& found) const {
@@ -111,11 +151,16 @@ void PathQuery::findFrom(const xmlNode& parent,
         (wanted.condition && !holds(*wanted.condition, *child))) {
       continue;
     }
-    if (step + 1 == steps_.size()) {
-      found.push_back(child);
-    } else {
-      findFrom(*child, step + 1, found);
-    }
+    finish(*child, step + 1, found);
+  }
+}
+
+/// Goes on below an element that the steps before `step` lead to.
+void PathQuery::finish(xmlNode& element, std::size_t step, std::vector<xmlNode*>& found) const {
+  if (step == steps_.size()) {
+    found.push_back(&element);
+  } else {
+    findFrom(element, step, found);
   }
 }
 

@@ -2,10 +2,13 @@
 
 #include <libxml/tree.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/portable/element_index.h"
 
 namespace quorbind {
 
@@ -21,6 +24,8 @@ class PathQuery {
 
   /// The elements that the query finds from `start`, in document order.
   [[nodiscard]] std::vector<xmlNode*> find(const xmlNode& start) const;
+  /// The same from a document, all of whose elements are in `index`.
+  [[nodiscard]] std::vector<xmlNode*> find(const xmlDoc& document, const ElementIndex& index) const;
 
  private:
   struct Condition {
@@ -34,7 +39,12 @@ class PathQuery {
   class Reader;
 
   static bool holds(const Condition& condition, const xmlNode& element);
+  [[nodiscard]] std::size_t stepsToCondition() const;
+  [[nodiscard]] bool isBelow(const xmlDoc& document,
+                             std::size_t steps,
+                             const xmlNode& element) const;
   void findFrom(const xmlNode& parent, std::size_t step, std::vector<xmlNode*>& found) const;
+  void finish(xmlNode& element, std::size_t step, std::vector<xmlNode*>& found) const;
 
   std::vector<Step> steps_;
 };

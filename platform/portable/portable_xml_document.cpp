@@ -27,7 +27,9 @@ class TreeParser final : public BoundedXmlParser {
     context().sax->cdataBlock = &onCdata;
   }
 
-  using BoundedXmlParser::takeDocument;
+  [[nodiscard]] std::unique_ptr<XmlTree> takeTree() {
+    return std::make_unique<XmlTree>(takeDocument(), std::move(elements_));
+  }
 
  private:
   static TreeParser& treeOf(void* context) { return static_cast<TreeParser&>(of(context)); }
@@ -56,6 +58,7 @@ class TreeParser final : public BoundedXmlParser {
                           tag.defaultedCount,
                           tag.attributes);
     layout_.startElement();
+    elements_.add(*context().node);
   }
 
   void endElement(const EndTag& tag) override {
@@ -64,17 +67,8 @@ class TreeParser final : public BoundedXmlParser {
   }
 
   LayoutFilter layout_{context()};
+  ElementIndex elements_;
 };
-
-/// The element behind `element` in document order; null behind the last one.
-xmlNode* nextElement(xmlNode* element) {
-  xmlNode* next = xmlFirstElementChild(element);
-  while (next == nullptr && element != nullptr && element->type == XML_ELEMENT_NODE) {
-    next = xmlNextElementSibling(element);
-    element = element->parent;
-  }
-  return next;
-}
 
 }  // namespace
 
@@ -87,7 +81,7 @@ XmlLoadResult PortableXmlDocument::load(std::string_view path) {
   TreeParser parser;
   XmlLoadResult result = parser.parse(files_, path);
   if (result) {
-    begin(std::make_unique<XmlTree>(parser.takeDocument()));
+    begin(parser.takeTree());
   }
   return result;
 }
@@ -110,13 +104,7 @@ std::vector<XmlNode> PortableXmlDocument::selectAll(std::string_view query) cons
 }
 
 std::vector<XmlNode> PortableXmlDocument::elementsByName(std::string_view name) const {
-  std::vector<XmlNode> found;
-  for (xmlNode* element = tree_->root(); element != nullptr; element = nextElement(element)) {
-    if (hasName(*element, name)) {
-      found.push_back(references_->to(element));
-    }
-  }
-  return found;
+  return references_->toAll(tree_->elementsByName(name));
 }
 
 XmlNode PortableXmlDocument::createElement(std::string_view name) {

@@ -93,11 +93,24 @@ void appendTextBelow(std::string& text, const xmlNode& node) {
   }
 }
 
+/// The element behind `element` in document order; null behind the last one.
+xmlNode* nextElement(xmlNode* element) {
+  xmlNode* next = xmlFirstElementChild(element);
+  while (next == nullptr && element != nullptr && element->type == XML_ELEMENT_NODE) {
+    next = xmlNextElementSibling(element);
+    element = element->parent;
+  }
+  return next;
+}
+
 }  // namespace
 
 XmlTree::XmlTree() : XmlTree(XmlDocHandle(made(xmlNewDoc(nullptr)))) {}
 
 XmlTree::XmlTree(XmlDocHandle document) : document_(std::move(document)) {}
+
+XmlTree::XmlTree(XmlDocHandle document, ElementIndex elements)
+    : document_(std::move(document)), elements_(std::move(elements)) {}
 
 XmlTree::~XmlTree() {
   // None is freed before all have been looked at: one may stand in another.
@@ -141,6 +154,7 @@ void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
   if (reference == &child) {
     return;
   }
+  elements_.reset();
   xmlUnlinkNode(&child);
   link(child, parent, reference);
   if (child.type == XML_ELEMENT_NODE) {
@@ -154,6 +168,7 @@ void XmlTree::remove(xmlNode& child, const xmlNode& parent) {
 }
 
 void XmlTree::takeOut(xmlNode& child) {
+  elements_.reset();
   onceLoose_.push_back(&child);
   xmlUnlinkNode(&child);
 }
@@ -214,6 +229,11 @@ void XmlTree::setAttribute(xmlNode& element, const std::string& name, const std:
 }
 
 std::vector<xmlNode*> XmlTree::selectFromDocument(std::string_view query) {
+  if (elements_) {
+    if (const auto path = PathQuery::read(query)) {
+      return path->find(*document_, *elements_);
+    }
+  }
   return select(query, *reinterpret_cast<xmlNode*>(document_.get()));
 }
 
@@ -230,6 +250,19 @@ std::vector<xmlNode*> XmlTree::select(std::string_view query, xmlNode& start) {
     }
   }
   return nodes;
+}
+
+std::vector<xmlNode*> XmlTree::elementsByName(std::string_view name) const {
+  if (elements_ && !contains(name, ":")) {
+    return elements_->named(name, *document_);
+  }
+  std::vector<xmlNode*> found;
+  for (xmlNode* element = root(); element != nullptr; element = nextElement(element)) {
+    if (hasName(*element, name)) {
+      found.push_back(element);
+    }
+  }
+  return found;
 }
 
 XPathResultHandle XmlTree::evaluate(std::string_view query, xmlNode& start) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/element_index.h"
 #include "platform/portable/xml_handles.h"
 
 namespace quorbind {
@@ -17,6 +19,8 @@ class XmlTree {
   /// A tree without a root.
   XmlTree();
   explicit XmlTree(XmlDocHandle document);
+  /// A document as it was read, with all of its elements.
+  XmlTree(XmlDocHandle document, ElementIndex elements);
   ~XmlTree();
   XmlTree(const XmlTree&) = delete;
   XmlTree& operator=(const XmlTree&) = delete;
@@ -50,6 +54,8 @@ class XmlTree {
   /// else than nodes, raises kInvalidQueryError.
   [[nodiscard]] std::vector<xmlNode*> select(std::string_view query, xmlNode& start);
   [[nodiscard]] std::vector<xmlNode*> selectFromDocument(std::string_view query);
+  /// The elements of that name, which may have a prefix, in document order.
+  [[nodiscard]] std::vector<xmlNode*> elementsByName(std::string_view name) const;
 
  private:
   void takeOut(xmlNode& child);
@@ -57,6 +63,8 @@ class XmlTree {
   [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
 
   XmlDocHandle document_;
+  /// Nothing for a tree that was changed since it was read.
+  std::optional<ElementIndex> elements_;
   /// Every node that ever stood nowhere, some more than once.
   std::vector<xmlNode*> onceLoose_;
   /// Made by the first query.

@@ -602,6 +602,60 @@ TEST_F(XmlContract, ElementsAreFoundByTheirQualifiedName) {
   EXPECT_THAT(document_->elementsByName("q:b"), SizeIs(1));
   EXPECT_THAT(document_->elementsByName("b"), SizeIs(1));
   EXPECT_THAT(document_->elementsByName("B"), IsEmpty());
+  EXPECT_THAT(document_->elementsByName("q:B"), IsEmpty());
+}
+
+TEST_F(XmlContract, ANameWithoutAPrefixFindsTheElementsOfADefaultNamespace) {
+  load("<a><b xmlns='urn:q'/><b/></a>");
+
+  EXPECT_THAT(document_->elementsByName("b"), SizeIs(2));
+  EXPECT_THAT(document_->selectAll("a/b"), SizeIs(1));
+}
+
+TEST_F(XmlContract, ADocumentIsAskedAsItStandsAfterEachChange) {
+  const XmlNode books = load("<L><B><N>1</N></B><B><N>2</N></B><B><N>3</N></B></L>");
+  const auto expectBooks = [&](const std::string& expected) {
+    std::string found;
+    std::string named;
+    for (const XmlNode& name : document_->elementsByName("N")) {
+      named += name.text();
+      if (document_->select("L/B[N='" + name.text() + "']/N").text() == name.text()) {
+        found += name.text();
+      }
+    }
+    EXPECT_EQ(named, expected);
+    EXPECT_EQ(found, expected);
+    EXPECT_THAT(document_->selectAll("L/B/N"), SizeIs(expected.size()));
+  };
+  expectBooks("123");
+
+  document_->select("L/B[N='2']/N").setText("4");
+  expectBooks("143");
+  EXPECT_FALSE(document_->select("L/B[N='2']"));
+
+  const XmlNode book = document_->createElement("B");
+  const XmlNode name = document_->createElement("N");
+  name.setText("5");
+  book.append(name);
+  expectBooks("143");
+  books.insertBefore(book, books.firstChild());
+  expectBooks("5143");
+
+  books.remove(document_->select("L/B[N='1']"));
+  expectBooks("543");
+
+  document_->select("L/B[N='4']").setText("none");
+  expectBooks("53");
+}
+
+TEST_F(XmlContract, AnEmptiedElementIsAskedForNothingThatItHeld) {
+  load("<L><B><N>1</N></B><B/></L>");
+
+  document_->select("L/B[N='1']").setText("");
+
+  EXPECT_THAT(document_->elementsByName("N"), IsEmpty());
+  EXPECT_THAT(document_->selectAll("L/B[N='1']"), IsEmpty());
+  EXPECT_THAT(document_->selectAll("L/B"), SizeIs(2));
 }
 
 // Changing

@@ -50,6 +50,22 @@ std::vector<xmlNode*> nodesOf(xmlDoc& document) {
   return nodes;
 }
 
+void addFrom(xmlNode* node, ElementIndex& index) {
+  for (; node != nullptr; node = node->next) {
+    if (node->type == XML_ELEMENT_NODE) {
+      index.add(*node);
+      addFrom(node->children, index);
+    }
+  }
+}
+
+/// As a parser fills it.
+ElementIndex indexOf(xmlDoc& document) {
+  ElementIndex index;
+  addFrom(document.children, index);
+  return index;
+}
+
 class Queries {
  public:
   explicit Queries(unsigned seed) : random_(seed) {}
@@ -60,6 +76,13 @@ class Queries {
       query += "/" + step();
     }
     return query;
+  }
+
+  /// A path that begins with `root` where a query can name it.
+  std::string pathFrom(const xmlNode& root) {
+    const std::string name(viewOf(root.name));
+    const bool canBeNamed = root.ns == nullptr && PathQuery::read(name);
+    return (canBeNamed ? name + conditionOrNone() + "/" : "") + path();
   }
 
   /// Characters that queries are made of, in any order.
@@ -75,13 +98,14 @@ class Queries {
   unsigned below(std::size_t bound) { return static_cast<unsigned>(random_() % bound); }
 
  private:
-  std::string step() {
-    const std::string text = name();
+  std::string step() { return name() + conditionOrNone(); }
+
+  std::string conditionOrNone() {
     if (below(3) != 0) {
-      return text;
+      return "";
     }
     const std::string condition = "[" + name() + "=";
-    return text + condition + (below(2) == 0 ? "'" + value() + "']" : "\"" + value() + "\"]");
+    return condition + (below(2) == 0 ? "'" + value() + "']" : "\"" + value() + "\"]");
   }
 
   std::string name() {
@@ -98,9 +122,10 @@ class Queries {
   std::mt19937 random_;
 };
 
+constexpr unsigned kDocuments = 2000;
+constexpr int kQueries = 40;
+
 TEST(PathQuery, FindsWhatXPathFinds) {
-  constexpr unsigned kDocuments = 2000;
-  constexpr int kQueries = 40;
   std::size_t found = 0;
   for (unsigned seed = 0; seed < kDocuments; ++seed) {
     const XmlDocHandle document = parsed(randomXml(seed));
@@ -114,6 +139,25 @@ TEST(PathQuery, FindsWhatXPathFinds) {
       ASSERT_TRUE(query);
       const auto expected = foundByXPath(*document, start, text);
       ASSERT_THAT(query->find(start), ElementsAreArray(expected));
+      found += expected.size();
+    }
+  }
+  EXPECT_GT(found, kDocuments / 4);
+}
+
+TEST(PathQuery, FindsTheSameWithAnIndexOfTheElements) {
+  std::size_t found = 0;
+  for (unsigned seed = 0; seed < kDocuments; ++seed) {
+    const XmlDocHandle document = parsed(randomXml(seed));
+    const ElementIndex index = indexOf(*document);
+    Queries queries(seed);
+    for (int i = 0; i < kQueries; ++i) {
+      const std::string text = queries.pathFrom(*xmlDocGetRootElement(document.get()));
+      SCOPED_TRACE("seed " + std::to_string(seed) + ": " + text);
+      const auto query = PathQuery::read(text);
+      ASSERT_TRUE(query);
+      const auto expected = query->find(*nodesOf(*document).front());
+      ASSERT_THAT(query->find(*document, index), ElementsAreArray(expected));
       found += expected.size();
     }
   }
