@@ -11,6 +11,15 @@ class AddRefusal : public CommandTest {
     initLibrary();
     writeBook();
   }
+
+  /// Runs the addition, and expects it to be refused so, with nothing changed anywhere.
+  void expectRefusal(const Words& more, int status, const std::string& errors) const {
+    const Tree before = disk.contents();
+    const Outcome outcome = add(more);
+    EXPECT_EQ(outcome.status, status);
+    EXPECT_EQ(outcome.err, errors);
+    EXPECT_EQ(disk.contents(), before);
+  }
 };
 
 TEST_F(AddRefusal, ReportsARefusalAsOneObjectWithTheOffendingLine) {
@@ -42,116 +51,81 @@ TEST_F(AddRefusal, ReportsARefusalAsOneObjectWithTheOffendingLine) {
 }
 
 TEST_F(AddRefusal, OneOfNameAndAcronymIsNotEnoughWithoutATerminal) {
-  const Tree before = disk.contents();
-  const Outcome withoutAcronym = add({"--name", "Alarms"});
-  EXPECT_EQ(withoutAcronym.status, 6);
-  EXPECT_EQ(withoutAcronym.err, "quorbind: toc.txt: nothing was added: give --acro\n");
-  const Outcome withoutName = add({"--acro", "ALM"});
-  EXPECT_EQ(withoutName.status, 6);
-  EXPECT_EQ(withoutName.err, "quorbind: toc.txt: nothing was added: give --name\n");
-  const Outcome withoutBoth = add();
-  EXPECT_EQ(withoutBoth.status, 6);
-  EXPECT_EQ(withoutBoth.err, "quorbind: toc.txt: nothing was added: give --name and --acro\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"--name", "Alarms"}, 6, "quorbind: toc.txt: nothing was added: give --acro\n");
+  expectRefusal({"--acro", "ALM"}, 6, "quorbind: toc.txt: nothing was added: give --name\n");
+  expectRefusal({}, 6, "quorbind: toc.txt: nothing was added: give --name and --acro\n");
 }
 
 TEST_F(AddRefusal, AFolderThatNobodyNamesIsNotGuessed) {
   writeToc("\"1\" \"Alarm Handling\" \"cover.htm\" \"\"\n");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAlarms();
-  EXPECT_EQ(outcome.status, 6);
-  EXPECT_EQ(outcome.err, "quorbind: toc.txt: nothing was added: give --folder\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(asAlarms(), 6, "quorbind: toc.txt: nothing was added: give --folder\n");
 }
 
 TEST_F(AddRefusal, ANameThatTheCatalogueHasIsRefused) {
   EXPECT_EQ(addAlarms().status, 0);
-  const Tree before = disk.contents();
-  const Outcome outcome = add({"--name", "Alarms", "--acro", "NEW"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: Error:Book Name Alarms already Exists\n"
-            "quorbind: toc.txt: nothing was added: other values are needed for --name and "
-            "--acro\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"--name", "Alarms", "--acro", "NEW"},
+                1,
+                "critical: Error:Book Name Alarms already Exists\n"
+                "quorbind: toc.txt: nothing was added: other values are needed for --name and "
+                "--acro\n");
 }
 
 TEST_F(AddRefusal, AnAcronymThatTheCatalogueHasIsRefused) {
   EXPECT_EQ(addAlarms().status, 0);
-  const Tree before = disk.contents();
-  const Outcome outcome = add({"--name", "New", "--acro", "ALM"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: Error:Book Acro ALM already Exists\n"
-            "quorbind: toc.txt: nothing was added: other values are needed for --name and "
-            "--acro\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"--name", "New", "--acro", "ALM"},
+                1,
+                "critical: Error:Book Acro ALM already Exists\n"
+                "quorbind: toc.txt: nothing was added: other values are needed for --name and "
+                "--acro\n");
 }
 
 TEST_F(AddRefusal, NameAndAcronymPassTheRulesOfTheBookDialog) {
-  const Tree before = disk.contents();
-  const Outcome acronym = add({"--name", "Alarms", "--acro", "A/B"});
-  EXPECT_EQ(acronym.status, 1);
-  EXPECT_EQ(acronym.err,
-            "critical: Book Acro can not contain  (/\\:*?\"<>)\n"
-            "quorbind: toc.txt: nothing was added\n");
-  const Outcome markup = add({"--acro", "A&B"});
-  EXPECT_EQ(markup.status, 1);
-  EXPECT_EQ(markup.err,
-            "critical: Book Acro can not contain ('\"&<>@quor@)\n"
-            "quorbind: toc.txt: nothing was added\n");
-  const Outcome name = add({"--name", "a@quor@b", "--acro", "AB"});
-  EXPECT_EQ(name.status, 1);
-  EXPECT_EQ(name.err,
-            "critical: Book Name can not contain @quor@\n"
-            "quorbind: toc.txt: nothing was added\n");
-  const Outcome entity = add({"--name", "a&amp;b", "--acro", "AB"});
-  EXPECT_EQ(entity.status, 1);
-  EXPECT_EQ(entity.err,
-            "information: &amp;Cannot be used in BookName\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"--name", "Alarms", "--acro", "A/B"},
+                1,
+                "critical: Book Acro can not contain  (/\\:*?\"<>)\n"
+                "quorbind: toc.txt: nothing was added\n");
+  expectRefusal({"--acro", "A&B"},
+                1,
+                "critical: Book Acro can not contain ('\"&<>@quor@)\n"
+                "quorbind: toc.txt: nothing was added\n");
+  expectRefusal({"--name", "a@quor@b", "--acro", "AB"},
+                1,
+                "critical: Book Name can not contain @quor@\n"
+                "quorbind: toc.txt: nothing was added\n");
+  expectRefusal({"--name", "a&amp;b", "--acro", "AB"},
+                1,
+                "information: &amp;Cannot be used in BookName\n"
+                "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(AddRefusal, AnEmptyNameIsRefusedAsInTheDialog) {
-  const Tree before = disk.contents();
-  const Outcome outcome = add({"--name", " ", "--acro", "ALM"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: Book Name/Book Acro can not be null\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"--name", " ", "--acro", "ALM"},
+                1,
+                "critical: Book Name/Book Acro can not be null\n"
+                "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(AddRefusal, TheFolderPassesTheRulesOfTheFolderDialog) {
-  const Tree before = disk.contents();
-  const Outcome fileName = addAlarms({"--folder", "A:B"});
-  EXPECT_EQ(fileName.status, 1);
-  EXPECT_EQ(fileName.err,
-            "critical: Book Folder can not contain (/\\:*?\"<>)\n"
-            "quorbind: toc.txt: nothing was added\n");
-  const Outcome empty = addAlarms({"--folder", ""});
-  EXPECT_EQ(empty.status, 1);
-  EXPECT_EQ(empty.err,
-            "critical: Enter a Non-empty string for folder name\n"
-            "quorbind: toc.txt: nothing was added\n");
-  const Outcome parent = addAlarms({"--folder", ".."});
-  EXPECT_EQ(parent.status, 1);
-  EXPECT_EQ(parent.err,
-            "critical: --folder .. leads out of the library\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(asAlarms({"--folder", "A:B"}),
+                1,
+                "critical: Book Folder can not contain (/\\:*?\"<>)\n"
+                "quorbind: toc.txt: nothing was added\n");
+  expectRefusal(asAlarms({"--folder", ""}),
+                1,
+                "critical: Enter a Non-empty string for folder name\n"
+                "quorbind: toc.txt: nothing was added\n");
+  expectRefusal(asAlarms({"--folder", ".."}),
+                1,
+                "critical: --folder .. leads out of the library\n"
+                "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(AddRefusal, AFolderOfTheTableThatLeadsOutIsRefused) {
   writeToc("\"1\" \"Alarm Handling\" \"..\\cover.htm\" \"\"\n");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAlarms();
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: Error:Book Folder leads out of the library: ..\\cover.htm\n"
-            "quorbind: toc.txt:3: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(asAlarms(),
+                1,
+                "critical: Error:Book Folder leads out of the library: ..\\cover.htm\n"
+                "quorbind: toc.txt:3: nothing was added\n");
 }
 
 TEST_F(AddRefusal, NoLineIsNamedWhenSomethingElseIsRefusedBeforeTheFolderOfTheTable) {
@@ -166,26 +140,22 @@ TEST_F(AddRefusal, NoLineIsNamedWhenSomethingElseIsRefusedBeforeTheFolderOfTheTa
 }
 
 TEST_F(AddRefusal, AnAcronymThatIsTooLongForAFileIsRefused) {
-  const Tree before = disk.contents();
-  const Outcome outcome = add({"--name", "Alarms", "--acro", std::string(300, 'A')});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: --acro is too long: the name that it gives has 309 bytes, and 255 are the "
-            "most that a name can have\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(
+      {"--name", "Alarms", "--acro", std::string(300, 'A')},
+      1,
+      "critical: --acro is too long: the name that it gives has 309 bytes, and 255 are the "
+      "most that a name can have\n"
+      "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(AddRefusal, AFolderThatIsTooLongForOneIsRefused) {
   writeToc("\"1\" \"Alarm Handling\" \"cover.htm\" \"\"\n");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAlarms({"--folder", std::string(300, 'M')});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err,
-            "critical: --folder is too long: the name that it gives has 300 bytes, and 255 are the "
-            "most that a name can have\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(
+      asAlarms({"--folder", std::string(300, 'M')}),
+      1,
+      "critical: --folder is too long: the name that it gives has 300 bytes, and 255 are the "
+      "most that a name can have\n"
+      "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(AddRefusal, TheLongestNamesOfAFileAndAFolderAreTaken) {

@@ -18,23 +18,6 @@ class CategoriesCommand : public LibraryTest {
                "<Quor_Developer><CategoryName>Guides</CategoryName></Quor_Developer>"
                "</Default_Categories>");
   }
-  [[nodiscard]] static std::string changeOf(std::string_view summary) {
-    return "{\n"
-           "  \"status\": 0,\n"
-           "  \"done\": true,\n"
-           "  \"dryRun\": false,\n"
-           "  \"summary\": \"" +
-           std::string(summary) +
-           "\",\n"
-           "  \"changes\": [\n"
-           "    {\n"
-           "      \"change\": \"write\",\n"
-           "      \"file\": \"DISK/server/Docs/Plant/Quor_BookCategories.xml\"\n"
-           "    }\n"
-           "  ],\n"
-           "  \"messages\": []\n"
-           "}\n";
-  }
 };
 
 using CategoryList = CategoriesCommand;
@@ -81,7 +64,7 @@ TEST_F(CategoryAdd, PutsItInFrontOfTheOneForAllOtherBooks) {
 
 TEST_F(CategoryAdd, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "add", "Maps", "--json"}).out,
-            changeOf("Added the category Maps to Plant."));
+            changeObject("Added the category Maps to Plant.", kCategories));
 }
 
 TEST_F(CategoryAdd, TakesMarkupCharactersAsTheyAreTyped) {
@@ -140,7 +123,7 @@ TEST_F(CategoryRename, KeepsPlaceAndBooks) {
 
 TEST_F(CategoryRename, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "rename", "Safety", "Maps", "--json"}).out,
-            changeOf("Renamed the category Safety to Maps in Plant."));
+            changeObject("Renamed the category Safety to Maps in Plant.", kCategories));
 }
 
 TEST_F(CategoryRename, ACategoryThatIsNotThereIsRefused) {
@@ -225,7 +208,7 @@ TEST_F(CategoryFileBook, ABookThatIsFiledAlreadyStaysFiledOnce) {
 
 TEST_F(CategoryFileBook, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "file", "ALM", "Safety", "--json"}).out,
-            changeOf("Filed Alarms (ALM) under Safety in Plant."));
+            changeObject("Filed Alarms (ALM) under Safety in Plant.", kCategories));
 }
 
 TEST_F(CategoryFileBook, ABookThatIsNotThereIsRefused) {
@@ -264,7 +247,7 @@ TEST_F(CategoryRebuild, FilesTheBooksAsTheCatalogueSays) {
 
 TEST_F(CategoryRebuild, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "rebuild", "--json"}).out,
-            changeOf("Filed the books of Plant (2) as the catalogue says."));
+            changeObject("Filed the books of Plant (2) as the catalogue says.", kCategories));
 }
 
 TEST_F(CategoryRebuild, ACategoryThatCanNotBeLookedUpIsToldOf) {
@@ -309,7 +292,7 @@ TEST_F(CategoryCreate, TheInstallationTypeChoosesTheDefaults) {
 
 TEST_F(CategoryCreate, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "create", "--json"}).out,
-            changeOf("Made the categories of Plant: 2 categories."));
+            changeObject("Made the categories of Plant: 2 categories.", kCategories));
 }
 
 TEST_F(CategoryCreate, CategoriesThatAreThereAreNotLostUnasked) {

@@ -39,16 +39,18 @@ class CommandTest : public ::testing::Test {
 
   /// `quorbind add toc.txt` to the library, with more arguments.
   [[nodiscard]] Outcome add(const Words& more = {}) const { return quorbind(addWords(more)); }
-  [[nodiscard]] static Words addWords(const Words& more) {
-    return joined({"add", "toc.txt", "--server", "server", "--library", "Plant"}, more);
-  }
+  [[nodiscard]] static Words addWords(const Words& more) { return addFileWords("toc.txt", more); }
   /// The same for another table of contents.
   [[nodiscard]] Outcome addFile(const std::string& toc, const Words& more = {}) const {
-    return quorbind(joined({"add", toc, "--server", "server", "--library", "Plant"}, more));
+    return quorbind(addFileWords(toc, more));
+  }
+  [[nodiscard]] static Words addFileWords(const std::string& toc, const Words& more) {
+    return joined({"add", toc, "--server", "server", "--library", "Plant"}, more);
   }
   /// The same for a book whose name and acronym are given.
-  [[nodiscard]] Outcome addAlarms(const Words& more = {}) const {
-    return add(joined({"--name", "Alarms", "--acro", "ALM"}, more));
+  [[nodiscard]] Outcome addAlarms(const Words& more = {}) const { return add(asAlarms(more)); }
+  [[nodiscard]] static Words asAlarms(const Words& more = {}) {
+    return joined({"--name", "Alarms", "--acro", "ALM"}, more);
   }
 
   /// A table of contents from its entries: the header and the empty line are put in front.

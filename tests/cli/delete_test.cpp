@@ -31,39 +31,17 @@ TEST_F(Delete, TakesTheNameAsItIsShown) {
 }
 
 TEST_F(Delete, AsAnObject) {
-  EXPECT_EQ(inPlant({"delete", "Alarms", "-y", "--json"}).out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": true,\n"
-            "  \"dryRun\": false,\n"
-            "  \"summary\": \"Deleted Alarms (ALM) from Plant; its files stay where they are.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+  EXPECT_EQ(
+      inPlant({"delete", "Alarms", "-y", "--json"}).out,
+      changeObject("Deleted Alarms (ALM) from Plant; its files stay where they are.", kCatalogue));
 }
 
 TEST_F(Delete, ADryRunAsAnObject) {
   const Tree before = disk.contents();
   EXPECT_EQ(inPlant({"delete", "Alarms", "--dry-run", "--json"}).out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": false,\n"
-            "  \"dryRun\": true,\n"
-            "  \"summary\": \"Would delete Alarms (ALM) from Plant; its files stay where they "
-            "are.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+            changeObject("Would delete Alarms (ALM) from Plant; its files stay where they are.",
+                         {{"write", kCatalogue}},
+                         /*isDryRun=*/true));
   EXPECT_EQ(disk.contents(), before);
 }
 

@@ -49,7 +49,17 @@ class WithoutPermission : public CommandTest {
   }
 
   [[nodiscard]] Outcome addAsNobody(const Words& more = {}) const {
-    return quorbindAsNobody(addWords(joined({"--name", "Alarms", "--acro", "ALM"}, more)));
+    return quorbindAsNobody(addWords(asAlarms(more)));
+  }
+
+  /// Runs the command, and expects it to be refused so, with nothing changed anywhere.
+  Outcome expectRefusal(const Words& arguments, int status, const std::string& errors) const {
+    const Tree before = disk.contents();
+    Outcome outcome = quorbindAsNobody(arguments);
+    EXPECT_EQ(outcome.status, status);
+    EXPECT_EQ(outcome.err, errors);
+    EXPECT_EQ(disk.contents(), before);
+    return outcome;
   }
 
  private:
@@ -58,28 +68,24 @@ class WithoutPermission : public CommandTest {
 
 TEST_F(WithoutPermission, ALibraryFolderThatCanNotBeWritten) {
   expectThatAPlainWriteIsRefused("server/Docs/Plant/new");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody();
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err,
-            "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
-            "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
-            "was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(
+      addWords(asAlarms()),
+      5,
+      "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
+      "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
+      "was added\n");
 }
 
 TEST_F(WithoutPermission, ACatalogueThatCanNotBeWritten) {
   allow("server");
   forbid("server/Docs/Plant/Quor_TOC.xml");
   expectThatAPlainWriteIsRefused("server/Docs/Plant/Quor_TOC.xml");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody();
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err,
-            "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
-            "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
-            "was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(
+      addWords(asAlarms()),
+      5,
+      "critical: DISK/server/Docs/Plant/Quor_TOC.xml: Permission denied\n"
+      "quorbind: toc.txt: DISK/server/Docs/Plant/Quor_TOC.xml could not be written; nothing "
+      "was added\n");
 }
 
 TEST_F(WithoutPermission, ABookFolderThatCanNotBeWrittenLeavesTheCatalogueAsItWas) {
@@ -87,17 +93,15 @@ TEST_F(WithoutPermission, ABookFolderThatCanNotBeWrittenLeavesTheCatalogueAsItWa
   allow("server");
   forbid("server/Docs/Plant/Manual");
   expectThatAPlainWriteIsRefused("server/Docs/Plant/Manual/new");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody({"--json"});
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err,
-            "quorbind: toc.txt: DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be written; "
-            "nothing was added\n");
+  const Outcome outcome = expectRefusal(
+      addWords(asAlarms({"--json"})),
+      5,
+      "quorbind: toc.txt: DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be written; "
+      "nothing was added\n");
   EXPECT_NE(outcome.out.find("\"note\": \"DISK/server/Docs/Plant/Manual/Book_ALM.xml could not be "
                              "written; nothing was added\""),
             std::string::npos)
       << outcome.out;
-  EXPECT_EQ(disk.contents(), before);
 }
 
 TEST_F(WithoutPermission, ASideFileThatCanNotBeWrittenLeavesEverythingAsItWas) {
@@ -123,13 +127,10 @@ TEST_F(WithoutPermission, AFolderOfTheTableThatCanNotBeWritten) {
   allow("server");
   forbid(".");
   expectThatAPlainWriteIsRefused("new");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody();
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err,
-            "critical: DISK/: Permission denied\n"
-            "quorbind: toc.txt: DISK/ could not be written; nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(addWords(asAlarms()),
+                5,
+                "critical: DISK/: Permission denied\n"
+                "quorbind: toc.txt: DISK/ could not be written; nothing was added\n");
 }
 
 TEST_F(WithoutPermission, AFolderOfAPageThatCanNotBeWritten) {
@@ -137,22 +138,10 @@ TEST_F(WithoutPermission, AFolderOfAPageThatCanNotBeWritten) {
   allow("server");
   forbid(".");
   expectThatAPlainWriteIsRefused("new");
-  const Tree before = disk.contents();
-  const Outcome outcome = quorbindAsNobody({"add",
-                                            "toc.htm",
-                                            "--server",
-                                            "server",
-                                            "--library",
-                                            "Plant",
-                                            "--name",
-                                            "Alarms",
-                                            "--acro",
-                                            "ALM"});
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err,
-            "critical: DISK/: Permission denied\n"
-            "quorbind: toc.htm: DISK/ could not be written; nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(addFileWords("toc.htm", asAlarms()),
+                5,
+                "critical: DISK/: Permission denied\n"
+                "quorbind: toc.htm: DISK/ could not be written; nothing was added\n");
 }
 
 TEST_F(WithoutPermission, ABookFilesPlaceThatCanNotBeWritten) {
@@ -193,13 +182,10 @@ TEST_F(WithoutPermission, ATableThatCanNotBeReadIsMissingInput) {
   allow("server");
   fs::permissions(disk.path() / "toc.txt", fs::perms::owner_all);
   expectThatAPlainReadIsRefused("toc.txt");
-  const Tree before = disk.contents();
-  const Outcome outcome = addAsNobody();
-  EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.err,
-            "critical: toc.txt: Permission denied\n"
-            "quorbind: toc.txt: nothing was added\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal(addWords(asAlarms()),
+                3,
+                "critical: toc.txt: Permission denied\n"
+                "quorbind: toc.txt: nothing was added\n");
 }
 
 TEST_F(WithoutPermission, ACatalogueThatCanNotBeReadIsMissingInput) {
@@ -211,11 +197,9 @@ TEST_F(WithoutPermission, ACatalogueThatCanNotBeReadIsMissingInput) {
 
 TEST_F(WithoutPermission, AServerFolderThatCanNotBeWrittenMakesNoLibrary) {
   expectThatAPlainWriteIsRefused("server/Docs/new");
-  const Tree before = disk.contents();
-  const Outcome outcome = quorbindAsNobody({"init", "--server", "server", "--library", "Tools"});
-  EXPECT_EQ(outcome.status, 5);
-  EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Tools: Permission denied\n");
-  EXPECT_EQ(disk.contents(), before);
+  expectRefusal({"init", "--server", "server", "--library", "Tools"},
+                5,
+                "critical: DISK/server/Docs/Tools: Permission denied\n");
 }
 
 /// A server on a disk of 256 KiB that is full.

@@ -136,31 +136,11 @@ TEST_F(Install, DoesNotMakeACategoriesFileAnew) {
 
 TEST_F(Install, AsAnObject) {
   EXPECT_EQ(inPlant(plan({"--json"})).out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": true,\n"
-            "  \"dryRun\": false,\n"
-            "  \"summary\": \"Installed Site plan (PLN) in Plant, folder PLN: plan.htm.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"make folder\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/PLN\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/PLN/plan.htm\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/PLN/plan.png\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+            changeObject("Installed Site plan (PLN) in Plant, folder PLN: plan.htm.",
+                         {{"write", kCatalogue},
+                          {"make folder", "server/Docs/Plant/PLN"},
+                          {"write", "server/Docs/Plant/PLN/plan.htm"},
+                          {"write", "server/Docs/Plant/PLN/plan.png"}}));
 }
 
 TEST_F(Install, ADryRunShowsTheFilesAndTouchesNone) {

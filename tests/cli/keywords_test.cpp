@@ -5,23 +5,6 @@ namespace {
 
 class KeywordsCommand : public LibraryTest {
  protected:
-  [[nodiscard]] static std::string changeOf(std::string_view summary) {
-    return "{\n"
-           "  \"status\": 0,\n"
-           "  \"done\": true,\n"
-           "  \"dryRun\": false,\n"
-           "  \"summary\": \"" +
-           std::string(summary) +
-           "\",\n"
-           "  \"changes\": [\n"
-           "    {\n"
-           "      \"change\": \"write\",\n"
-           "      \"file\": \"DISK/server/Docs/Plant/Quor_SearchKeywords.xml\"\n"
-           "    }\n"
-           "  ],\n"
-           "  \"messages\": []\n"
-           "}\n";
-  }
   void writeKeywords() const {
     disk.write(kKeywords,
                keywordsFile(keywordsOf("Alarms", {"bell", "R&amp;amp;D"}) +
@@ -157,7 +140,7 @@ TEST_F(KeywordAdd, AddsEveryWordInItsStoredFormAndNoneTwice) {
 
 TEST_F(KeywordAdd, AsAnObject) {
   EXPECT_EQ(inPlant({"keywords", "add", "Alarms", "bell", "--json"}).out,
-            changeOf("Added the keyword bell to Alarms (ALM) in Plant."));
+            changeObject("Added the keyword bell to Alarms (ALM) in Plant.", kKeywords));
 }
 
 TEST_F(KeywordAdd, WithOneThatBreaksARuleNoneIsAdded) {
@@ -274,7 +257,7 @@ TEST_F(KeywordRename, FindsAKeywordThatAnotherHostStoredAsTyped) {
 TEST_F(KeywordRename, AsAnObject) {
   writeKeywords();
   EXPECT_EQ(inPlant({"keywords", "rename", "Alarms", "bell", "horn", "--json"}).out,
-            changeOf("Renamed the keyword bell of Alarms (ALM) to horn in Plant."));
+            changeObject("Renamed the keyword bell of Alarms (ALM) to horn in Plant.", kKeywords));
 }
 
 TEST_F(KeywordRename, AKeywordThatTheBookDoesNotHaveIsRefused) {

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/cli/command_test.h"
 #include "tests/support/catalogue_text.h"
@@ -105,6 +106,35 @@ class LibraryTest : public CommandTest {
            std::string(fullLink) + "</FullLink>\n\t\t\t<LinkIDSourceFile>" + std::string(source) +
            "</LinkIDSourceFile>\n\t\t\t<BookAcro>" + std::string(acronym) +
            "</BookAcro>\n\t\t</ID>\n";
+  }
+
+  /// A change of a file, whose name is the one below the test's folder.
+  struct FileChange {
+    std::string kind;
+    std::string file;
+    std::string to = {};  ///< of a move
+  };
+
+  /// The object that tells of a change that is done, or of one that a dry run would do.
+  static std::string changeObject(std::string_view summary,
+                                  const std::vector<FileChange>& changes,
+                                  bool isDryRun = false) {
+    std::string text = "{\n  \"status\": 0,\n";
+    text += isDryRun ? "  \"done\": false,\n  \"dryRun\": true,\n"
+                     : "  \"done\": true,\n  \"dryRun\": false,\n";
+    text.append("  \"summary\": \"").append(summary).append("\",\n  \"changes\": [");
+    std::string_view separator = "\n";
+    for (const FileChange& change : changes) {
+      text.append(separator).append("    {\n      \"change\": \"" + change.kind + "\",\n");
+      text += "      \"file\": \"DISK/" + change.file + "\"";
+      text += change.to.empty() ? "" : ",\n      \"to\": \"DISK/" + change.to + "\"";
+      text += "\n    }";
+      separator = ",\n";
+    }
+    return text + "\n  ],\n  \"messages\": []\n}\n";
+  }
+  static std::string changeObject(std::string_view summary, const char* written) {
+    return changeObject(summary, {{"write", written}});
   }
 
   /// Runs a subcommand that is refused, and expects these errors, with nothing changed anywhere.

@@ -20,23 +20,6 @@ class LinksCommand : public LibraryTest {
   static std::string resetLink(std::string_view identifier) {
     return link(identifier, "ALM@QUOR@Reset", "Plant\\Manual\\alarms.htm#reset", "ALM");
   }
-  [[nodiscard]] static std::string changeOf(std::string_view summary) {
-    return "{\n"
-           "  \"status\": 0,\n"
-           "  \"done\": true,\n"
-           "  \"dryRun\": false,\n"
-           "  \"summary\": \"" +
-           std::string(summary) +
-           "\",\n"
-           "  \"changes\": [\n"
-           "    {\n"
-           "      \"change\": \"write\",\n"
-           "      \"file\": \"DISK/server/Docs/Plant/Quor_LinkID.xml\"\n"
-           "    }\n"
-           "  ],\n"
-           "  \"messages\": []\n"
-           "}\n";
-  }
 };
 
 using LinkList = LinksCommand;
@@ -99,7 +82,7 @@ TEST_F(LinkAdd, StoresAndLooksUpEveryMarkupCharacter) {
 TEST_F(LinkAdd, AsAnObject) {
   disk.write(kLinks, linksFile(resetLink("X1")));
   EXPECT_EQ(inPlant(add("X2", {"--json"})).out,
-            changeOf("Recorded the identifier X2 of Alarms (ALM) in Plant."));
+            changeObject("Recorded the identifier X2 of Alarms (ALM) in Plant.", kLinks));
 }
 
 TEST_F(LinkAdd, OfABookThatIsNotThereIsRefused) {
@@ -251,7 +234,8 @@ TEST_F(LinkMerge, MakesTheFileWhereThereIsNone) {
 }
 
 TEST_F(LinkMerge, AsAnObject) {
-  EXPECT_EQ(inPlant(merge({"--json"})).out, changeOf("Took 2 identifiers over into Plant."));
+  EXPECT_EQ(inPlant(merge({"--json"})).out,
+            changeObject("Took 2 identifiers over into Plant.", kLinks));
 }
 
 TEST_F(LinkMerge, AFileThatIsNotThereIsMissingInput) {

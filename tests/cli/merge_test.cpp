@@ -73,23 +73,8 @@ TEST_F(Merge, WithoutABookThatBothHaveChangesNoEntry) {
 
 TEST_F(Merge, AsAnObject) {
   EXPECT_EQ(inPlant(merge({"--json"})).out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": true,\n"
-            "  \"dryRun\": false,\n"
-            "  \"summary\": \"Took link and categories of 2 books over into Plant.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Manual/Book_ALM.xml\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+            changeObject("Took link and categories of 2 books over into Plant.",
+                         {{"write", kBookFile}, {"write", kCatalogue}}));
 }
 
 TEST_F(Merge, ADryRunShowsTheFilesAndTouchesNone) {

@@ -39,28 +39,10 @@ TEST_F(Rename, AsAnObject) {
   const Outcome outcome = inPlant(toAlerts({"--yes", "--json"}));
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": true,\n"
-            "  \"dryRun\": false,\n"
-            "  \"summary\": \"Renamed Alarms (ALM) to Alerts (ALR) in Plant.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"move\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Manual/Book_ALM.xml\",\n"
-            "      \"to\": \"DISK/server/Docs/Plant/Manual/Book_ALR.xml\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Manual/Book_ALR.xml\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+            changeObject("Renamed Alarms (ALM) to Alerts (ALR) in Plant.",
+                         {{"move", kBookFile, "server/Docs/Plant/Manual/Book_ALR.xml"},
+                          {"write", "server/Docs/Plant/Manual/Book_ALR.xml"},
+                          {"write", kCatalogue}}));
 }
 
 TEST_F(Rename, ADryRunShowsTheFilesAndTouchesNone) {

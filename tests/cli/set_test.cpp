@@ -132,23 +132,8 @@ TEST_F(Set, ASingleDocumentTakesNoLink) {
 
 TEST_F(Set, AsAnObject) {
   EXPECT_EQ(inPlant({"set", "Alarms", "--link", "L", "--json"}).out,
-            "{\n"
-            "  \"status\": 0,\n"
-            "  \"done\": true,\n"
-            "  \"dryRun\": false,\n"
-            "  \"summary\": \"Set link of Alarms (ALM) in Plant.\",\n"
-            "  \"changes\": [\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
-            "    },\n"
-            "    {\n"
-            "      \"change\": \"write\",\n"
-            "      \"file\": \"DISK/server/Docs/Plant/Manual/Book_ALM.xml\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"messages\": []\n"
-            "}\n");
+            changeObject("Set link of Alarms (ALM) in Plant.",
+                         {{"write", kCatalogue}, {"write", kBookFile}}));
 }
 
 TEST_F(Set, ADryRunShowsTheFilesAndTouchesNone) {
