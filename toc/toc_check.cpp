@@ -22,7 +22,8 @@ TocCheck::TocCheck(Module& module) : module_(module), excel_(module, *this) {}
 
 bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType, const ExcelRun* run) {
   UserInterface& ui = module_.platform.ui;
-  return trapped(ui, source::kValidateTocFile, false, [&] {
+  listings_.emplace(module_.platform.files, module_.platform.locale);
+  const bool isAccepted = trapped(ui, source::kValidateTocFile, false, [&] {
     if (!module_.platform.files.fileExists(tocPath)) {
       ui.show(criticalMessage(Message::kTocNotFoundAtPath + "\r" + tocPath));
       return false;
@@ -42,6 +43,8 @@ bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType, co
         return false;
     }
   });
+  listings_.reset();
+  return isAccepted;
 }
 
 /// Hands the lines of a walk to the published checks, and tells the user of what they refuse.
@@ -121,10 +124,14 @@ bool TocCheck::documentExists(std::string_view folder, std::string_view fileName
   FileSystem& files = module_.platform.files;
   if (folder == kRootFolder) {
     const std::string path = std::string(folder).append(fileName);
-    return !leadsToNetworkOrDevice(path) && files.fileExists(files.absolutePath(path));
+    return !leadsToNetworkOrDevice(path) && fileExists(files.absolutePath(path));
   }
   const auto name = nameBelow(fileName);
-  return name && files.fileExists(files.absolutePath(std::string(folder).append(*name)));
+  return name && fileExists(files.absolutePath(std::string(folder).append(*name)));
+}
+
+bool TocCheck::fileExists(const std::string& path) {
+  return listings_ ? listings_->hasFile(path) : module_.platform.files.fileExists(path);
 }
 
 void TocCheck::mDisplayErrorMessage(std::string_view message, std::string_view offendingText) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/folder_listings.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
 #include "toc/book_place.h"
@@ -122,6 +123,7 @@ class TocCheck {
   void takeFolderFrom(const XmlDocument& book);
   void askForFolder();
   [[nodiscard]] bool documentExists(std::string_view folder, std::string_view fileName);
+  [[nodiscard]] bool fileExists(const std::string& path);
 
   Module& module_;
   std::int16_t mintPrevLevel_ = 0;
@@ -130,6 +132,8 @@ class TocCheck {
   std::vector<std::string> marrsMissingFiles_;
   std::string mstrBookFile_;
   std::string mstrBookFolder_;
+  /// Of the check that is running.
+  std::optional<FolderListings> listings_;
   ExcelTocCheck excel_;
 };
 

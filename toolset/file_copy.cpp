@@ -10,13 +10,13 @@
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/folder_listings.h"
 #include "platform/folders.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/xml_document.h"
-#include "toolset/folder_listings.h"
 #include "toolset/page_links.h"
 
 namespace quorbind {

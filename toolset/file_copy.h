@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/folder_listings.h"
 #include "platform/toolset.h"
-#include "toolset/folder_listings.h"
 
 namespace quorbind {
 

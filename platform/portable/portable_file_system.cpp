@@ -219,11 +219,19 @@ bool PortableFileSystem::sameFile(std::string_view left, std::string_view right)
 }
 
 std::vector<std::string> PortableFileSystem::namesIn(std::string_view folder) {
+  return list(folder, Listed::kAll);
+}
+
+std::vector<std::string> PortableFileSystem::fileNamesIn(std::string_view folder) {
+  return list(folder, Listed::kFilesOnly);
+}
+
+std::vector<std::string> PortableFileSystem::list(std::string_view folder, Listed listed) {
   const PathFinder::Place place = locate(nameOf(folder));
   if (!place.stands) {
     raise(ErrorNumber::kPathNotFound);
   }
-  std::optional<std::vector<std::string>> names = listFolder(place.path);
+  std::optional<std::vector<std::string>> names = listFolder(place.path, listed);
   if (!names) {
     if (errno == ENOTDIR) {
       raise(ErrorNumber::kPathFileAccessError);

@@ -9,6 +9,7 @@
 #include "platform/file_system.h"
 #include "platform/portable/drive_name.h"
 #include "platform/portable/path_finder.h"
+#include "platform/portable/system_call.h"
 
 namespace quorbind {
 
@@ -37,10 +38,12 @@ class PortableFileSystem final : public FileSystem {
   [[nodiscard]] std::string absolutePath(std::string_view path) override;
   [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override;
   [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override;
+  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override;
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
+  [[nodiscard]] std::vector<std::string> list(std::string_view folder, Listed listed);
   [[nodiscard]] DriveName nameOf(std::string_view name) const;
   [[nodiscard]] std::string workingFolder() const;
   /// Raises 76 for a drive that does not exist.

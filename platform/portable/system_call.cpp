@@ -47,6 +47,14 @@ ErrorNumber errorNumberOf(int error, const std::string& path) {
   }
 }
 
+bool isFile(const dirent& entry, int folder) {
+  if (entry.d_type == DT_REG || entry.d_type == DT_DIR) {
+    return entry.d_type == DT_REG;
+  }
+  struct stat status {};
+  return ::fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+}
+
 }  // namespace
 
 bool FileDescriptor::close() {
@@ -70,7 +78,7 @@ std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size)
   return static_cast<std::size_t>(count);
 }
 
-std::optional<std::vector<std::string>> listFolder(const std::string& folder) {
+std::optional<std::vector<std::string>> listFolder(const std::string& folder, Listed listed) {
   const std::unique_ptr<DIR, CloseFolder> stream(::opendir(folder.c_str()));
   if (!stream) {
     return std::nullopt;
@@ -83,7 +91,8 @@ std::optional<std::vector<std::string>> listFolder(const std::string& folder) {
       break;
     }
     const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") {
+    if (name != "." && name != ".." &&
+        (listed == Listed::kAll || isFile(*entry, ::dirfd(stream.get())))) {
       names.emplace_back(name);
     }
   }

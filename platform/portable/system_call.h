@@ -49,8 +49,12 @@ FileDescriptor openFile(const std::string& path, int flags, unsigned permissions
 /// Reads up to `size` bytes; 0 only at the end of the file. Raises 57.
 std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size);
 
-/// The names in a folder, in no order, `.` and `..` left out. Nothing, with errno, on failure.
-std::optional<std::vector<std::string>> listFolder(const std::string& folder);
+enum class Listed { kAll, kFilesOnly };
+
+/// The names in a folder, in no order, `.` and `..` left out; or those of its files, and of links
+/// to files. Nothing, with errno, on failure.
+std::optional<std::vector<std::string>> listFolder(const std::string& folder,
+                                                   Listed listed = Listed::kAll);
 
 /// The folder that a path from the root lies in, the name behind it, and both put together.
 std::string parentOf(const std::string& path);

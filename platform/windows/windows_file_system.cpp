@@ -96,6 +96,42 @@ void respell(const std::wstring& path) {
   }
 }
 
+/// The names in a folder that `accepts` takes by their attributes.
+template <typename Accepts>
+std::vector<std::string> list(std::string_view folder, Accepts&& accepts) {
+  const std::wstring path = pathOf(folder);
+  const std::optional<DWORD> attributes = attributesOf(path);
+  if (!attributes) {
+    raise(ErrorNumber::kPathNotFound);
+  }
+  if (!isFolder(attributes)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  WIN32_FIND_DATAW found{};
+  const HANDLE handle = ::FindFirstFileExW((path + L"\\*").c_str(),
+                                           FindExInfoBasic,
+                                           &found,
+                                           FindExSearchNameMatch,
+                                           nullptr,
+                                           FIND_FIRST_EX_LARGE_FETCH);
+  if (handle == INVALID_HANDLE_VALUE) {
+    raiseLastError(path);
+  }
+  const Search search(handle);
+  std::vector<std::string> names;
+  do {
+    const std::wstring_view name = found.cFileName;
+    if (name != L"." && name != L".." && accepts(found.dwFileAttributes)) {
+      names.push_back(toUtf8(name));
+    }
+  } while (::FindNextFileW(search.get(), &found) != 0);
+  if (::GetLastError() != ERROR_NO_MORE_FILES) {
+    raiseLastError(path);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 class FileReader final : public ByteReader {
  public:
   explicit FileReader(Handle file) : file_(std::move(file)) {}
@@ -197,37 +233,11 @@ bool WindowsFileSystem::sameFile(std::string_view left, std::string_view right) 
 }
 
 std::vector<std::string> WindowsFileSystem::namesIn(std::string_view folder) {
-  const std::wstring path = pathOf(folder);
-  const std::optional<DWORD> attributes = attributesOf(path);
-  if (!attributes) {
-    raise(ErrorNumber::kPathNotFound);
-  }
-  if (!isFolder(attributes)) {
-    raise(ErrorNumber::kPathFileAccessError);
-  }
-  WIN32_FIND_DATAW found{};
-  const HANDLE handle = ::FindFirstFileExW((path + L"\\*").c_str(),
-                                           FindExInfoBasic,
-                                           &found,
-                                           FindExSearchNameMatch,
-                                           nullptr,
-                                           FIND_FIRST_EX_LARGE_FETCH);
-  if (handle == INVALID_HANDLE_VALUE) {
-    raiseLastError(path);
-  }
-  const Search search(handle);
-  std::vector<std::string> names;
-  do {
-    const std::wstring_view name = found.cFileName;
-    if (name != L"." && name != L"..") {
-      names.push_back(toUtf8(name));
-    }
-  } while (::FindNextFileW(search.get(), &found) != 0);
-  if (::GetLastError() != ERROR_NO_MORE_FILES) {
-    raiseLastError(path);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
+  return list(folder, [](DWORD) { return true; });
+}
+
+std::vector<std::string> WindowsFileSystem::fileNamesIn(std::string_view folder) {
+  return list(folder, [](DWORD attributes) { return isFile(attributes); });
 }
 
 std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {

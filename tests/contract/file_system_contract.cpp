@@ -308,10 +308,28 @@ TEST_F(FileSystemContract, TheNamesInAFolderAreSortedByTheirBytes) {
   EXPECT_THAT(files_.namesIn("C:\\DOCS"), ElementsAre("Z.txt", "a", "b.txt", "é.txt"));
 }
 
+TEST_F(FileSystemContract, TheFileNamesInAFolderLeaveItsFoldersOut) {
+  disk_.write("Docs/b.txt", "");
+  disk_.write("Docs/Z.txt", "");
+  disk_.write("Docs/a/c.txt", "");
+
+  EXPECT_THAT(files_.fileNamesIn("C:\\DOCS"), ElementsAre("Z.txt", "b.txt"));
+}
+
 TEST_F(FileSystemContract, AnEmptyFolderHasNoNames) {
   disk_.makeFolder("Docs");
 
   EXPECT_THAT(files_.namesIn("C:\\Docs"), IsEmpty());
+  EXPECT_THAT(files_.fileNamesIn("C:\\Docs"), IsEmpty());
+}
+
+TEST_F(FileSystemContract, AFolderThatIsNotThereCanNotBeListed) {
+  disk_.write("a.txt", "");
+
+  for (const auto& [folder, error] : {std::pair{"C:\\missing", 76}, std::pair{"C:\\a.txt", 75}}) {
+    EXPECT_EQ(errorRaisedBy([&] { (void)files_.namesIn(folder); }), error) << folder;
+    EXPECT_EQ(errorRaisedBy([&] { (void)files_.fileNamesIn(folder); }), error) << folder;
+  }
 }
 
 // Copying

@@ -19,7 +19,7 @@ namespace quorbind::testing {
 /// names (A to Z).
 ///
 /// Tests name files as TemporaryFolder does, from the root and with `/`.
-class MemoryFiles final : public FileSystem {
+class MemoryFiles : public FileSystem {
  public:
   MemoryFiles();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,26 +28,33 @@ class NameSet {
 };
 
 /// Tells what files there are, from one listing of each folder: a book names thousands of documents
-/// in a few folders, and to ask the disk for each that is missing would take most of the time. A
-/// file that comes into a listed folder later is not seen.
+/// in a few folders, and to ask the disk for each would take most of the time. A file that comes
+/// into a listed folder later, or leaves it, is not seen.
+///
+/// The first few files of a folder are asked for, since the folder may hold a hundred times as many
+/// as the book; so is every file of a folder that can't be listed, and every name that a file may
+/// have beside the listed one.
 class FolderListings {
  public:
   /// Kept by reference.
   FolderListings(FileSystem& files, const Locale& locale) : files_(files), locale_(locale) {}
 
+  /// The path as FileSystem::absolutePath gives it.
   [[nodiscard]] bool hasFile(const std::string& path);
 
  private:
-  /// Names in upper case, sorted; nothing for a folder that can't be listed.
-  using Listing = std::optional<std::vector<std::string>>;
+  struct Folder {
+    std::size_t askedFor = 0;
+    bool isListed = false;
+    /// Of files, in upper case, sorted; nothing for a folder that can't be listed.
+    std::optional<std::vector<std::string>> names;
+  };
 
-  [[nodiscard]] bool mayHold(const Listing& listing, std::string_view name) const;
-  const Listing& listingOf(const std::string& folder);
-  [[nodiscard]] Listing list(const std::string& folder) const;
+  [[nodiscard]] std::optional<std::vector<std::string>> list(const std::string& folder) const;
 
   FileSystem& files_;
   const Locale& locale_;
-  std::unordered_map<std::string, Listing> listings_;
+  std::unordered_map<std::string, Folder> folders_;
 };
 
 }  // namespace quorbind

@@ -1,0 +1,115 @@
+#include "platform/folder_listings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/runtime_error.h"
+#include "tests/contract/adapters.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quorbind::testing {
+namespace {
+
+/// Counts what is asked, and may refuse to list.
+class CountingFiles : public MemoryFiles {
+ public:
+  bool fileExists(std::string_view path) override {
+    ++asked;
+    return MemoryFiles::fileExists(path);
+  }
+  std::vector<std::string> fileNamesIn(std::string_view folder) override {
+    ++listed;
+    if (!canList) {
+      raise(ErrorNumber::kPermissionDenied);
+    }
+    return MemoryFiles::fileNamesIn(folder);
+  }
+
+  int asked = 0;
+  int listed = 0;
+  bool canList = true;
+};
+
+class FolderListingsTest : public ::testing::Test {
+ protected:
+  static constexpr int kManyFiles = 100;
+
+  static std::string pathOf(int number) {
+    return "C:\\Docs\\page " + std::to_string(number) + ".htm";
+  }
+  /// Looks up as many as make a listing worth while.
+  void lookUpMany() {
+    for (int number = 0; number < kManyFiles; ++number) {
+      (void)listings_.hasFile(pathOf(number));
+    }
+    files_.asked = 0;
+    files_.listed = 0;
+  }
+
+  TemporaryFolder disk_;
+  std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
+  CountingFiles files_;
+  FolderListings listings_{files_, adapters_->locale()};
+};
+
+TEST_F(FolderListingsTest, TellsWhichFilesThereAreInAnyLetterCase) {
+  for (int number = 0; number < kManyFiles; number += 2) {
+    files_.write("Docs/PAGE " + std::to_string(number) + ".htm", "");
+  }
+  for (int number = 0; number < kManyFiles; ++number) {
+    EXPECT_EQ(listings_.hasFile(pathOf(number)), number % 2 == 0) << number;
+  }
+}
+
+TEST_F(FolderListingsTest, AsksForFewFilesAndListsTheFolderForMany) {
+  files_.write("Docs/page 99.htm", "");
+
+  EXPECT_FALSE(listings_.hasFile(pathOf(0)));
+  EXPECT_EQ(files_.listed, 0);
+  lookUpMany();
+  EXPECT_TRUE(listings_.hasFile(pathOf(99)));
+  EXPECT_FALSE(listings_.hasFile(pathOf(98)));
+  EXPECT_EQ(files_.asked, 0);
+  EXPECT_EQ(files_.listed, 0);
+}
+
+TEST_F(FolderListingsTest, AFolderIsNoFile) {
+  files_.makeFolder("Docs/page 99.htm");
+  lookUpMany();
+
+  EXPECT_FALSE(listings_.hasFile(pathOf(99)));
+}
+
+TEST_F(FolderListingsTest, NothingStandsInAFolderThatIsNotThere) {
+  lookUpMany();
+
+  EXPECT_FALSE(listings_.hasFile(pathOf(99)));
+  EXPECT_EQ(files_.asked, 0);
+}
+
+TEST_F(FolderListingsTest, AsksForEveryFileOfAFolderThatCanNotBeListed) {
+  files_.write("Docs/page 99.htm", "");
+  files_.canList = false;
+  lookUpMany();
+
+  EXPECT_TRUE(listings_.hasFile(pathOf(99)));
+  EXPECT_FALSE(listings_.hasFile(pathOf(98)));
+  EXPECT_EQ(files_.asked, 2);
+  EXPECT_EQ(files_.listed, 0);
+}
+
+TEST_F(FolderListingsTest, AsksForEveryNameThatAFileMayHaveBesideTheListedOne) {
+  lookUpMany();
+  for (const char* name : {"PAGE~1.HTM", "page.htm.", "page.htm "}) {
+    files_.write(std::string("Docs/") + name, "");
+    EXPECT_TRUE(listings_.hasFile(std::string("C:\\Docs\\") + name)) << name;
+  }
+  EXPECT_EQ(files_.asked, 3);
+}
+
+}  // namespace
+}  // namespace quorbind::testing
