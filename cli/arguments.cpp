@@ -28,6 +28,10 @@ constexpr std::array kKindNames{
 
 }  // namespace
 
+bool isGiven(const std::optional<std::string>& flag) {
+  return flag && !trimBlanks(*flag).empty();
+}
+
 std::int16_t kindOf(const std::string& toc, const std::optional<std::string>& kind) {
   for (const KindName& known : kKindNames) {
     const std::size_t length = known.extension.size();

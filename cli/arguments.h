@@ -50,6 +50,9 @@ struct ShowArguments {
   bool json = false;
 };
 
+/// Whether a flag says more than blanks.
+bool isGiven(const std::optional<std::string>& flag);
+
 /// The number of the kind that `--kind` names, or else that the extension of `toc` tells; 0, which
 /// is no kind, when neither does.
 std::int16_t kindOf(const std::string& toc, const std::optional<std::string>& kind);

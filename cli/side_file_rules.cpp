@@ -72,6 +72,12 @@ void requireKeywords(Wiring& wiring, const std::vector<std::string>& words) {
   }
 }
 
+void requireSideFile(const Platform& platform, const std::string& path, std::string_view query) {
+  if (platform.files.fileExists(path) && !loadRequired(platform, path)->select(query)) {
+    throw missingElement(path, query);
+  }
+}
+
 void requireDefaultCategories(const Platform& platform, const LibraryPaths& library) {
   const auto defaults = loadRequired(platform, library.defaultCategories);
   requireElement(*defaults, library.defaultCategories, default_category_names::kDefaults);

@@ -4,6 +4,7 @@
 // that a list is taken as a whole or not at all.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/paths.h"
@@ -14,6 +15,10 @@ namespace quorbind {
 /// Tells the user of every word that breaks a rule for keywords or that no file can hold; with one
 /// the subcommand ends.
 void requireKeywords(Wiring& wiring, const std::vector<std::string>& words);
+
+/// The side file at `path`, where there is one, loads and has the element that `query` finds. Fails
+/// as loadRequired does, and with the missing element.
+void requireSideFile(const Platform& platform, const std::string& path, std::string_view query);
 
 /// The server's default categories can be read. Making a categories file from defaults that don't
 /// load leaves one without any category. Fails as loadRequired does.

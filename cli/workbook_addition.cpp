@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <set>
 #include <string_view>
 
 #include "cli/failure.h"
+#include "cli/taken_names.h"
 #include "cli/text_list.h"
 #include "platform/abandoned.h"
 #include "platform/text.h"
@@ -38,10 +38,6 @@ std::string cellsOfAcronyms(const std::vector<std::size_t>& books) {
   });
   return "sheet " + std::to_string(excel_toc::kBookSheet) + ", column " +
          std::to_string(excel_toc::kBookAcroColumn) + ": " + joined(rows, ", ");
-}
-
-bool isGiven(const std::optional<std::string>& flag) {
-  return flag && !trimBlanks(*flag).empty();
 }
 
 }  // namespace
@@ -101,23 +97,22 @@ void tellOfUnusedRecords(const AddArguments& arguments, Wiring& wiring) {
 
 std::vector<WorkbookViolation> takenNames(const WorkbookSurvey& survey,
                                           const std::vector<ListedBook>& inLibrary) {
-  std::set<std::string> names;
-  std::set<std::string> acronyms;
+  TakenNames names;
   for (const ListedBook& book : inLibrary) {
-    names.insert(book.name);
-    acronyms.insert(book.acronym);
+    static_cast<void>(names.takeName(book.name));
+    static_cast<void>(names.takeAcronym(book.acronym));
   }
   std::vector<WorkbookViolation> taken;
   for (std::size_t index = 0; index < survey.books.size(); ++index) {
     const SurveyedBook& book = survey.books[index];
     const std::int32_t row = listRow(index);
-    if (!names.insert(book.name).second) {
-      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn},
-                       .box = nameIsTaken(book.name)});
+    if (const auto box = names.takeName(book.name)) {
+      taken.push_back(
+          {.cell = {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn}, .box = *box});
     }
-    if (!book.acronym.empty() && !acronyms.insert(book.acronym).second) {
-      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn},
-                       .box = acronymIsTaken(book.acronym)});
+    if (const auto box = names.takeAcronym(book.acronym)) {
+      taken.push_back(
+          {.cell = {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn}, .box = *box});
     }
   }
   return taken;

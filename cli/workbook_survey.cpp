@@ -5,13 +5,13 @@
 #include <iostream>
 #include <limits>
 #include <memory>
-#include <set>
 #include <tuple>
 #include <utility>
 
 #include "bookxml/names.h"
 #include "cli/book_flags.h"
 #include "cli/failure.h"
+#include "cli/taken_names.h"
 #include "platform/portable/visible_text.h"
 #include "platform/runtime_error.h"
 #include "platform/spreadsheets.h"
@@ -164,9 +164,8 @@ class Surveyor {
   BoxCollector boxes_;
   ReferenceXmlTextRules rules_{boxes_};
   std::int32_t deepestLevel_ = 0;
-  /// The names of the books so far, as far as two of them may not have the same.
-  std::set<std::string> names_;
-  std::set<std::string> acronyms_;
+  /// Of the books so far.
+  TakenNames taken_;
 };
 
 std::unique_ptr<Workbook> Surveyor::open() {
@@ -382,11 +381,11 @@ void Surveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook& book) {
 void Surveyor::requireOwnNames(std::int32_t row, const SurveyedBook& book, bool isNamedByList) {
   const CellPlace nameCell = isNamedByList ? CellPlace{kBookSheet, row, kBookNameColumn}
                                            : CellPlace{kHeadingSheet, book.firstRow, kNameColumn};
-  if (!book.name.empty() && !names_.insert(book.name).second) {
-    refuse(nameCell, nameIsTaken(book.name));
+  if (const auto box = taken_.takeName(book.name)) {
+    refuse(nameCell, *box);
   }
-  if (!book.acronym.empty() && !acronyms_.insert(book.acronym).second) {
-    refuse({kBookSheet, row, kBookAcroColumn}, acronymIsTaken(book.acronym));
+  if (const auto box = taken_.takeAcronym(book.acronym)) {
+    refuse({kBookSheet, row, kBookAcroColumn}, *box);
   }
 }
 
@@ -396,14 +395,6 @@ WorkbookSurvey surveyWorkbook(const Platform& platform,
                               const TocFile& toc,
                               const CellVisitor& visitor) {
   return Surveyor(platform, toc, visitor).run();
-}
-
-UserMessage nameIsTaken(std::string_view name) {
-  return criticalMessage((Message::kErrorBookName + name) + Message::kAlreadyExists);
-}
-
-UserMessage acronymIsTaken(std::string_view acronym) {
-  return criticalMessage((Message::kErrorBookAcro + acronym) + Message::kAlreadyExists);
 }
 
 void tellViolations(UserInterface& ui,

@@ -63,10 +63,6 @@ WorkbookSurvey surveyWorkbook(const Platform& platform,
                               const TocFile& toc,
                               const CellVisitor& visitor = {});
 
-/// The box of a book name or an acronym that another book has.
-UserMessage nameIsTaken(std::string_view name);
-UserMessage acronymIsTaken(std::string_view acronym);
-
 /// Shows the box of each rule, and under it the place. `name` is the user's name for the workbook.
 void tellViolations(UserInterface& ui,
                     const std::string& name,

@@ -21,9 +21,9 @@ inline constexpr IgnoringErrors kIgnoringErrors;
 ///
 /// Nothing that is thrown gets out. An error that the core has not reported itself, such as an
 /// array of the wrong kind, is reported in the operation's own box, and the call succeeds with the
-/// operation's failure value: False, an empty text, an array without bounds. A call fails only when
-/// the caller gives no place for something (E_POINTER) or when there is no memory even for the box
-/// (E_OUTOFMEMORY).
+/// operation's failure value: False, 0, an empty text, an array without bounds. A call fails only
+/// when the caller gives no place for something (E_POINTER) or when there is no memory even for the
+/// box (E_OUTOFMEMORY).
 class Operation {
  public:
   /// `source` words the box. `references` are the places that parameters are passed by.
@@ -73,10 +73,5 @@ class Operation {
   const ErrorSource* source_;
   bool placesGiven_;
 };
-
-/// The body of an operation that this version does not have.
-[[noreturn]] inline void raiseNotBuilt() {
-  throw RunTimeError(E_NOTIMPL, "This operation is not part of this version");
-}
 
 }  // namespace quorbind

@@ -1,12 +1,11 @@
 #include "component/quor_book_object.h"
 
 #include "component/operation.h"
+#include "platform/windows/excel_automation.h"
 
 namespace quorbind {
 
 namespace {
-
-constexpr ErrorSource kGetExcelBookCount{"Quorbind: Quor_Book::getExcelBookCount"};
 
 constexpr DISPID kEvtGetFolderName = 1;
 
@@ -67,10 +66,13 @@ STDMETHODIMP QuorBookObject::mbCheckQuorTOCForBook(BSTR vstrQuorTOcPath,
   });
 }
 
-STDMETHODIMP QuorBookObject::getExcelBookCount(IDispatch* /*vobjXLWSheetRead*/,
-                                               LONG /*vlCount*/,
+STDMETHODIMP QuorBookObject::getExcelBookCount(IDispatch* vobjXLWSheetRead,
+                                               LONG vlCount,
                                                LONG* result) {
-  return Operation(kGetExcelBookCount).answer(result, raiseNotBuilt);
+  return Operation(source::kGetExcelBookCount).answer(result, [&] {
+    const auto sheet = wrapWorksheet(ComPtr<IDispatch>::sharing(vobjXLWSheetRead));
+    return book_.getExcelBookCount(*sheet, vlCount);
+  });
 }
 
 STDMETHODIMP QuorBookObject::AddKeywordsToXmlFile(BSTR vstrKeywordsPath,

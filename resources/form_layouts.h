@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/runtime_error.h"
+
 namespace quorbind {
 
 /// A path label shows a path on one line, without its middle where it is too long.
@@ -79,5 +81,15 @@ inline constexpr FormLayout kProgress{"frmProgBar", "Quor TOC", 240, 41, kProgre
 inline constexpr std::array kForms{&kBookInfo, &kBookFolder, &kProgress};
 
 }  // namespace layout
+
+/// The layout of the form called `name`. Raises 424 when there is none.
+inline const FormLayout& layoutOf(std::string_view name) {
+  for (const FormLayout* form : layout::kForms) {
+    if (form->name == name) {
+      return *form;
+    }
+  }
+  raise(ErrorNumber::kObjectRequired);
+}
 
 }  // namespace quorbind

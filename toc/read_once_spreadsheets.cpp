@@ -1,8 +1,11 @@
 #include "toc/read_once_spreadsheets.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <map>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace quorbind {
 
@@ -38,18 +41,21 @@ class ReadOnceWorksheet final : public Worksheet {
   explicit ReadOnceWorksheet(std::unique_ptr<Worksheet> sheet) : sheet_(std::move(sheet)) {}
 
   std::string cellText(std::int32_t row, std::int32_t column) override {
-    constexpr unsigned kBitsOfColumn = 32;
-    const std::uint64_t place = std::uint64_t{static_cast<std::uint32_t>(row)} << kBitsOfColumn |
-                                static_cast<std::uint32_t>(column);
-    const auto known = texts_.find(place);
-    return known != texts_.end()
-               ? known->second
-               : texts_.emplace(place, sheet_->cellText(row, column)).first->second;
+    const auto index = static_cast<std::size_t>(row);
+    std::vector<std::optional<std::string>>& texts = columns_[column];
+    if (index >= texts.size()) {
+      texts.resize(index + 1);
+    }
+    if (!texts[index]) {
+      texts[index] = sheet_->cellText(row, column);
+    }
+    return *texts[index];
   }
 
  private:
   std::unique_ptr<Worksheet> sheet_;
-  std::unordered_map<std::uint64_t, std::string> texts_;
+  /// By their rows: columns are read downwards.
+  std::map<std::int32_t, std::vector<std::optional<std::string>>> columns_;
 };
 
 class ReadOnceWorkbook final : public Workbook {

@@ -119,6 +119,10 @@ void give(VARIANT_BOOL* result, bool value) {
   *result = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
+void give(LONG* result, std::int32_t value) {
+  *result = value;
+}
+
 void give(BSTR* result, const std::string& text) {
   *result = Bstr(text).detach();
 }

@@ -36,6 +36,7 @@ void putText(BSTR* variable, const std::string& text);
 
 // How a result is handed to the caller, who owns it from then on.
 void give(VARIANT_BOOL* result, bool value);
+void give(LONG* result, std::int32_t value);
 void give(BSTR* result, const std::string& text);
 void give(SAFEARRAY** result, const TextArray& array);
 /// A list from index 0 on. One without entries could not be had: the array stays unset.

@@ -6,7 +6,6 @@
 
 #include "platform/abandoned.h"
 #include "platform/portable/visible_text.h"
-#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 
@@ -17,15 +16,6 @@ namespace {
 constexpr std::string_view kDefaultTitle = "Quorbind";
 constexpr std::string_view kCriticalColour = "\x1B[1;31m";
 constexpr std::string_view kNoColour = "\x1B[0m";
-
-const FormLayout& layoutOf(const ModalForm& form) {
-  for (const FormLayout* layout : layout::kForms) {
-    if (layout->name == form.name()) {
-      return *layout;
-    }
-  }
-  raise(ErrorNumber::kObjectRequired);
-}
 
 std::string_view controlOf(const FormLayout& layout, ControlKind kind) {
   for (const ControlLayout& control : layout.controls) {
@@ -94,7 +84,7 @@ void TerminalUserInterface::putOnClipboard(std::string_view text) {
 
 void TerminalUserInterface::showModal(ModalForm& form) {
   clearProgressLine();
-  const FormLayout& layout = layoutOf(form);
+  const FormLayout& layout = layoutOf(form.name());
   std::vector<std::string_view> textBoxes = answers_.fillIn(form, layout);
   if (textBoxes.empty()) {
     form.click(controlOf(layout, ControlKind::kDefaultButton));
@@ -115,7 +105,8 @@ void TerminalUserInterface::requirePerson(const ModalForm& form,
     return;
   }
   const std::string flags = answers_.flagsFor(form.name(), textBoxes);
-  if (textBoxes.size() == textBoxesOf(layoutOf(form)).size() && answers_.answered(form.name())) {
+  if (textBoxes.size() == textBoxesOf(layoutOf(form.name())).size() &&
+      answers_.answered(form.name())) {
     throw Abandoned(AbandonReason::kAnswerRefused, "other values are needed for " + flags);
   }
   throw Abandoned(AbandonReason::kAnswerMissing, "give " + flags);

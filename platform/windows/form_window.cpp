@@ -85,15 +85,6 @@ void setWindowText(HWND window, std::string_view text) {
   }
 }
 
-const FormLayout& layoutOf(std::string_view name) {
-  for (const FormLayout* layout : layout::kForms) {
-    if (layout->name == name) {
-      return *layout;
-    }
-  }
-  raise(ErrorNumber::kObjectRequired);
-}
-
 // From here on the object is no longer what it was derived to, so messages must not reach it.
 FormWindow::~FormWindow() {
   if (window_ != nullptr) {

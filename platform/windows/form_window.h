@@ -19,9 +19,6 @@ std::string windowText(HWND window);
 /// does not report a change.
 void setWindowText(HWND window, std::string_view text);
 
-/// The layout of the form called `name`; 424 when there is none.
-const FormLayout& layoutOf(std::string_view name);
-
 /// The window of one form, made from the dialog resource that its layout became: the fonts of the
 /// controls, the place on the screen and the way of its messages into C++.
 ///

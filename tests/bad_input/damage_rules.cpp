@@ -71,6 +71,7 @@ const std::string kNewCategoriesSource = "Quorbind-Book_Config::CreateBookCateXM
 const std::string kLinkSource = "Quorbind-Quor_Book::AddToLinkIDFile";
 const std::string kMergeSource = "Quorbind: Quor_Book::AddLinkIDInfo";
 const std::string kDuplicateSource = "Quorbind: Quor_Book::CheckDuplicateLinkID";
+constexpr const char* kWorkbook = "Book_Valuator of a workbook";
 const std::string kUpdateSource = "Quorbind:Book_Config::UpdateBookNameAcro";
 
 Record twice(const std::string& box) {
@@ -94,20 +95,30 @@ DamagedEnd made(Record record, const char* target, std::string text) {
   return {std::move(record), Files::kTargetIsMade, target, std::move(text)};
 }
 
-std::string keywordsOf(const std::string& book, const Record& words) {
-  std::string text = "<Books>\r\n\t<Book Book_Name=\"" + book + "\">\r\n\t\t<Keywords>\r\n";
+std::string bookOf(const std::string& name, const Record& words) {
+  std::string text = "\t<Book Book_Name=\"" + name + "\">\r\n\t\t<Keywords>\r\n";
   for (const std::string& word : words) {
     text += word.empty() ? "\t\t\t<Keyword/>\r\n" : "\t\t\t<Keyword>" + word + "</Keyword>\r\n";
   }
-  return text + "\t\t</Keywords>\r\n\t</Book>\r\n</Books>\r\n";
+  return text + "\t\t</Keywords>\r\n\t</Book>\r\n";
+}
+std::string keywordsOf(const std::string& book, const Record& words) {
+  return "<Books>\r\n" + bookOf(book, words) + "</Books>\r\n";
 }
 
+std::string idOf(const std::string& identifier,
+                 const std::string& acronym,
+                 const std::string& place,
+                 const std::string& source) {
+  return "\t\t<ID>\r\n\t\t\t<LinkID>" + identifier + "</LinkID>\r\n\t\t\t<FullLink>" + acronym +
+         place + "</FullLink>\r\n\t\t\t<LinkIDSourceFile>Plant\\" + source +
+         "</LinkIDSourceFile>\r\n\t\t\t<BookAcro>" + acronym + "</BookAcro>\r\n\t\t</ID>\r\n";
+}
+std::string linksOf(const std::string& identifiers) {
+  return "<LINKS>\r\n\t<IBD>\r\n" + identifiers + "\t</IBD>\r\n</LINKS>\r\n";
+}
 std::string linkOf(const std::string& identifier, const std::string& acronym) {
-  return "<LINKS>\r\n\t<IBD>\r\n\t\t<ID>\r\n\t\t\t<LinkID>" + identifier +
-         "</LinkID>\r\n\t\t\t<FullLink>" + acronym +
-         "@QUOR@Bells</FullLink>\r\n\t\t\t<LinkIDSourceFile>Plant\\a.htm</LinkIDSourceFile>\r\n"
-         "\t\t\t<BookAcro>" +
-         acronym + "</BookAcro>\r\n\t\t</ID>\r\n\t</IBD>\r\n</LINKS>\r\n";
+  return linksOf(idOf(identifier, acronym, "@QUOR@Bells", "a.htm"));
 }
 
 Rules selectionRules() {
@@ -138,6 +149,15 @@ Rules selectionRules() {
        kSelection,
        kUnreadable,
        othersAsUsual({unparsable("critical", kSelection, kDuplicateSource)})},
+      {{"UpdateQuorLinkIDFile"},
+       kSelection,
+       kUnreadable,
+       othersAsUsual(twice(unparsable("critical", kSelection, kDuplicateSource)))},
+      {{kWorkbook},
+       kSelection,
+       kUnreadable,
+       othersAsUsual(
+           answering(twice(unparsable("critical", kSelection, kDuplicateSource)), kTrue))},
   };
 }
 
@@ -185,6 +205,10 @@ Rules catalogueChangeRules() {
        kCatalogue,
        kNotLoading,
        othersAsUsual({wide("Quorbind: Quor_Book::mbAddBookTocForBook"), kTrue})},
+      {{kWorkbook},
+       kCatalogue,
+       kNotLoading,
+       othersAsUsual(answering(twice(wide("Quorbind: Quor_Book::mbAddBookTocForBook")), kTrue))},
       // Without a catalogue the place that the book file states is not taken over.
       {{"Book_Valuator of a book file"},
        kCatalogue,
@@ -299,7 +323,7 @@ Rules categoryRules() {
        nothingChanges({underTitle("Quorbind::Book_Config-AddOtherCategoryBookAcro")})},
       {{"AddCategoryNode"}, kCategories, kForeign, nothingChanges({kNoCategory})},
       {{"CreateQuorBookNodeForSEntry"}, kCategories, kForeign, othersAsUsual(twice(kNoCategory))},
-      {{"Book_Valuator of a text", "Book_Valuator of a book file"},
+      {{"Book_Valuator of a text", "Book_Valuator of a book file", kWorkbook},
        kCategories,
        kForeign,
        othersAsUsual(answering(twice(kNoCategory), kTrue))},
@@ -338,7 +362,7 @@ Rules categoryRules() {
 }
 
 Rules keywordRules() {
-  const Operations additions{"Book_Valuator of a text", "Book_Valuator of a book file"};
+  const Operations additions{"Book_Valuator of a text", "Book_Valuator of a book file", kWorkbook};
   return {
       {{"CreateKeywordXmlFile"},
        kKeywords,
@@ -395,6 +419,13 @@ Rules keywordRules() {
        kKeywords,
        kMissing,
        made({kTrue}, kKeywords, keywordsOf("Guide", {"horn", "hoot"}))},
+      {{kWorkbook},
+       kKeywords,
+       kMissing,
+       made({kTrue},
+            kKeywords,
+            "<Books>\r\n" + bookOf("Lathe", {"turning"}) + bookOf("Saw", {"sawing"}) +
+                "</Books>\r\n")},
   };
 }
 
@@ -404,12 +435,21 @@ Rules linkRules() {
   const auto merged = [](const std::string& number) {
     return "message: Error(" + number + "\r" + kMergeSource;
   };
+  const std::string ofWorkbook =
+      linksOf(idOf("X4", "LTH", "@quor@@quor@The Lathe", "LTH\\chuck.htm#jaws") +
+              idOf("X5", "SAW", "@quor@@quor@The Saw", "SAW\\blade.htm"));
   const std::string noFile = merged("75): Path/File access error");
   const std::string noList = merged("91): Object variable or With block variable not set");
   return {
       {recording, kLinks, kAnyFile, nothingChanges({tight(kLinkSource)})},
       {recording, kLinks, kFolder, nothingChanges({notAFile(kLinkSource)})},
       {recording, kLinks, kMissing, made({}, kLinks, linkOf("X3", "ALM"))},
+      {{"UpdateQuorLinkIDFile"}, kLinks, kAnyFile, nothingChanges(twice(tight(kLinkSource)))},
+      {{"UpdateQuorLinkIDFile"}, kLinks, kFolder, nothingChanges(twice(notAFile(kLinkSource)))},
+      {{"UpdateQuorLinkIDFile"}, kLinks, kMissing, made({}, kLinks, ofWorkbook)},
+      {{kWorkbook}, kLinks, kAnyFile, othersAsUsual(answering(twice(tight(kLinkSource)), kTrue))},
+      {{kWorkbook}, kLinks, kFolder, othersAsUsual(answering(twice(notAFile(kLinkSource)), kTrue))},
+      {{kWorkbook}, kLinks, kMissing, made({kTrue}, kLinks, ofWorkbook)},
       {{"AddLinkIDInfo"},
        kLinks,
        kUnreadable,

@@ -8,6 +8,7 @@
 #include "sidefiles/link_check.h"
 #include "sidefiles/link_identifiers.h"
 #include "tests/support/book_run.h"
+#include "toc/excel_links.h"
 #include "workflow/driver/quor_book.h"
 
 namespace quorbind::testing {
@@ -205,6 +206,11 @@ Operations keywordAndLinkChanges() {
          m.state.currentProductName = "Plant";
          GenerateBookLinkID(m.platform, m.state, "ALM", "C:\\in\\links.txt");
        }},
+      {"UpdateQuorLinkIDFile",
+       [](Module& m, User&) {
+         m.state.currentProductName = "Plant";
+         UpdateQuorLinkIDFile(m.platform, m.state, m.platform.spreadsheets, "C:\\in\\books.xls");
+       }},
       {"AddLinkIDInfo",
        [](Module& m, User&) {
          m.state.currentProductName = "Plant";
@@ -244,6 +250,11 @@ Operations additions() {
          m.state.rememberedBookFolder = "Guide";
          Quor_Book book(m);
          note(u, runBook(book, additionOf(at(kOtherBook), 1)));
+       }},
+      {"Book_Valuator of a workbook",
+       [](Module& m, User& u) {
+         Quor_Book book(m);
+         note(u, runBook(book, additionOf("C:\\in\\books.xls", 3)));
        }},
   };
 }

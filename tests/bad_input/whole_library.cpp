@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "platform/text.h"
+#include "tests/support/excel_sheets.h"
+#include "tests/support/workbook_bytes.h"
 #include "toc/text_form.h"
 #include "toolset/reference_toolset.h"
 
@@ -127,6 +129,18 @@ std::string tableOfContents() {
   return text;
 }
 
+/// Two books, each with a keyword, a category and a link identifier. Their folders are called as
+/// the tool set calls those of books that it can't find.
+std::string workbook() {
+  return workbookBytes(
+      WorkbookKind::kXls,
+      {headingSheet({{"1", "The Lathe", "LTH\\cover.htm"},
+                     {"2", "Chuck", "chuck.htm", "#jaws", "X4"},
+                     {"1", "The Saw", "SAW\\cover.htm"},
+                     {"2", "Blade", "blade.htm", "", "X5"}}),
+       bookSheet({{"Lathe", "LTH", "turning", "Safety"}, {"Saw", "SAW", "sawing", "Maps"}})});
+}
+
 }  // namespace
 
 std::vector<std::string> xmlFilesOfLibrary() {
@@ -151,7 +165,8 @@ WholeLibrary::WholeLibrary()
       locale_(adapters_->locale()),
       toolset_(
           std::make_unique<ReferenceToolset>(ToolsetPorts{files, *xml_, user, locale_}, "C:\\")),
-      platform_{files, *xml_, user, *toolset_, locale_, adapters_->spreadsheets()} {
+      spreadsheets_(files, *xml_),
+      platform_{files, *xml_, user, *toolset_, locale_, spreadsheets_} {
   for (const std::string& file : xmlFilesOfLibrary()) {
     files.write(file, soundText(file));
   }
@@ -160,6 +175,8 @@ WholeLibrary::WholeLibrary()
   files.write("in/plan.htm", "<p>plan</p>");
   files.write("in/toc.txt", tableOfContents());
   files.write("in/Pump/start.htm", "<p>start</p>");
+  files.write("in/books.xls", workbook());
+  files.write("in/LTH/chuck.htm", "<p>chuck</p>");
   files.write("in/links.txt",
               "header\r\n\r\n" +
                   text_form::lineOf({.level = 1,

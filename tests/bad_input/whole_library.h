@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/workbooks/file_spreadsheets.h"
 #include "tests/contract/adapters.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/scripted_user_interface.h"
@@ -62,6 +63,7 @@ class WholeLibrary {
   std::unique_ptr<XmlLibrary> xml_;
   FixedClockLocale locale_;
   std::unique_ptr<Toolset> toolset_;
+  FileSpreadsheets spreadsheets_;
   Platform platform_;
   Tree sound_;
 };

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -6,11 +7,17 @@
 
 #include "tests/cli/command_test.h"
 #include "tests/cli/open_toolbox.h"
+#include "tests/support/excel_sheets.h"
+#include "tests/support/workbook_bytes.h"
 
 namespace quorbind::testing {
 namespace {
 
 namespace fs = std::filesystem;
+
+using ::testing::Contains;
+using ::testing::EndsWith;
+using ::testing::Not;
 
 /// The command as a user who may read everything below the folder and write what a test allows.
 class WithoutPermission : public CommandTest {
@@ -231,6 +238,31 @@ class FullDisk : public CommandTest {
     writeToc(entries);
   }
 
+  /// A workbook of two such books, of the folders Lathe and Saw.
+  void writeLongWorkbook() const {
+    std::vector<HeadingRow> headings;
+    for (const std::string folder : {"Lathe", "Saw"}) {
+      headings.push_back({"1", "The " + folder, folder + "\\cover.htm"});
+      headings.insert(headings.end(), 100, {"2", "A heading with a long title", "page.htm"});
+    }
+    disk.write(
+        "books.xlsx",
+        workbookBytes(WorkbookKind::kXlsx,
+                      {headingSheet(headings), bookSheet({{"Lathe", "LTH"}, {"Saw", "SAW"}})}));
+  }
+  /// The acronyms in the catalogue; the books that they belong to have to be whole.
+  [[nodiscard]] std::string wholeBooksOfWorkbook() const {
+    std::string acronyms;
+    for (const auto& [acronym, file] :
+         {std::pair{"LTH", "Lathe/Book_LTH.xml"}, std::pair{"SAW", "Saw/Book_SAW.xml"}}) {
+      if (libraryText("Quor_TOC.xml").find(acronym) != std::string::npos) {
+        acronyms.append(acronym).append(" ");
+        EXPECT_TRUE(libraryText(file).ends_with("</Book_Master>\n")) << acronym;
+      }
+    }
+    return acronyms;
+  }
+
   /// The catalogue apart, of which a test knows more: what came to the library came whole.
   void expectOnlyWholeFiles() const {
     for (const auto& [name, content] : serverTree()) {
@@ -310,6 +342,33 @@ TEST_F(FullDisk, ASideFileIsOldOrNewAndTheNoteNamesTheOneThatCouldNotBeWritten) 
     initLibrary();
   }
   ADD_FAILURE() << "the book never fits";
+}
+
+TEST_F(FullDisk, OfAWorkbooksBooksThoseThatArrivedStayAndAreCounted) {
+  writeLongWorkbook();
+  bool wasFullBetweenThem = false;
+  for (std::size_t pages = 0; pages < 60; ++pages) {
+    SCOPED_TRACE(pages);
+    fillBut(pages);
+    const Outcome outcome =
+        quorbind({"add", "books.xlsx", "--server", "server", "--library", "Plant"});
+    const std::string acronyms = wholeBooksOfWorkbook();
+    if (outcome.status == 0) {
+      EXPECT_EQ(acronyms, "LTH SAW ");
+      EXPECT_TRUE(wasFullBetweenThem) << "there was never room for one of them";
+      return;
+    }
+    EXPECT_EQ(outcome.status, 5) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with(acronyms.empty() ? "; nothing was added\n"
+                                                       : "; 1 of 2 books added\n"))
+        << outcome.err;
+    wasFullBetweenThem = wasFullBetweenThem || acronyms == "LTH ";
+    EXPECT_THAT(filesBelow(""), Not(Contains(EndsWith("_Temp.txtX"))));
+    fs::remove_all(server() + "/Docs");
+    fs::remove(disk.path() / "server/filler");
+    initLibrary();
+  }
+  ADD_FAILURE() << "the books never fit";
 }
 
 TEST_F(FullDisk, MakesNoLibrary) {

@@ -1,6 +1,5 @@
 #include "tests/cli/workbook_test.h"
-#include "tests/support/binary_workbook.h"
-#include "tests/support/packed_file.h"
+#include "tests/support/hostile_workbooks.h"
 
 namespace quorbind::testing {
 namespace {
@@ -51,7 +50,7 @@ TEST_P(WorkbookRules, AnEmptyFile) {
 }
 
 TEST_P(WorkbookRules, AnEncryptedWorkbook) {
-  disk.write(name(), compoundFile({{"EncryptionInfo", "how"}, {"EncryptedPackage", "what"}}));
+  disk.write(name(), encryptedWorkbook());
   expectRefused(4, "critical: Not a valid Excel file\nThe workbook is encrypted.\n");
 }
 
@@ -75,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds,
                          kindName);
 
 TEST_P(PackedWorkbookRules, ABombOfSpaces) {
-  disk.write(name(), PackedWorkbook().sheet(std::string(8 << 20, ' ')).bytes());
+  disk.write(name(), bombOfSpaces());
   expectRefused(
       4,
       "critical: Not a valid Excel file\n"
@@ -83,29 +82,7 @@ TEST_P(PackedWorkbookRules, ABombOfSpaces) {
 }
 
 TEST_P(WorkbookRules, ABombOfSharedTexts) {
-  constexpr int kCells = 3000;
-  if (GetParam() == WorkbookKind::kXlsx) {
-    std::string rows;
-    for (int row = 1; row <= kCells; ++row) {
-      rows += "<row><c t=\"s\"><v>0</v></c><c><v>" + std::to_string(row * 7919) + "</v></c></row>";
-    }
-    disk.write(name(),
-               PackedWorkbook()
-                   .sheet(rows)
-                   .sharedTexts("<si><t>" + std::string(98'000, 'x') + "</t></si>")
-                   .bytes());
-  } else {
-    std::string cells;
-    for (int row = 0; row < 4 * kCells; ++row) {
-      cells += xlsSharedText(static_cast<std::uint16_t>(row), 0, 0);
-      cells += xlsSharedText(static_cast<std::uint16_t>(row), 1, 0);
-      cells += xlsSharedText(static_cast<std::uint16_t>(row), 2, 0);
-      cells += xlsSharedText(static_cast<std::uint16_t>(row), 3, 0);
-    }
-    disk.write(
-        name(),
-        BinaryWorkbook().sharedTexts({xlsNarrowText(std::string(8000, 'x'))}).sheet(cells).bytes());
-  }
+  disk.write(name(), bombOfSharedTexts(GetParam()));
   expectRefused(4,
                 "critical: Not a valid Excel file\n"
                 "The cells display more text than those of a workbook may.\n");

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tests/component/bound_host.h"
+#include "tests/support/windows/workbook_server.h"
 
 namespace quorbind::testing {
 
@@ -95,6 +96,32 @@ class Place<LONG> {
 
  private:
   LONG value_;
+};
+
+/// Numbers that are passed by reference are results.
+template <>
+class Place<LONG*> {
+ public:
+  explicit Place(const Argument* /*given*/) {}
+  LONG* pass() { return &value_; }
+  [[nodiscard]] Argument held() const { return std::int32_t{value_}; }
+
+ private:
+  LONG value_ = 0;
+};
+
+/// A worksheet, which comes back as it was.
+template <>
+class Place<IDispatch*> {
+ public:
+  explicit Place(const Argument* given)
+      : cells_(std::get<PaperSheet>(*given)), sheet_(automationSheet(looseSheet(cells_))) {}
+  [[nodiscard]] IDispatch* pass() const { return sheet_.get(); }
+  [[nodiscard]] Argument held() const { return cells_; }
+
+ private:
+  PaperSheet cells_;
+  ComPtr<IDispatch> sheet_;
 };
 
 /// The only results of that type are Booleans.

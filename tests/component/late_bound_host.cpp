@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "tests/component/bound_host.h"
+#include "tests/support/windows/workbook_server.h"
 
 namespace quorbind::testing {
 
@@ -15,6 +16,9 @@ Variant variantOf(const Argument& argument) {
   }
   if (const auto* value = std::get_if<std::int32_t>(&argument)) {
     return Variant::ofInteger(*value);
+  }
+  if (const auto* cells = std::get_if<PaperSheet>(&argument)) {
+    return Variant::ofObject(automationSheet(looseSheet(*cells)));
   }
   const auto& array = std::get<TextArray>(argument);
   return arrayOf(VT_VARIANT, array);
@@ -52,7 +56,9 @@ class LateBoundHost final : public BoundHost {
         callByName(objectWith(operation), toWide(operation).c_str(), std::move(references));
     requireSuccess(answer.result);
     for (std::size_t place = 0; place < arguments.size(); ++place) {
-      arguments[place] = resultOf(variables[place]).value_or(TextArray::unset());
+      if (!std::holds_alternative<PaperSheet>(arguments[place])) {
+        arguments[place] = resultOf(variables[place]).value_or(TextArray::unset());
+      }
     }
     return resultOf(answer.value);
   }

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "platform/spreadsheets.h"
@@ -11,24 +10,23 @@
 #include "tests/samples/workshop_books.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/workbook_source.h"
 
 namespace quorbind::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-enum class Reader { kFile, kProgram };
-
 /// Runs with each kind of file that the sample workbook is kept in, read from the file and through
 /// a spreadsheet program.
-class SpreadsheetsContract : public ::testing::TestWithParam<std::tuple<std::string, Reader>> {
+class SpreadsheetsContract : public ::testing::TestWithParam<WorkbookSource> {
  protected:
   void SetUp() override {
     fs::copy(fs::path(QUORBIND_SAMPLES) / "workshop" / ("books." + kind()),
              disk_.path() / ("books." + kind()));
   }
 
-  [[nodiscard]] static std::string kind() { return std::get<std::string>(GetParam()); }
+  [[nodiscard]] static std::string kind() { return extensionOf(GetParam().kind).substr(1); }
   [[nodiscard]] static std::string path() { return "C:\\books." + kind(); }
   std::int32_t errorOfOpening(std::string_view path) {
     return errorRaisedBy([&] { static_cast<void>(spreadsheets_.open(path)); });
@@ -36,25 +34,13 @@ class SpreadsheetsContract : public ::testing::TestWithParam<std::tuple<std::str
 
   TemporaryFolder disk_;
   std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
-  Spreadsheets& spreadsheets_ = std::get<Reader>(GetParam()) == Reader::kFile
-                                    ? adapters_->spreadsheets()
-                                    : adapters_->spreadsheetProgram();
+  Spreadsheets& spreadsheets_ = (adapters_.get()->*GetParam().reader)();
 };
-
-std::vector<Reader> readersOfThisBuild() {
-  return usesSpreadsheetProgram() ? std::vector{Reader::kFile, Reader::kProgram}
-                                  : std::vector{Reader::kFile};
-}
 
 INSTANTIATE_TEST_SUITE_P(Workbooks,
                          SpreadsheetsContract,
-                         ::testing::Combine(::testing::Values("xlsx", "xls"),
-                                            ::testing::ValuesIn(readersOfThisBuild())),
-                         [](const auto& parameters) {
-                           const bool isFile = std::get<Reader>(parameters.param) == Reader::kFile;
-                           return std::get<std::string>(parameters.param) +
-                                  (isFile ? "FromItsFile" : "ByAProgram");
-                         });
+                         ::testing::ValuesIn(workbookSources()),
+                         [](const auto& source) { return nameOf(source.param); });
 
 TEST_P(SpreadsheetsContract, EveryCellDisplaysItsText) {
   const auto book = spreadsheets_.open(path());

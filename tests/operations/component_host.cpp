@@ -25,6 +25,7 @@ struct InWords {
   std::string operator()(std::int32_t value) const { return std::to_string(value); }
   std::string operator()(const std::string& value) const { return quoted(value); }
   std::string operator()(const TextArray& value) const { return inWords(value); }
+  std::string operator()(const PaperSheet& /*value*/) const { return "a worksheet"; }
 };
 
 std::string inWords(const Argument& argument) {

@@ -8,11 +8,13 @@
 #include <vector>
 
 #include "platform/text_array.h"
+#include "tests/support/paper_spreadsheets.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quorbind::testing {
 
-using Argument = std::variant<bool, std::int32_t, std::string, TextArray>;
+/// Of these a sheet is a worksheet that the host has open.
+using Argument = std::variant<bool, std::int32_t, std::string, TextArray, PaperSheet>;
 using Arguments = std::vector<Argument>;
 /// None for an operation without a result, and for an array that is unset.
 using Result = std::optional<Argument>;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -19,10 +20,24 @@ namespace {
 template <typename Owner>
 using Operation = std::function<Result(Owner&, Arguments&)>;
 
+/// What a parameter is passed from: a worksheet by reference, anything else as its own value.
+class OpenSheet {
+ public:
+  explicit OpenSheet(const PaperSheet& cells) : sheet_(looseSheet(cells)) {}
+  operator Worksheet&() { return *sheet_; }
+
+ private:
+  std::unique_ptr<Worksheet> sheet_;
+};
+
+template <typename Parameter>
+using Passed =
+    std::conditional_t<std::is_same_v<Parameter, Worksheet&>, OpenSheet, std::decay_t<Parameter>>;
+
 template <typename Value>
 Value valueOf(const Arguments& arguments, std::size_t place) {
   if (place >= arguments.size()) {
-    return {};
+    return Value();
   }
   if constexpr (std::is_same_v<Value, std::int16_t>) {
     return static_cast<std::int16_t>(std::get<std::int32_t>(arguments[place]));
@@ -31,14 +46,23 @@ Value valueOf(const Arguments& arguments, std::size_t place) {
   }
 }
 
+template <>
+OpenSheet valueOf<OpenSheet>(const Arguments& arguments, std::size_t place) {
+  return OpenSheet(std::get<PaperSheet>(arguments.at(place)));
+}
+
 template <typename Value>
 void putBack(Arguments& arguments, std::size_t place, const Value& value) {
   if (place < arguments.size()) {
     arguments[place] = value;
   }
 }
+void putBack(Arguments& /*arguments*/, std::size_t /*place*/, const OpenSheet& /*sheet*/) {}
 
 Result resultOf(bool value) {
+  return value;
+}
+Result resultOf(std::int32_t value) {
   return value;
 }
 Result resultOf(std::string value) {
@@ -55,8 +79,7 @@ template <typename Owner, typename Returned, typename... Parameters, std::size_t
 Operation<Owner> operationOf(Returned (Owner::*member)(Parameters...),
                              std::index_sequence<kPlaces...> /*places*/) {
   return [member](Owner& owner, Arguments& arguments) {
-    std::tuple<std::decay_t<Parameters>...> values(
-        valueOf<std::decay_t<Parameters>>(arguments, kPlaces)...);
+    std::tuple<Passed<Parameters>...> values(valueOf<Passed<Parameters>>(arguments, kPlaces)...);
     Result result;
     if constexpr (std::is_void_v<Returned>) {
       (owner.*member)(std::get<kPlaces>(values)...);
@@ -83,7 +106,9 @@ class DirectHost final : public ComponentHost {
   std::vector<std::string> takeShown() override {
     std::vector<std::string> shown;
     for (const std::string& line : world_.user.recordWithoutProgress()) {
-      shown.push_back(replaceAll(line, "\r", "\n"));
+      if (!line.starts_with("clipboard: ")) {
+        shown.push_back(replaceAll(line, "\r", "\n"));
+      }
     }
     world_.user.forget();
     return shown;

@@ -61,7 +61,8 @@ std::string directoryEntry(const std::string& name,
                            std::uint32_t right,
                            std::uint32_t child,
                            std::uint32_t start,
-                           std::size_t size) {
+                           std::size_t size,
+                           std::string identity = {}) {
   std::string wide;
   for (const char character : name) {
     wide += character;
@@ -69,11 +70,12 @@ std::string directoryEntry(const std::string& name,
   }
   constexpr std::size_t kNameRoom = 64;
   constexpr std::size_t kIdentityAndTimes = 36;
+  identity.resize(kIdentityAndTimes, '\0');
   const std::size_t length = name.empty() ? 0 : wide.size() + 2;
   wide.resize(kNameRoom, '\0');
   return wide + littleEndian<2>(length) + littleEndian<1>(type) + littleEndian<1>(1) +
-         littleEndian<4>(kFree) + littleEndian<4>(right) + littleEndian<4>(child) +
-         std::string(kIdentityAndTimes, '\0') + littleEndian<4>(start) + littleEndian<8>(size);
+         littleEndian<4>(kFree) + littleEndian<4>(right) + littleEndian<4>(child) + identity +
+         littleEndian<4>(start) + littleEndian<8>(size);
 }
 
 std::string beginRecord(std::uint16_t type) {
@@ -86,7 +88,8 @@ std::string endRecord() {
 
 }  // namespace
 
-std::string compoundFile(const std::vector<std::pair<std::string, std::string>>& streams) {
+std::string compoundFile(const std::vector<std::pair<std::string, std::string>>& streams,
+                         std::string identity) {
   Sectors sectors{kSector, {}, {}};
   Sectors shortSectors{kShortSector, {}, {}};
   std::string entries;
@@ -101,8 +104,13 @@ std::string compoundFile(const std::vector<std::pair<std::string, std::string>>&
   const std::uint32_t shortStart = sectors.add(shortSectors.bytes);
   const std::string shortTable = tableOf(shortSectors.next);
   const std::uint32_t shortTableStart = sectors.add(shortTable);
-  const std::string root = directoryEntry(
-      "Root Entry", 5, kFree, streams.empty() ? kFree : 1, shortStart, shortSectors.bytes.size());
+  const std::string root = directoryEntry("Root Entry",
+                                          5,
+                                          kFree,
+                                          streams.empty() ? kFree : 1,
+                                          shortStart,
+                                          shortSectors.bytes.size(),
+                                          std::move(identity));
   const std::uint32_t directoryStart = sectors.add(padded(root + entries, kSector));
 
   // The table lists its own sectors too.
@@ -126,6 +134,12 @@ std::string compoundFile(const std::vector<std::pair<std::string, std::string>>&
   }
   header.resize(kSector, '\xFF');
   return header + sectors.bytes + tableOf(sectors.next);
+}
+
+std::string binaryWorkbookIdentity() {
+  // {00020820-0000-0000-C000-000000000046}
+  return littleEndian<4>(0x00020820) + std::string(4, '\0') + "\xC0" + std::string(6, '\0') +
+         "\x46";
 }
 
 std::string xlsRecord(std::uint16_t kind, std::string_view bytes) {

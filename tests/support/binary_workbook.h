@@ -9,8 +9,13 @@
 
 namespace quorbind::testing {
 
-/// A compound file with these streams at its root, each with its name.
-std::string compoundFile(const std::vector<std::pair<std::string, std::string>>& streams);
+/// A compound file with these streams at its root, each with its name. `identity` is that of the
+/// class of its object in 16 bytes, by which systems find the program for it; empty for none.
+std::string compoundFile(const std::vector<std::pair<std::string, std::string>>& streams,
+                         std::string identity = {});
+
+/// The identity of binary workbooks.
+std::string binaryWorkbookIdentity();
 
 /// A record of a binary workbook.
 std::string xlsRecord(std::uint16_t kind, std::string_view bytes);
@@ -33,7 +38,9 @@ class BinaryWorkbook {
   /// The stream of its records.
   [[nodiscard]] std::string stream() const;
   /// The whole file.
-  [[nodiscard]] std::string bytes() const { return compoundFile({{"Workbook", stream()}}); }
+  [[nodiscard]] std::string bytes() const {
+    return compoundFile({{"Workbook", stream()}}, binaryWorkbookIdentity());
+  }
 
  private:
   struct Sheet {

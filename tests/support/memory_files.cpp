@@ -70,13 +70,12 @@ class MemoryFiles::Replacement final : public FileReplacement {
   Replacement(MemoryFiles& disk, std::string name) : disk_(disk), name_(std::move(name)) {}
 
   void write(std::string_view bytes) override {
-    if (bytes_.size() + bytes.size() > disk_.limit_) {
-      raise(ErrorNumber::kDiskFull);
-    }
+    disk_.requireRoom(bytes_.size() + bytes.size());
     bytes_.append(bytes);
   }
   void commit() override {
     disk_.put(name_, std::make_shared<const std::string>(std::move(bytes_)));
+    --disk_.filesLeft_;
   }
 
  private:
@@ -172,10 +171,9 @@ void MemoryFiles::copyFile(std::string_view from, std::string_view to) {
     raise(ErrorNumber::kPermissionDenied);
   }
   requireTarget(to);
-  if (bytes->size() > limit_) {
-    raise(ErrorNumber::kDiskFull);
-  }
+  requireRoom(bytes->size());
   put(nameOf(to), bytes);
+  --filesLeft_;
 }
 
 void MemoryFiles::moveFile(std::string_view from, std::string_view to) {
@@ -193,6 +191,12 @@ void MemoryFiles::deleteFile(std::string_view path) {
   [[maybe_unused]] const auto bytes = bytesOf(path);
   requireTarget(path);
   remove(nameOf(path));
+}
+
+void MemoryFiles::requireRoom(std::size_t bytes) const {
+  if (bytes > limit_ || filesLeft_ == 0) {
+    raise(ErrorNumber::kDiskFull);
+  }
 }
 
 std::string MemoryFiles::absolutePath(std::string_view path) {

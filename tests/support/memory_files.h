@@ -38,6 +38,8 @@ class MemoryFiles : public FileSystem {
 
   /// From now on no file may become larger than this: error 61.
   void limitFilesTo(std::size_t bytes) { limit_ = bytes; }
+  /// The disk has room for so many more files, new ones or new versions; then it is full: error 61.
+  void fillUpAfter(std::size_t files) { filesLeft_ = files; }
   /// From now on the file can be read, and not written, moved or deleted: error 70.
   void protect(std::string_view name);
 
@@ -68,6 +70,8 @@ class MemoryFiles : public FileSystem {
   /// The bytes of an existing file. Raises 53, 75 or 76 for anything else.
   [[nodiscard]] std::shared_ptr<const std::string> bytesOf(std::string_view path);
   void put(const std::string& name, std::shared_ptr<const std::string> bytes);
+  /// Raises 61 where a file of that size has no room.
+  void requireRoom(std::size_t bytes) const;
   /// Raises 75 or 76 where no file can come to stand, and 70 where none may.
   void requireTarget(std::string_view path);
 
@@ -75,6 +79,7 @@ class MemoryFiles : public FileSystem {
   std::map<std::string, Entry> entries_;
   std::set<std::string> protected_;
   std::size_t limit_ = std::numeric_limits<std::size_t>::max();
+  std::size_t filesLeft_ = std::numeric_limits<std::size_t>::max();
 };
 
 }  // namespace quorbind::testing

@@ -133,7 +133,8 @@ std::string xlsBytes(const std::vector<PaperSheet>& sheets, const WorkbookTraits
   }
   const std::string stream = book.stream();
   return compoundFile(
-      {{"Workbook", traits.firstSheetIsHidden ? withFirstSheetHidden(stream) : stream}});
+      {{"Workbook", traits.firstSheetIsHidden ? withFirstSheetHidden(stream) : stream}},
+      binaryWorkbookIdentity());
 }
 
 }  // namespace

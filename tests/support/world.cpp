@@ -42,12 +42,19 @@ std::unique_ptr<FileCopy> BreakableToolset::createFileCopy() {
   return toolset_.createFileCopy();
 }
 
-World::World()
+World::World() : World(nullptr) {}
+
+World::World(Spreadsheets& (Adapters::*reader)())
     : adapters_(makeAdapters(disk.path())),
       reference_(adapters_->makeToolset(user)),
       locale(adapters_->locale()),
       toolset(*reference_),
-      module(Platform{adapters_->files(), adapters_->xml(), user, toolset, locale, spreadsheets}) {}
+      module(Platform{adapters_->files(),
+                      adapters_->xml(),
+                      user,
+                      toolset,
+                      locale,
+                      reader == nullptr ? spreadsheets : (adapters_.get()->*reader)()}) {}
 
 std::string World::text(std::string_view name) const {
   return replaceAll(fromUtf16File(disk.read(name)), "\r\n", "\n");

@@ -82,7 +82,10 @@ class BreakableToolset final : public Toolset {
 /// with a scripted user and a clock that stands still.
 class World {
  public:
+  /// Its workbooks are on paper.
   World();
+  /// Its workbooks are files on the disk, read in this way.
+  explicit World(Spreadsheets& (Adapters::*reader)());
 
   TemporaryFolder disk;
   ScriptedUserInterface user;

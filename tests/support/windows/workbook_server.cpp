@@ -288,6 +288,7 @@ class WorkbookServer::Registration {
   ClassText workbook_{kWorkbookName, L"Workbook for tests"};
   ClassText workbookClass_{std::wstring(kWorkbookName) + L"\\CLSID", kWorkbookClassText};
   ClassText packed_{L".xlsx", kWorkbookName};
+  ClassText packedWithMacros_{L".xlsm", kWorkbookName};
   ClassText binary_{L".xls", kWorkbookName};
   BookFactory factory_;
   std::vector<DWORD> cookies_;
@@ -317,6 +318,11 @@ int WorkbookServer::mostAsked() const {
 ComPtr<IDispatch> WorkbookServer::sheetOf(const std::string& path, std::int32_t number) {
   return ComPtr<IDispatch>::sharing(
       new SheetObject(state_, 0, number, state_->spreadsheets.open(path)->worksheet(number)));
+}
+
+ComPtr<IDispatch> automationSheet(std::unique_ptr<Worksheet> sheet) {
+  const auto state = std::make_shared<WorkbookServer::State>();
+  return ComPtr<IDispatch>::sharing(new SheetObject(state, 0, 1, std::move(sheet)));
 }
 
 }  // namespace quorbind::testing

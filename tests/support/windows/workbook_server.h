@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/spreadsheets.h"
 #include "platform/windows/com_types.h"
 
 namespace quorbind::testing {
@@ -36,5 +37,8 @@ class WorkbookServer {
   std::shared_ptr<State> state_;
   std::unique_ptr<Registration> registration_;
 };
+
+/// A sheet as such a program would hand it to a host, without a workbook around it.
+ComPtr<IDispatch> automationSheet(std::unique_ptr<Worksheet> sheet);
 
 }  // namespace quorbind::testing

@@ -11,6 +11,7 @@
 
 #include "tests/samples/workshop_books.h"
 #include "tests/support/binary_workbook.h"
+#include "tests/support/hostile_workbooks.h"
 #include "tests/support/packed_file.h"
 #include "tests/unit/workbooks/workbook_reading.h"
 
@@ -67,8 +68,7 @@ TEST_F(WorkbookFile, AnEmptyFileIsRefused) {
 }
 
 TEST_F(WorkbookFile, AnEncryptedWorkbookIsRefused) {
-  EXPECT_EQ(reader_.reasonFor(compoundFile({{"EncryptionInfo", "how"}, {"EncryptedPackage", "x"}})),
-            "The workbook is encrypted.");
+  EXPECT_EQ(reader_.reasonFor(encryptedWorkbook()), "The workbook is encrypted.");
 }
 
 TEST_F(WorkbookFile, AMissingFileIsRefusedWithTheErrorOfTheFileSystem) {

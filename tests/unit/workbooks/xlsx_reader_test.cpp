@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "tests/support/hostile_workbooks.h"
 #include "tests/support/packed_file.h"
 #include "tests/unit/workbooks/workbook_reading.h"
 
@@ -224,20 +225,12 @@ TEST_F(XlsxReader, ATextThatIsLongerThanACellIsRefused) {
 }
 
 TEST_F(XlsxReader, ASharedTextThatManyCellsShowIsRefusedWhenItGetsTooMuch) {
-  // 98,000 bytes shown in 3,000 cells would be 280 MB.
-  std::string rows;
-  for (int row = 1; row <= 3000; ++row) {
-    rows += "<row><c t=\"s\"><v>0</v></c><c><v>" + std::to_string(row * 7919) + "</v></c></row>";
-  }
-  const PackedWorkbook book =
-      PackedWorkbook().sheet(rows).sharedTexts("<si><t>" + std::string(98'000, 'x') + "</t></si>");
-  EXPECT_EQ(reader_.reasonFor(book.bytes()),
+  EXPECT_EQ(reader_.reasonFor(bombOfSharedTexts(WorkbookKind::kXlsx)),
             "The cells display more text than those of a workbook may.");
 }
 
 TEST_F(XlsxReader, APartThatUnpacksWithoutEndIsRefused) {
-  const std::string bomb(8 << 20, ' ');
-  EXPECT_EQ(reader_.reasonFor(PackedWorkbook().sheet(bomb).bytes()),
+  EXPECT_EQ(reader_.reasonFor(bombOfSpaces()),
             "xl/worksheets/sheet1.xml is packed more tightly than a part of a workbook may be.");
 }
 

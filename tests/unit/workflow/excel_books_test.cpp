@@ -4,9 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/catalogue_text.h"
+#include "tests/support/book_run_test.h"
 #include "tests/support/excel_sheets.h"
-#include "tests/support/world.h"
 #include "workflow/driver/quor_book.h"
 
 namespace quorbind::testing {
@@ -17,23 +16,13 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-/// Notes the event between the other things that happen.
-class NotingEvents final : public QuorBookEvents {
- public:
-  explicit NotingEvents(ScriptedUserInterface& user) : user_(user) {}
-  void evtGetFolderName(std::string_view sFolderName) override {
-    user_.note("event [" + std::string(sFolderName) + "]");
-  }
-
- private:
-  ScriptedUserInterface& user_;
-};
-
 /// The driver on a workbook of two books.
-class AddExcelBooks : public ::testing::Test {
+class AddExcelBooks : public BookRunTest {
  protected:
-  AddExcelBooks() {
-    world_.disk.write("Docs/Prod/Quor_TOC.xml", catalogueWith(bookEntry("Alarms", "ALM")));
+  AddExcelBooks() : BookRunTest("C:\\in\\book.xls", 3, "Docs/Prod") {
+    arguments_.vstrBookName = "Not used";
+    arguments_.vstrBookAcro = "NOT";
+    arguments_.vstrCategory = "General";
     world_.disk.write("Docs/Prod/Quor_BookCategories.xml", "<BookSet_Categories/>");
     world_.disk.write("in/book.xls", "");
     put(kHeadings, kBooks);
@@ -42,24 +31,6 @@ class AddExcelBooks : public ::testing::Test {
   void put(const std::vector<HeadingRow>& headings, const std::vector<BookRow>& books) {
     world_.spreadsheets.put("C:\\in\\book.xls", {headingSheet(headings), bookSheet(books)});
   }
-  bool run() {
-    return book_.Book_Valuator("C:\\in\\book.xls",
-                               "C:\\Docs\\Prod\\Quor_TOC.xml",
-                               3,
-                               "Prod",
-                               "Not used",
-                               "NOT",
-                               "General",
-                               "C:\\Docs\\Prod\\Quor_SearchKeywords.xml",
-                               "C:\\Docs\\Prod\\Quor_BookCategories.xml",
-                               "",
-                               "",
-                               "",
-                               0,
-                               false,
-                               "C:\\Docs\\");
-  }
-  [[nodiscard]] std::string catalogue() const { return world_.disk.read("Docs/Prod/Quor_TOC.xml"); }
 
   inline static const std::vector<HeadingRow> kHeadings{
       {"1", "The Lathe", "Lathe\\cover.htm"},
@@ -68,10 +39,6 @@ class AddExcelBooks : public ::testing::Test {
       {"2", "Blade", "blade.htm"}};
   inline static const std::vector<BookRow> kBooks{{"Lathe", "LTH", "turning", "Machines"},
                                                   {"Saw", "SAW"}};
-
-  World world_;
-  NotingEvents events_{world_.user};
-  Quor_Book book_{world_.module, &events_};
 };
 
 std::string entryOf(const std::string& name,
@@ -102,27 +69,7 @@ std::string entryOf(const std::string& name,
 
 TEST_F(AddExcelBooks, EachBookGoesThroughTheStagesAndTheRunEndsWithoutAFolder) {
   EXPECT_TRUE(run());
-  EXPECT_THAT(world_.user.record(),
-              ElementsAre("progress 0/10 ",
-                          "progress 0/10 Toc Validation in Progress...",
-                          "progress 2/10 Toc Validation in Progress...",
-                          "progress 2/10 TOC to XML Conversion in Progress...",
-                          "progress 2/10 TOC to XML Conversion in Progress...",
-                          "progress 4/10 TOC to XML Conversion in Progress...",
-                          "progress 4/10 File copying in progress...",
-                          "progress 8/10 File copying in progress...",
-                          "progress 8/10 Adding Book to Quor_TOC.XML....",
-                          "progress 8/10 Toc Addition Complete",
-                          "progress 2/10 Toc Addition Complete",
-                          "progress 2/10 TOC to XML Conversion in Progress...",
-                          "progress 2/10 TOC to XML Conversion in Progress...",
-                          "progress 4/10 TOC to XML Conversion in Progress...",
-                          "progress 4/10 File copying in progress...",
-                          "progress 8/10 File copying in progress...",
-                          "progress 8/10 Adding Book to Quor_TOC.XML....",
-                          "progress 8/10 Toc Addition Complete",
-                          "progress unloaded",
-                          "event []"));
+  EXPECT_EQ(world_.user.record(), everyStage("", 2));
   EXPECT_EQ(world_.state().currentBookName, "");
   EXPECT_EQ(world_.state().currentBookAcro, "");
 }
@@ -227,42 +174,16 @@ TEST_F(AddExcelBooks, AnErrorOfOneBookIsToldAndTheNextFollows) {
 TEST_F(AddExcelBooks, ABookFileThatIsGoneAfterTheCopyIsNoError) {
   // The catalogue's folder is the workbook's, so the book file is made where it belongs.
   world_.disk.write("in/Quor_TOC.xml", catalogueWith(""));
-  EXPECT_TRUE(book_.Book_Valuator("C:\\in\\book.xls",
-                                  "C:\\in\\Quor_TOC.xml",
-                                  3,
-                                  "Prod",
-                                  "",
-                                  "",
-                                  "",
-                                  "C:\\in\\Quor_SearchKeywords.xml",
-                                  "C:\\in\\none.xml",
-                                  "",
-                                  "",
-                                  "",
-                                  0,
-                                  false,
-                                  "C:\\"));
+  arguments_.vstrQuorTOcPath = "C:\\in\\Quor_TOC.xml";
+  EXPECT_TRUE(run());
   EXPECT_THAT(world_.user.recordWithoutProgress(), ElementsAre("event []"));
   EXPECT_TRUE(world_.disk.has("in/Lathe/Book_LTH.xml"));
 }
 
 TEST_F(AddExcelBooks, AFileThatIsNoWorkbookEndsThroughTheCommonEnd) {
   world_.disk.write("in/other.xls", "text");
-  EXPECT_TRUE(book_.Book_Valuator("C:\\in\\other.xls",
-                                  "C:\\Docs\\Prod\\Quor_TOC.xml",
-                                  3,
-                                  "Prod",
-                                  "",
-                                  "",
-                                  "",
-                                  "",
-                                  "",
-                                  "",
-                                  "",
-                                  "",
-                                  0,
-                                  false,
-                                  ""));
+  arguments_.vstrtocpath = "C:\\in\\other.xls";
+  EXPECT_TRUE(run());
   EXPECT_THAT(world_.user.recordWithoutProgress(),
               ElementsAre("critical: Not a valid Excel file", "event []"));
 }

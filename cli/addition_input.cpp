@@ -1,0 +1,263 @@
+#include "cli/addition_input.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "bookxml/names.h"
+#include "cli/book_file_survey.h"
+#include "cli/failure.h"
+#include "cli/page_survey.h"
+#include "cli/prepared_toc.h"
+#include "cli/required_document.h"
+#include "cli/side_file_reader.h"
+#include "cli/workbook_addition.h"
+#include "platform/abandoned.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "sidefiles/link_identifiers.h"
+#include "sidefiles/names.h"
+#include "toc/excel_toc.h"
+#include "toc/text_form.h"
+#include "toc/toc_check.h"
+#include "workflow/driver/quor_book.h"
+
+namespace quorbind {
+
+namespace {
+
+std::string inTheWay(const std::string& path) {
+  return nativeName(path) + ": the file is in the way; move it or delete it";
+}
+
+}  // namespace
+
+AdditionInput::Ready AdditionInput::makeReady(const TocFile& toc) {
+  switch (run_.kind) {
+    case TocCheck::kText:
+      return readyText(toc);
+    case TocCheck::kHtml:
+      return readyPage(toc);
+    case TocCheck::kXml:
+      return readyBookFile(toc);
+    default:
+      return readyWorkbook(toc);
+  }
+}
+
+std::string AdditionInput::readyText(const TocFile& toc) {
+  const TocSurvey survey = surveyTextToc(run_.wiring.module.platform, toc);
+  if (survey.refusal) {
+    run_.report.line = survey.refusal->line;
+    // It goes on as it stands, so that the boxes show the author's own line.
+    return toc.path;
+  }
+  requireReadableDepth(survey, toc.name);
+  std::string ready = survey.hasMarks ? toc.path : preparedCopyOf(toc);
+  readingInput(run_.arguments.toc,
+               [&] { run_.statedPlace = readStatedPlace(run_.wiring.module.platform, ready); });
+  tellOfUnusedFolder();
+  if (!run_.statedPlace.refusal && isGiven(run_.arguments.acronym)) {
+    requireFreeBookFile(ready, run_.statedPlace, *run_.arguments.acronym);
+  }
+  return ready;
+}
+
+std::string AdditionInput::preparedCopyOf(const TocFile& toc) {
+  const std::string folder = nativeName(folderOf(toc.path)) + "/";
+  run_.writing(folder, [&] { preparedCopy_.emplace(folder); });
+  writePreparedToc(run_.wiring.module.platform, toc, [&](std::string_view line) {
+    run_.writing(folder, [&] { preparedCopy_->write(line); });
+  });
+  run_.writing(folder, [&] { preparedCopy_->close(); });
+  std::string path = withBackslashes(preparedCopy_->path());
+  run_.wiring.ui.showPathAs(path, toc.name);
+  return path;
+}
+
+/// The component writes while it checks a page, and records the link identifiers before it looks at
+/// the folder. So everything that can refuse the book is asked here first.
+AdditionInput::Ready AdditionInput::readyPage(const TocFile& toc) {
+  const PageSurvey survey = surveyHtmlToc(run_.wiring.module.platform, toc);
+  if (survey.rules.refusal) {
+    return refuse(*survey.rules.refusal, ExitStatus::kRefused);
+  }
+  requireReadableDepth(survey.rules, toc.name);
+  run_.statedPlace = survey.place;
+  if (run_.statedPlace.refusal) {
+    return refuse({.violation = {.message = *run_.statedPlace.refusal, .offersLine = false},
+                   .line = run_.statedPlace.line},
+                  ExitStatus::kRefused);
+  }
+  tellNotes(run_.wiring.ui, survey, toc);
+  // Offered in the dialog, as the component would offer it.
+  run_.wiring.module.state.currentBookName = survey.title;
+  if (!askForNames(toc)) {
+    return ExitStatus::kRefused;
+  }
+  tellOfUnusedFolder();
+  requireFolder();
+  if (survey.hasLinkIdentifiers) {
+    run_.requireUsableSideFile(run_.library.linkIds, link_names::kListPath);
+  }
+  requireFreeBookFile(toc.path, run_.statedPlace, run_.wiring.module.state.currentBookAcro);
+  makeRoomForExport(toc, text_form::kHtmlExtension);
+  return toc.path;
+}
+
+AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
+  const BookFileSurvey survey = surveyBookFile(run_.wiring.module.platform, toc);
+  if (survey.refusal) {
+    return refuse(*survey.refusal, survey.status);
+  }
+  if (survey.missingElement) {
+    throw missingElement(toc.path, *survey.missingElement);
+  }
+  run_.statedPlace.folder = survey.folder;
+  requireUsableLinks(toc);
+  if (asksFirst(run_.arguments) && !askForNames(toc)) {
+    return ExitStatus::kRefused;
+  }
+  tellOfUnusedFolder();
+  return toc.path;
+}
+
+/// A book that comes from another library brings the link identifiers of that one along.
+void AdditionInput::requireUsableLinks(const TocFile& toc) {
+  const std::string source =
+      linkFileBesideBook(run_.library.docsFolder, std::string(folderPartOf(toc.path)));
+  if (run_.wiring.files.fileExists(source) &&
+      !run_.wiring.files.sameFile(source, run_.library.linkIds)) {
+    static_cast<void>(readExistingLinks(run_.wiring.module.platform, source));
+    run_.requireUsableSideFile(run_.library.linkIds, link_names::kLinks);
+  }
+}
+
+/// The component adds the books of a workbook while it checks them. So nothing may be left that
+/// could refuse the second when the first is in the library.
+AdditionInput::Ready AdditionInput::readyWorkbook(const TocFile& toc) {
+  run_.report.isWorkbook = true;
+  run_.survey = surveyWorkbook(run_.wiring.module.platform, toc);
+  if (isRefused(toc, std::move(run_.survey.violations))) {
+    return run_.survey.status;
+  }
+  takeNames(run_.survey, run_.arguments, run_.wiring);
+  // Where somebody can be asked, the dialog of the component asks.
+  if (!run_.wiring.mayAsk && isRefused(toc, takenNames(run_.survey, run_.booksBefore))) {
+    return ExitStatus::kRefused;
+  }
+  considerFolders(run_.survey, run_.arguments, run_.wiring);
+  tellOfUnusedRecords(run_.arguments, run_.wiring);
+  requireUsableSideFilesOfBooks();
+  for (const SurveyedBook& book : run_.survey.books) {
+    if (!book.acronym.empty()) {
+      requireFreeBookFile(toc.path, book.place, book.acronym);
+    }
+  }
+  makeRoomForExport(toc, excel_toc::kExtension);
+  return toc.path;
+}
+
+/// Tells the user of the violations, if any.
+bool AdditionInput::isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations) {
+  run_.report.violations = std::move(violations);
+  tellViolations(run_.wiring.ui, toc.name, run_.report.violations);
+  return !run_.report.violations.empty();
+}
+
+void AdditionInput::requireUsableSideFilesOfBooks() {
+  const auto anyBookHas = [this](std::vector<std::string> SurveyedBook::*list) {
+    return std::any_of(run_.survey.books.begin(),
+                       run_.survey.books.end(),
+                       [list](const auto& book) { return !(book.*list).empty(); });
+  };
+  if (anyBookHas(&SurveyedBook::keywords)) {
+    run_.requireUsableSideFile(run_.library.searchKeywords, keyword_names::kBooks);
+  }
+  if (anyBookHas(&SurveyedBook::categories)) {
+    if (!run_.wiring.files.fileExists(run_.library.bookCategories)) {
+      tell(run_.wiring, "the books are not filed: the library has no categories file");
+    } else {
+      run_.requireUsableSideFile(run_.library.bookCategories, category_names::kSet);
+    }
+  }
+  if (run_.survey.hasLinkIdentifiers) {
+    run_.requireUsableSideFile(run_.library.linkIds, link_names::kListPath);
+  }
+}
+
+ExitStatus AdditionInput::refuse(const TocRefusal& refusal, ExitStatus status) {
+  run_.report.line = refusal.line;
+  run_.report.column = refusal.column;
+  tellRefusal(run_.wiring.ui, refusal);
+  return status;
+}
+
+/// The driver would tell the form which table of contents it asks about.
+bool AdditionInput::askForNames(const TocFile& toc) {
+  run_.wiring.module.bookInfo.setFileNameLabel(toc.path);
+  return Quor_Book(run_.wiring.module).mbGetFormInput(run_.library.catalogue, run_.kind);
+}
+
+void AdditionInput::tellOfUnusedFolder() {
+  const auto& folder = run_.statedPlace.folder;
+  if (!run_.arguments.folder || !folder) {
+    return;
+  }
+  const std::string named = folder->empty() ? "the library's own folder" : "the folder " + *folder;
+  run_.wiring.ui.show({.text = "--folder " + *run_.arguments.folder +
+                               " is not used: the table of contents names " + named,
+                       .icon = MessageIcon::kInformation});
+}
+
+/// Gives up where the folder dialog would have to, which comes too late.
+void AdditionInput::requireFolder() {
+  if (!run_.statedPlace.folder && !isGiven(run_.arguments.folder) && !run_.wiring.mayAsk) {
+    throw Abandoned(AbandonReason::kAnswerMissing, "give --folder");
+  }
+}
+
+/// The generator writes its file beside the table of contents, from where it is moved into the
+/// book's folder there; after the copy it is deleted. A file of that name that stands there already
+/// is not this run's to overwrite, install or delete.
+void AdditionInput::requireFreeBookFile(const std::string& tocPath,
+                                        const StatedPlace& place,
+                                        const std::string& acronym) {
+  const std::string besideToc(folderOf(tocPath));
+  const std::string bookFile = "\\" + book_names::fileOf(acronym);
+  const std::string folder =
+      place.folder.value_or(std::string(trimBlanks(run_.arguments.folder.value_or(""))));
+  const std::string inBookFolder = besideToc + "\\" + folder;
+  for (const std::string& besides : {besideToc, inBookFolder}) {
+    const std::string path = besides + bookFile;
+    if (run_.wiring.files.fileExists(path)) {
+      throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
+    }
+  }
+}
+
+/// An export is named after the upper-cased path of the table of contents, and is this run's to
+/// delete only if it was not there before.
+void AdditionInput::makeRoomForExport(const TocFile& toc, std::string_view extension) {
+  const Locale& locale = run_.wiring.locale;
+  if (!run_.wiring.files.sameFile(locale.upperCase(toc.path), toc.path)) {
+    throw CommandFailure(ExitStatus::kRefused,
+                         toc.name +
+                             ": the name of another file differs from it in letter case alone; "
+                             "rename one of them");
+  }
+  const std::string folder(folderPartOf(toc.path));
+  const std::string exported = text_form::exportPathOf(locale, toc.path, extension);
+  if (folderPartOf(exported) != locale.upperCase(folder)) {
+    throw CommandFailure(
+        ExitStatus::kRefused,
+        toc.name + ": it lies in a folder whose name holds its extension; move it");
+  }
+  const std::string path = folder + std::string(fileNameOf(exported));
+  if (run_.wiring.files.fileExists(path)) {
+    throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
+  }
+  run_.writing(nativeName(folder), [&] { static_cast<void>(run_.wiring.files.replace(path)); });
+  export_.emplace(nativeName(path));
+}
+
+}  // namespace quorbind

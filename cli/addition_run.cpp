@@ -1,0 +1,34 @@
+#include "cli/addition_run.h"
+
+#include "cli/failure.h"
+#include "cli/required_document.h"
+#include "cli/side_file_rules.h"
+#include "toc/toc_check.h"
+
+namespace quorbind {
+
+void AdditionRun::writing(const std::string& what, const std::function<void()>& step) {
+  try {
+    writingOutput(what, step);
+  } catch (const CommandFailure&) {
+    report.note = nothingAddedWithout(what);
+    throw;
+  }
+}
+
+void AdditionRun::requireUsableSideFile(const std::string& path, std::string_view query) {
+  requireSideFile(wiring.module.platform, path, query);
+  writing(nativeName(path), [&] { requireWritable(wiring.files, path); });
+}
+
+std::string nothingAddedWithout(const std::string& what) {
+  return std::string(what).append(kNotWritten).append("; ").append(kNothingAdded);
+}
+
+bool asksFirst(const AddArguments& arguments) {
+  const std::int16_t kind = kindOf(arguments.toc, arguments.kind);
+  return kind == TocCheck::kHtml ||
+         (kind == TocCheck::kXml && (arguments.name || arguments.acronym));
+}
+
+}  // namespace quorbind
