@@ -63,25 +63,28 @@ void updateBookXml(XmlLibrary& xml, const std::string& path, const XmlNode& othe
 
 /// Brings an entry of the main catalogue up to what the other one says. Answers where the book XML
 /// file lies below the catalogue's folder, put together from folder and file name in the order in
-/// which they stand; nothing when the entry names none, only a file with a type.
+/// which they stand; nothing when the entry names none, only a file with a type, or one that is not
+/// in the library.
 std::optional<std::string> updateEntry(XmlDocument& catalogue,
                                        const XmlNode& book,
                                        const XmlNode& otherBook) {
   using namespace catalogue_names;
   std::string file;
   bool hasBookXml = false;
+  bool isInLibrary = true;
   for (const XmlNode& child : book.children()) {
     const std::string name = child.name();
     if (name == kFolder || name == kBookFile) {
       file.append(file.empty() ? "" : "\\").append(child.text());
       hasBookXml |= name == kBookFile && !child.firstAttribute();
+      isInLibrary &= staysInLibrary(child.text());
     } else if (name == kKey) {
       copyLink(otherBook, child);
     } else if (name == kCategories) {
       copyCategories(catalogue, otherBook, child);
     }
   }
-  return hasBookXml ? std::optional(file) : std::nullopt;
+  return hasBookXml && isInLibrary ? std::optional(file) : std::nullopt;
 }
 
 void mergeBooks(XmlLibrary& xml,

@@ -131,6 +131,8 @@ class PropertiesChange {
     const std::string oldFolder = folderOfBook();
     bookFile_ = folderPartOf(cataloguePath_);
     bookFile_.append(oldFolder).append(oldFolder.empty() ? "" : "\\").append(fileName);
+    fileIsInLibrary_ =
+        catalogue_names::staysInLibrary(oldFolder) && catalogue_names::staysInLibrary(fileName);
 
     showProgress();
     if (trimBlanks(folder) != trimBlanks(oldFolder) && !copyTo(folder, fileName)) {
@@ -140,7 +142,9 @@ class PropertiesChange {
     if (updateCatalogue()) {
       module_.progress.setValue(kProgressCatalogueDone);
       setStatus(Message::kUpdatingBookXml);
-      msetBookProperties(platform_, bookFile_, categories_, link);
+      if (fileIsInLibrary_) {
+        msetBookProperties(platform_, bookFile_, categories_, link);
+      }
       module_.progress.setValue(kProgressBookXmlDone);
     }
     return true;
@@ -178,7 +182,7 @@ class PropertiesChange {
     std::string newFile = platform_.files.absolutePath(
         std::string(folderPartOf(cataloguePath_)).append(folder).append("\\").append(fileName));
     module_.progress.setValue(kProgressBeforeCopy);
-    if (!copying->mbCopyFiles(newFile, bookFile_, 0, 0)) {
+    if (!fileIsInLibrary_ || !copying->mbCopyFiles(newFile, bookFile_, 0, 0)) {
       return false;
     }
     module_.progress.setValue(kProgressCopied);
@@ -198,6 +202,7 @@ class PropertiesChange {
   std::unique_ptr<XmlDocument> catalogue_;
   bool catalogueIsLoaded_ = false;
   std::string bookFile_;
+  bool fileIsInLibrary_ = false;
   bool isOnScreen_ = false;
 };
 

@@ -63,7 +63,9 @@ class BookRename {
     }
     nameNode_.setText(storedName_);
     acronymNode_.setText(entered_.acronym);
-    UpdateBookNameAcro(module_, newFile_, current_.name, current_.acronym);
+    if (fileIsInLibrary_) {
+      UpdateBookNameAcro(module_, newFile_, current_.name, current_.acronym);
+    }
     catalogue_.save(cataloguePath_);
 
     // The next rename has to ask again.
@@ -130,14 +132,17 @@ class BookRename {
   void findNodes() {
     const std::vector<XmlNode> byName = catalogue_.selectAll(booksNamed(current_.name));
     const std::vector<XmlNode> byAcronym = catalogue_.selectAll(booksWithAcronym(current_.acronym));
-    const std::string folder = std::string(folderPartOf(cataloguePath_))
-                                   .append(childOf(byName, catalogue_names::kFolder).text())
-                                   .append("\\");
+    const std::string bookFolder = childOf(byName, catalogue_names::kFolder).text();
+    const std::string folder =
+        std::string(folderPartOf(cataloguePath_)).append(bookFolder).append("\\");
+    fileIsInLibrary_ = catalogue_names::staysInLibrary(bookFolder) &&
+                       catalogue_names::staysInLibrary(book_names::fileOf(current_.acronym));
     oldFile_ = folder + book_names::fileOf(current_.acronym);
     newFile_ = folder + book_names::fileOf(entered_.acronym);
     nameNode_ = childOf(byName, catalogue_names::kName);
     acronymNode_ = childOf(byAcronym, catalogue_names::kAcro);
-    ignoringErrors([&] { oldFileExists_ = platform_.files.fileExists(oldFile_); });
+    ignoringErrors(
+        [&] { oldFileExists_ = fileIsInLibrary_ && platform_.files.fileExists(oldFile_); });
     if (oldFileExists_) {
       fileNode_ = childOf(byAcronym, catalogue_names::kBookFile);
     }
@@ -179,6 +184,7 @@ class BookRename {
   std::string storedName_;
   std::string oldFile_;
   std::string newFile_;
+  bool fileIsInLibrary_ = false;
   bool oldFileExists_ = false;
   XmlNode nameNode_;
   XmlNode acronymNode_;

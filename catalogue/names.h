@@ -43,6 +43,13 @@ inline constexpr std::string_view kCategories = "Book_Categories";
 inline constexpr std::string_view kCategory = "Book_Category";
 inline constexpr std::string_view kBooksPath = "Quor_Master/Quor_Books";
 inline constexpr std::string_view kBookPath = "Quor_Master/Quor_Books/Book";
+
+/// Whether the folder, or the file, that an entry states for its book stays below the folder that
+/// it is put behind. A file that leads elsewhere counts as missing and is never looked for. An
+/// empty folder is the library's own.
+inline bool staysInLibrary(std::string_view stated) {
+  return stated.empty() || nameBelow(stated);
+}
 }  // namespace catalogue_names
 
 /// The list of a server's libraries.

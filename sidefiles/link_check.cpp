@@ -5,6 +5,7 @@
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
@@ -41,7 +42,8 @@ std::vector<std::string> productLinkFiles(const Platform& platform) {
   for (const std::string& product :
        platform.toolset.createProductServices()->GetAvailableProducts()) {
     std::string path = linkFileBelow(root, product);
-    if (!product.empty() && platform.files.fileExists(path)) {
+    // The names come out of the server's list; one that leads elsewhere has no file.
+    if (nameBelow(product) && platform.files.fileExists(path)) {
       files.push_back(std::move(path));
     }
   }

@@ -341,10 +341,6 @@ std::string displayWithoutPlaces(const Tokens& tokens, double value) {
 
 }  // namespace
 
-std::string generalNumber(double value) {
-  return (value < 0 ? "-" : "") + generalSize(Decimal::of(value));
-}
-
 std::string displayNumber(const FormatSection& section, double value) {
   const Tokens& tokens = section.tokens;
   if (!section.has(Kind::kDigit) || section.has(Kind::kGeneral)) {

@@ -219,24 +219,6 @@ Operations keywordAndLinkChanges() {
   };
 }
 
-BookValuatorArguments additionOf(const std::string& toc, std::int16_t kind) {
-  return {.vstrtocpath = toc,
-          .vstrQuorTOcPath = at(kCatalogue),
-          .vintType = kind,
-          .vstrProductName = "Plant",
-          .vstrBookName = kind == 1 ? "" : "Pumps",
-          .vstrBookAcro = kind == 1 ? "" : "PMP",
-          .vstrCategory = "Safety",
-          .vstrKeywordsPath = at(kKeywords),
-          .vstrBookCategoryPath = at(kCategories),
-          .strKeyWords = "horn;hoot",
-          .strCategory = "Safety;Maps",
-          .spath = at(kKeywords),
-          .vlngInstallType = 0,
-          .blnChkCateFlag = false,
-          .strServerPath = "C:\\Docs\\"};
-}
-
 Operations additions() {
   return {
       {"Book_Valuator of a text",
@@ -260,6 +242,24 @@ Operations additions() {
 }
 
 }  // namespace
+
+BookValuatorArguments additionOf(const std::string& toc, std::int16_t kind) {
+  return {.vstrtocpath = toc,
+          .vstrQuorTOcPath = at(kCatalogue),
+          .vintType = kind,
+          .vstrProductName = "Plant",
+          .vstrBookName = kind == 1 ? "" : "Pumps",
+          .vstrBookAcro = kind == 1 ? "" : "PMP",
+          .vstrCategory = "Safety",
+          .vstrKeywordsPath = at(kKeywords),
+          .vstrBookCategoryPath = at(kCategories),
+          .strKeyWords = "horn;hoot",
+          .strCategory = "Safety;Maps",
+          .spath = at(kKeywords),
+          .vlngInstallType = 0,
+          .blnChkCateFlag = false,
+          .strServerPath = "C:\\Docs\\"};
+}
 
 const std::vector<LibraryOperation>& libraryOperations() {
   static const Operations kAll = [] {

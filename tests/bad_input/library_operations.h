@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "tests/bad_input/whole_library.h"
+#include "workflow/driver/book_valuator.h"
 #include "workflow/forms/module.h"
 
 namespace quorbind::testing {
@@ -23,6 +25,10 @@ struct LibraryOperation {
 void PrintTo(const LibraryOperation& operation, std::ostream* out);
 /// Its name as a part of a test's name.
 std::string identifierOf(const ::testing::TestParamInfo<LibraryOperation>& parameter);
+
+/// The arguments that add the table of contents `toc`, of that kind, to the library, with all that
+/// a host can give. A book file has a name of its own.
+BookValuatorArguments additionOf(const std::string& toc, std::int16_t kind);
 
 /// Every operation that reads or changes a file of a library, and the whole addition of a book.
 const std::vector<LibraryOperation>& libraryOperations();

@@ -106,6 +106,30 @@ std::string PackedFile::bytes(std::string_view comment) const {
          littleEndian<2>(comment.size()) + std::string(comment);
 }
 
+std::map<std::string, std::string> smallWorkbook() {
+  return {{"_rels/.rels",
+           "<Relationships><Relationship Id=\"a\" Type=\"x/officeDocument\" "
+           "Target=\"xl/workbook.xml\"/></Relationships>"},
+          {"xl/workbook.xml",
+           "<workbook xmlns:r=\"o\"><sheets><sheet r:id=\"s\"/></sheets></workbook>"},
+          {"xl/_rels/workbook.xml.rels",
+           "<Relationships><Relationship Id=\"s\" Type=\"x/worksheet\" Target=\"sheet.xml\"/>"
+           "<Relationship Id=\"t\" Type=\"x/sharedStrings\" Target=\"texts.xml\"/>"
+           "<Relationship Id=\"y\" Type=\"x/styles\" Target=\"styles.xml\"/></Relationships>"},
+          {"xl/sheet.xml",
+           "<worksheet><sheetData><row><c t=\"s\"><v>0</v></c></row></sheetData></worksheet>"},
+          {"xl/texts.xml", "<sst><si><t>text</t></si></sst>"},
+          {"xl/styles.xml", "<styleSheet><cellXfs></cellXfs></styleSheet>"}};
+}
+
+PackedFile smallWorkbookWith(std::string_view part, std::string_view bytes) {
+  PackedFile file;
+  for (const auto& [name, content] : smallWorkbook()) {
+    file.add(name, name == part ? bytes : content);
+  }
+  return file;
+}
+
 PackedWorkbook& PackedWorkbook::sheet(std::string rows, std::string_view kind) {
   sheets_.push_back({std::move(rows), std::string(kind), {}});
   return *this;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,12 @@ class PackedFile {
   std::string parts_;
   std::vector<Entry> entries_;
 };
+
+/// The parts of a workbook, by their names. Its one sheet is `xl/sheet.xml`, whose first cell shows
+/// the shared text "text" of `xl/texts.xml`.
+std::map<std::string, std::string> smallWorkbook();
+/// The same packed, with other bytes in one part.
+PackedFile smallWorkbookWith(std::string_view part, std::string_view bytes);
 
 /// A packed workbook put together from the XML of its sheets. Each text is what stands inside of
 /// the element that the method is named after.

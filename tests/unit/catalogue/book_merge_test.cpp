@@ -55,6 +55,24 @@ TEST_F(BookMerge, CopiesLinkAndCategoriesIntoTheEntryAndIntoTheBookFile) {
   EXPECT_EQ(world_.disk.read("Other/Quor_TOC.xml"), other);
 }
 
+TEST_F(BookMerge, LeavesABookFileAloneThatTheEntryLeadsOutOfTheLibraryTo) {
+  const BookCase before{"Alarms", "ALM", "", {"Old"}};
+  const BookCase after{"Alarms", "ALM", "ALM@QUOR@1", {"New"}};
+  for (const char* folder : {"..\\Other", "Manual\\..\\..\\Other", "C:\\Other"}) {
+    const auto outside = [folder](const BookCase& book) {
+      return catalogueWith(replaceAll(entryOf(book), "Manual", folder));
+    };
+    writeMain(outside(before));
+    writeOther(catalogueWith(entryOf(after)));
+    world_.disk.write("Other/Book_ALM.xml", bookXmlOf(before));
+    merge();
+
+    EXPECT_THAT(record(), IsEmpty()) << folder;
+    EXPECT_EQ(file("Main/Quor_TOC.xml"), outside(after)) << folder;
+    EXPECT_EQ(file("Other/Book_ALM.xml"), bookXmlOf(before)) << folder;
+  }
+}
+
 TEST_F(BookMerge, TakesAwayWhatTheOtherCatalogueDoesNotHave) {
   const BookCase before{"Alarms", "ALM", "old link", {"Old", "Older"}};
   const BookCase after{"Alarms", "ALM", "", {}};

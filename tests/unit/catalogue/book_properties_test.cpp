@@ -100,6 +100,23 @@ class BookProperties : public ::testing::Test {
 
 // In the same folder
 
+TEST_F(BookProperties, AreNotWrittenToABookFileThatTheEntryLeadsOutOfTheLibraryTo) {
+  const auto outside = [](const std::string& entry) {
+    return catalogueWith(replaceAll(entry, "Manual", "..\\Other"));
+  };
+  writeCatalogue(outside(entryWith(kEntryCategories)));
+  world_.disk.write("Other/Book_ALM.xml", bookXmlWith("old link", kBookCategories));
+
+  EXPECT_TRUE(set("..\\Other"));
+  EXPECT_EQ(catalogue(), outside(entryWith(kNewEntryCategories)));
+  EXPECT_EQ(file("Other/Book_ALM.xml"), bookXmlWith("old link", kBookCategories));
+
+  const auto before = world_.disk.contents();
+  EXPECT_FALSE(set("New"));
+  EXPECT_EQ(world_.disk.contents(), before);
+  EXPECT_THAT(boxes(), IsEmpty());
+}
+
 TEST_F(BookProperties, ChangeTheEntrysCategoriesAndTheBookFilesCategoriesAndLink) {
   EXPECT_TRUE(set("Manual"));
   EXPECT_EQ(catalogue(), changedCatalogue());

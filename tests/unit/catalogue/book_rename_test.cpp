@@ -93,6 +93,20 @@ TEST_F(BookRenaming, ChangesTheBookFileWhatIsInItAndTheEntry) {
   EXPECT_EQ(file("Lib/Manual/Book_WRN.xml"), bookXml("Warnings", "WRN"));
 }
 
+TEST_F(BookRenaming, ChangesTheEntryAloneWhereThatLeadsOutOfTheLibrary) {
+  const auto outside = [](const std::string& entry) {
+    return catalogueWith(replaceAll(entry, "Manual", "..\\Other"));
+  };
+  world_.disk.write("Lib/Quor_TOC.xml", outside(bookEntry("Alarms", "ALM")));
+  world_.disk.write("Other/Book_ALM.xml", bookXml("Alarms", "ALM"));
+  rename("Alarms", "Warnings", "WRN");
+
+  EXPECT_THAT(record(), IsEmpty());
+  EXPECT_EQ(catalogue(), outside(entryWithFileOf("Warnings", "WRN", "ALM")));
+  EXPECT_EQ(file("Other/Book_ALM.xml"), bookXml("Alarms", "ALM"));
+  EXPECT_FALSE(world_.disk.has("Other/Book_WRN.xml"));
+}
+
 TEST_F(BookRenaming, TakesTheValuesThatTheUserEnteredWhenTheHostAsked) {
   world_.user.answerWith(enterBook("Warnings", "WRN"));
   EXPECT_TRUE(mbGetFormInput(world_.module, "", 1));

@@ -160,6 +160,15 @@ TEST_F(TakenLink, IsOneThatAnyProductHasBlanksLeftOut) {
   EXPECT_EQ(world_.user.messages()[0].title, std::nullopt);
 }
 
+TEST_F(TakenLink, IsNotLookedForWhereAProductsNameLeadsOutOfTheServersFolder) {
+  world_.disk.write("Docs/Quor_Selection.xml",
+                    "<Quor_Selection_List><Quors><Quor><Quor_Name>..\\Other</Quor_Name></Quor>"
+                    "</Quors></Quor_Selection_List>");
+  world_.disk.write("Other/Quor_LinkID.xml", linksWith(link("X1", "F", "s", "A")));
+  EXPECT_FALSE(check("X1"));
+  EXPECT_THAT(boxes(), IsEmpty());
+}
+
 TEST_F(TakenLink, IsExactInLetterCase) {
   EXPECT_FALSE(check("x1"));
   EXPECT_FALSE(check("X"));

@@ -71,6 +71,26 @@ TEST(CompoundFile, AChainThatRunsInACircleIsRefused) {
   EXPECT_THROW(CompoundFile{bytes}, WorkbookRefusal);
 }
 
+TEST(CompoundFile, ASectorOfASizeThatNoneHasIsRefused) {
+  std::string bytes = compoundFile({{"One", "1"}});
+  bytes.replace(30, 2, littleEndian<2>(10));
+  EXPECT_THROW(CompoundFile{bytes}, WorkbookRefusal);
+}
+
+TEST(CompoundFile, ADirectoryWithoutEntriesIsRefused) {
+  std::string bytes = compoundFile({{"One", "1"}});
+  bytes.replace(48, 4, littleEndian<4>(0xFFFFFFFE));
+  EXPECT_THROW(CompoundFile{bytes}, WorkbookRefusal);
+}
+
+TEST(CompoundFile, AStreamThatIsShorterThanItSaysIsRefused) {
+  std::string bytes = compoundFile({{"Long", std::string(5000, 'l')}});
+  const std::size_t size = bytes.find(littleEndian<4>(5000) + littleEndian<4>(0));
+  ASSERT_NE(size, std::string::npos);
+  bytes.replace(size, 4, littleEndian<4>(6'000'000));
+  EXPECT_THROW(static_cast<void>(CompoundFile(bytes).stream("Long")), WorkbookRefusal);
+}
+
 TEST(CompoundFile, ADirectoryThatRunsInACircleIsRefused) {
   std::string bytes = compoundFile({{"One", "1"}, {"Two", "2"}});
   std::string name;

@@ -114,6 +114,7 @@ TEST(NumberFormat, FractionsAreTheNearestOnesThatFit) {
   EXPECT_EQ(shown("# ?/?", 0.3), " 2/7");
   EXPECT_EQ(shown("# ?\?/?\?", 0.3), "  3/10");
   EXPECT_EQ(shown("# ?/?", 5.99), "6    ");
+  EXPECT_EQ(shown("# ?/?\?", 1.5), "1 1/2 ");
   EXPECT_EQ(shown("# ?/?", 0), "0    ");
   EXPECT_EQ(shown("?/?", 1.5), "3/2");
   EXPECT_EQ(shown("# ?/8", 1.75), "1 6/8");
@@ -143,10 +144,20 @@ TEST(NumberFormat, ConditionsChooseTheSection) {
   EXPECT_EQ(shown(kCode, 100), "many");
   EXPECT_EQ(shown(kCode, -3), "few");
   EXPECT_EQ(shown(kCode, 7), "7");
+  EXPECT_EQ(shown("[<=100]0;0.0", 100), "100");
+  EXPECT_EQ(shown("[<=100]0;0.0", 101), "101.0");
   EXPECT_EQ(shown("[=1]\"one\";[<>2]\"other\";0", 1), "one");
   EXPECT_EQ(shown("[=1]\"one\";[<>2]\"other\";0", 3), "other");
   EXPECT_EQ(shown("[=1]\"one\";[<>2]\"other\";0", 2), "2");
   EXPECT_EQ(shown("[>5]0", 3), kNotShown);
+}
+
+TEST(NumberFormat, ASectionWithoutAConditionIsForWhatTheOnesBeforeItLeave) {
+  EXPECT_EQ(shown("[>100]\"many\";0;\"rest\"", 101), "many");
+  EXPECT_EQ(shown("[>100]\"many\";0;\"rest\"", -3), "3");
+  EXPECT_EQ(shown("[>100]\"many\";0;\"rest\"", 50), "rest");
+  EXPECT_EQ(shown("0;[<-5]\"low\";\"rest\"", 7), "7");
+  EXPECT_EQ(shown("0;[<-5]\"low\";\"rest\"", -9), "low");
 }
 
 TEST(NumberFormat, TextsAreShownByTheSectionForThem) {
