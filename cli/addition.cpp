@@ -476,6 +476,11 @@ ExitStatus Addition::judge(const TocFile& toc, bool finished) {
         "the book was added, but " + nativeName(fileOfWriteError(book)) + std::string(kNotWritten);
     return ExitStatus::kWriteFailed;
   }
+  if (const auto& failed = wiring_.files.failedWrite()) {
+    // Nobody was told: the component passes over documents that can't be copied.
+    report_.note = "the book was added, but " + nativeName(*failed) + std::string(kNotWritten);
+    return ExitStatus::kWriteFailed;
+  }
   report_.note.clear();
   return ExitStatus::kDone;
 }
@@ -503,8 +508,8 @@ ExitStatus Addition::addBooks(const std::string& workbook) {
   }
   const std::optional<std::string> lost = lookForBooks();
   report_.added = report_.books.size() == survey_.books.size();
-  if (lost || wasWriteErrorShown()) {
-    const auto& failed = wiring_.files.failedWrite();
+  const auto& failed = wiring_.files.failedWrite();
+  if (lost || failed || wasWriteErrorShown()) {
     report_.note = nativeName(failed ? *failed : lost.value_or(library_.folder)) +
                    std::string(kNotWritten) + "; " + countOfBooks();
     return ExitStatus::kWriteFailed;

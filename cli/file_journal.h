@@ -42,6 +42,7 @@ class FileJournal final : public FileSystem {
   }
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
+  [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
   [[nodiscard]] std::string absolutePath(std::string_view path) override {
@@ -59,6 +60,7 @@ class FileJournal final : public FileSystem {
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
+  class WatchedCopies;
   class WatchedReplacement;
 
   /// Runs a step that changes what stands at `path`.

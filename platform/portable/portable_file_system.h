@@ -9,6 +9,7 @@
 #include "platform/file_system.h"
 #include "platform/portable/drive_name.h"
 #include "platform/portable/path_finder.h"
+#include "platform/portable/system_call.h"
 
 namespace quorbind {
 
@@ -32,6 +33,7 @@ class PortableFileSystem final : public FileSystem {
   [[nodiscard]] bool folderExists(std::string_view path) override;
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
+  [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
   [[nodiscard]] std::string absolutePath(std::string_view path) override;
@@ -41,6 +43,14 @@ class PortableFileSystem final : public FileSystem {
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
+  class Copies;
+
+  /// Both ends of a copy. Raises what copyFile raises for them.
+  struct CopyWay {
+    FileDescriptor source;
+    std::string target;
+  };
+  [[nodiscard]] CopyWay findCopyWay(std::string_view from, std::string_view to);
   [[nodiscard]] DriveName nameOf(std::string_view name) const;
   [[nodiscard]] std::string workingFolder() const;
   /// Raises 76 for a drive that does not exist.

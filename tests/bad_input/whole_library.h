@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "tests/contract/adapters.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/paper_spreadsheets.h"
 #include "tests/support/scripted_user_interface.h"
 #include "tests/support/world.h"
 
@@ -55,7 +57,10 @@ class WholeLibrary {
   void reset();
 
   MemoryFiles files;
+  /// Between the component and that disk.
+  FailingFiles calls{files};
   ScriptedUserInterface user;
+  PaperSpreadsheets spreadsheets;
 
  private:
   std::unique_ptr<Adapters> adapters_;
