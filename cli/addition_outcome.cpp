@@ -37,6 +37,11 @@ ExitStatus AdditionOutcome::judge(const TocFile& toc, bool finished) {
         "the book was added, but " + nativeName(fileOfWriteError(book)) + std::string(kNotWritten);
     return ExitStatus::kWriteFailed;
   }
+  if (const auto& failed = run_.wiring.files.failedWrite()) {
+    // Nobody was told: the component passes over documents that can't be copied.
+    run_.report.note = "the book was added, but " + nativeName(*failed) + std::string(kNotWritten);
+    return ExitStatus::kWriteFailed;
+  }
   run_.report.note.clear();
   return ExitStatus::kDone;
 }
@@ -65,8 +70,8 @@ ExitStatus AdditionOutcome::judgeBooks(const std::function<bool()>& call) {
   }
   const std::optional<std::string> lost = lookForBooks();
   run_.report.added = run_.report.books.size() == run_.survey.books.size();
-  if (lost || wasWriteErrorShown()) {
-    const auto& failed = run_.wiring.files.failedWrite();
+  const auto& failed = run_.wiring.files.failedWrite();
+  if (lost || failed || wasWriteErrorShown()) {
     run_.report.note = nativeName(failed ? *failed : lost.value_or(run_.library.folder)) +
                        std::string(kNotWritten) + "; " + countOfBooks();
     return ExitStatus::kWriteFailed;

@@ -39,6 +39,27 @@ class FileJournal::WatchedReplacement final : public FileReplacement {
   std::unique_ptr<FileReplacement> replacement_;
 };
 
+class FileJournal::WatchedCopies final : public CopySeries {
+ public:
+  explicit WatchedCopies(FileJournal& journal)
+      : journal_(journal), copies_(journal.files_.beginCopies()) {}
+
+  void copy(std::string_view from, std::string_view to) override {
+    journal_.changing(to, [&] { copies_->copy(from, to); });
+    journal_.note({FileChange::Kind::kWritten, std::string(to)});
+    last_ = to;
+  }
+  void flush() override {
+    journal_.changing(last_, [&] { copies_->flush(); });
+  }
+
+ private:
+  FileJournal& journal_;
+  std::unique_ptr<CopySeries> copies_;
+  /// Stands for all of them where they could not be flushed.
+  std::string last_;
+};
+
 void FileJournal::createFolder(std::string_view path) {
   changing(path, [&] { files_.createFolder(path); });
   note({FileChange::Kind::kFolderMade, std::string(path)});
@@ -47,6 +68,10 @@ void FileJournal::createFolder(std::string_view path) {
 void FileJournal::copyFile(std::string_view from, std::string_view to) {
   changing(to, [&] { files_.copyFile(from, to); });
   note({FileChange::Kind::kWritten, std::string(to)});
+}
+
+std::unique_ptr<CopySeries> FileJournal::beginCopies() {
+  return std::make_unique<WatchedCopies>(*this);
 }
 
 void FileJournal::moveFile(std::string_view from, std::string_view to) {

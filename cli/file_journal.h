@@ -42,6 +42,7 @@ class FileJournal final : public FileSystem {
   }
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
+  [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
   [[nodiscard]] std::string absolutePath(std::string_view path) override {
@@ -53,12 +54,16 @@ class FileJournal final : public FileSystem {
   [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
     return files_.namesIn(folder);
   }
+  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override {
+    return files_.fileNamesIn(folder);
+  }
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
     return files_.open(path);
   }
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
+  class WatchedCopies;
   class WatchedReplacement;
 
   /// Runs a step that changes what stands at `path`.

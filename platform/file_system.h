@@ -35,6 +35,22 @@ class FileReplacement {
   virtual void commit() = 0;
 };
 
+/// Copies of any number of files that are flushed together, because a flush for each would take
+/// most of the time.
+///
+/// Every copy comes under its name in one step and whole, as FileSystem::copyFile promises for a
+/// process that ends at any moment. That it outlasts the machine is promised by `flush` alone.
+class CopySeries {
+ public:
+  virtual ~CopySeries() = default;
+
+  /// As FileSystem::copyFile, errors included.
+  virtual void copy(std::string_view from, std::string_view to) = 0;
+  /// Flushes what was copied since the last flush. Raises 61 or 57; what could not be flushed then
+  /// is not tried again.
+  virtual void flush() = 0;
+};
+
 /// Files and folders by name.
 ///
 /// Names are written with `\`; `/` and doubled separators are understood, and the name of a folder
@@ -59,9 +75,12 @@ class FileSystem {
   /// Creates one folder in an existing one. Raises 58 when it already exists.
   virtual void createFolder(std::string_view path) = 0;
 
-  /// Copies contents and permissions; the target is replaced whole, as by `replace`. Source and
-  /// target the same file: raises 70.
+  /// Copies contents and permissions; the target is replaced whole and flushed, as by `replace`.
+  /// Source and target the same file: raises 70.
   virtual void copyFile(std::string_view from, std::string_view to) = 0;
+  /// Begins a series of copies, which the file system has to outlive. Unless an adapter knows
+  /// better, each of them is a `copyFile`, and there is nothing left to flush.
+  [[nodiscard]] virtual std::unique_ptr<CopySeries> beginCopies();
   /// Renames, also across folders. Raises 58 when another file stands at `to`; a file moved onto
   /// itself, or to another letter case of its own name, is a success.
   virtual void moveFile(std::string_view from, std::string_view to) = 0;

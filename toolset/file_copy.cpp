@@ -24,6 +24,7 @@ namespace quorbind {
 namespace {
 
 constexpr std::array<std::string_view, 2> kPageExtensions{".HTM", ".HTML"};
+constexpr std::string_view kXmlExtension = ".XML";
 constexpr char kBookmark = '#';
 /// What a library and the server are known by.
 constexpr std::array<std::string_view, 2> kListFiles{catalogue_names::kFile,
@@ -77,15 +78,10 @@ class DocumentNames final : public XmlScanHandler {
   std::vector<std::string> names_;
 };
 
-void copyInto(FileSystem& files, std::string_view source, std::string_view target) {
-  makeFolders(files, folderOf(target));
-  files.copyFile(source, target);
-}
-
-void bringIntoPlace(FileSystem& files, std::string_view source, std::string_view target) {
-  if (!files.sameFile(source, target)) {
-    copyInto(files, source, target);
-  }
+/// Whether a file is one of the library's own kind, which have to be whole at any moment, also
+/// when the machine goes down.
+bool isXml(std::string_view name) {
+  return upperCaseAscii(name).ends_with(kXmlExtension);
 }
 
 /// Brings documents from their folders into one target folder, as far as they can be had. Their
@@ -94,11 +90,13 @@ class DocumentCopy {
  public:
   /// `settled` holds the places that this or an earlier copy has seen to.
   DocumentCopy(FileSystem& files,
+               CopySeries& copies,
                const Locale& locale,
                FolderListings& listings,
                NameSet& settled,
                std::string targetFolder)
       : files_(files),
+        copies_(copies),
         locale_(locale),
         listings_(listings),
         settled_(settled),
@@ -149,8 +147,12 @@ class DocumentCopy {
 
   /// Answers whether it succeeded.
   bool bring(const std::string& folder, const std::string& name) {
-    return ignoringErrors([&] { bringIntoPlace(files_, folder + name, targetFolder_ + name); }) ==
-           0;
+    return ignoringErrors([&] {
+             if (!files_.sameFile(folder + name, targetFolder_ + name)) {
+               makeFolders(files_, folderOf(targetFolder_ + name));
+               copies_.copy(folder + name, targetFolder_ + name);
+             }
+           }) == 0;
   }
 
   void copyLinkedFilesOf(const Page& page) {
@@ -185,6 +187,7 @@ class DocumentCopy {
   bool settle(const std::string& name) { return settled_.add(targetFolder_ + name); }
 
   FileSystem& files_;
+  CopySeries& copies_;
   const Locale& locale_;
   FolderListings& listings_;
   NameSet& settled_;
@@ -193,6 +196,18 @@ class DocumentCopy {
 };
 
 }  // namespace
+
+ReferenceFileCopy::ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const Locale& locale)
+    : files_(files),
+      xml_(xml),
+      locale_(locale),
+      copies_(files.beginCopies()),
+      listings_(files, locale),
+      settled_(locale) {}
+
+ReferenceFileCopy::~ReferenceFileCopy() {
+  ignoringErrors([this] { copies_->flush(); });
+}
 
 bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
                                     std::string_view source,
@@ -209,11 +224,20 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
       isInPlace = true;
       return;
     }
-    copyInto(files_, from, to);
+    copyItself(from, to);
     isInPlace = true;
     copyWhatBelongsTo(from, to, wasMovedIntoBookFolder(source, destination));
   });
   return isInPlace;
+}
+
+void ReferenceFileCopy::copyItself(const std::string& source, const std::string& target) {
+  makeFolders(files_, folderOf(target));
+  if (isXml(source)) {
+    files_.copyFile(source, target);
+  } else {
+    copies_->copy(source, target);
+  }
 }
 
 std::string ReferenceFileCopy::targetFor(std::string_view source,
@@ -246,7 +270,8 @@ void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
                                           bool hasTableAbove) {
   const std::string folder(folderPartOf(source));
   const std::string fileName(fileNameOf(source));
-  DocumentCopy documents(files_, locale_, listings_, settled_, std::string(folderPartOf(target)));
+  DocumentCopy documents(
+      files_, *copies_, locale_, listings_, settled_, std::string(folderPartOf(target)));
   documents.add(folder, fileName);
   DocumentNames named(locale_);
   if (!isPage(fileName) && xml_.scan(source, named)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,7 @@
 
 namespace quorbind {
 
+class CopySeries;
 class FileSystem;
 class Locale;
 class XmlLibrary;
@@ -29,7 +31,9 @@ class XmlLibrary;
 /// What is missing or can't be copied is passed over, and changes nothing in the result.
 ///
 /// An object serves one book. For as long as it lives it looks at a folder once, and brings a file
-/// that several pages link to once, also when the pages are handed over one by one.
+/// that several pages link to once, also when the pages are handed over one by one. An XML file
+/// that is handed over is flushed at once; documents are flushed together when the object goes, and
+/// one that could not be is like one that could not be copied.
 ///
 /// Names in documents are confined: one with a drive, a scheme, a root or a device in it, or that
 /// leads out by `..`, is never looked at. In a folder that holds a library's catalogue or the
@@ -37,8 +41,10 @@ class XmlLibrary;
 class ReferenceFileCopy final : public FileCopy {
  public:
   /// Kept by reference.
-  ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const Locale& locale)
-      : files_(files), xml_(xml), locale_(locale), listings_(files, locale), settled_(locale) {}
+  ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const Locale& locale);
+  ~ReferenceFileCopy() override;
+  ReferenceFileCopy(const ReferenceFileCopy&) = delete;
+  ReferenceFileCopy& operator=(const ReferenceFileCopy&) = delete;
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
@@ -46,6 +52,7 @@ class ReferenceFileCopy final : public FileCopy {
                    std::int16_t reservedDialog) override;
 
  private:
+  void copyItself(const std::string& source, const std::string& target);
   [[nodiscard]] std::string targetFor(std::string_view source, std::string_view destination) const;
   [[nodiscard]] bool wasMovedIntoBookFolder(std::string_view source,
                                             std::string_view destination) const;
@@ -54,6 +61,7 @@ class ReferenceFileCopy final : public FileCopy {
   FileSystem& files_;
   XmlLibrary& xml_;
   const Locale& locale_;
+  std::unique_ptr<CopySeries> copies_;
   FolderListings listings_;
   NameSet settled_;
 };

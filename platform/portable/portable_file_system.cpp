@@ -135,6 +135,27 @@ class FileReader final : public ByteReader {
 
 }  // namespace
 
+class PortableFileSystem::Copies final : public CopySeries {
+ public:
+  explicit Copies(PortableFileSystem& files) : files_(files) {}
+
+  void copy(std::string_view from, std::string_view to) override {
+    const CopyWay way = files_.findCopyWay(from, to);
+    SiblingReplacement replacement(way.target);
+    replacement.copyFrom(way.source);
+    replacement.commitUnflushed(disks_);
+  }
+  void flush() override {
+    if (const int error = disks_.flush(); error != 0) {
+      raiseSystemError(error, files_.root_);
+    }
+  }
+
+ private:
+  PortableFileSystem& files_;
+  UnflushedDisks disks_;
+};
+
 PortableFileSystem::PortableFileSystem(const fs::path& driveRoot)
     : root_(withoutLinks(driveRoot)), finder_(root_) {}
 
@@ -164,13 +185,12 @@ void PortableFileSystem::createFolder(std::string_view path) {
 }
 
 void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {
-  const PathFinder::Place origin = locateFile(nameOf(from));
-  const FileDescriptor source = openForReading(origin.path);
-  const PathFinder::Place target = locateFile(nameOf(to));
-  if (isSame(statusOf(origin.path), statusOf(target.path))) {
-    raise(ErrorNumber::kPermissionDenied);
-  }
-  copyTo(target.path, source);
+  const CopyWay way = findCopyWay(from, to);
+  copyTo(way.target, way.source);
+}
+
+std::unique_ptr<CopySeries> PortableFileSystem::beginCopies() {
+  return std::make_unique<Copies>(*this);
 }
 
 void PortableFileSystem::moveFile(std::string_view from, std::string_view to) {
@@ -249,6 +269,17 @@ std::unique_ptr<ByteReader> PortableFileSystem::open(std::string_view path) {
 
 std::unique_ptr<FileReplacement> PortableFileSystem::replace(std::string_view path) {
   return std::make_unique<SiblingReplacement>(locateFile(nameOf(path)).path);
+}
+
+PortableFileSystem::CopyWay PortableFileSystem::findCopyWay(std::string_view from,
+                                                            std::string_view to) {
+  const PathFinder::Place origin = locateFile(nameOf(from));
+  FileDescriptor source = openForReading(origin.path);
+  PathFinder::Place target = locateFile(nameOf(to));
+  if (isSame(statusOf(origin.path), statusOf(target.path))) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  return {std::move(source), std::move(target.path)};
 }
 
 DriveName PortableFileSystem::nameOf(std::string_view name) const {

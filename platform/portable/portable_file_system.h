@@ -33,6 +33,7 @@ class PortableFileSystem final : public FileSystem {
   [[nodiscard]] bool folderExists(std::string_view path) override;
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
+  [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
   [[nodiscard]] std::string absolutePath(std::string_view path) override;
@@ -44,6 +45,14 @@ class PortableFileSystem final : public FileSystem {
 
  private:
   [[nodiscard]] std::vector<std::string> list(std::string_view folder, Listed listed);
+  class Copies;
+
+  /// Both ends of a copy. Raises what copyFile raises for them.
+  struct CopyWay {
+    FileDescriptor source;
+    std::string target;
+  };
+  [[nodiscard]] CopyWay findCopyWay(std::string_view from, std::string_view to);
   [[nodiscard]] DriveName nameOf(std::string_view name) const;
   [[nodiscard]] std::string workingFolder() const;
   /// Raises 76 for a drive that does not exist.

@@ -12,6 +12,7 @@
 #include <random>
 #include <system_error>
 
+#include "platform/portable/extended_attributes.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -80,12 +81,13 @@ void setPermissions(const FileDescriptor& file, mode_t permissions) {
   static_cast<void>(::fchmod(file.number(), permissions & kPermissionBits));
 }
 
-void takeOver(const FileDescriptor& file, const Status& old) {
+void takeOver(const FileDescriptor& file, const std::string& oldPath, const Status& old) {
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
   if (::fchown(file.number(), old.st_uid, old.st_gid) != 0) {
     static_cast<void>(::fchown(file.number(), kSameOwner, old.st_gid));
   }
   setPermissions(file, old.st_mode);
+  copyExtendedAttributes(oldPath, file);
 }
 
 /// Makes the rename itself last. By then the new file stands under its name and nothing can be
@@ -109,7 +111,7 @@ SiblingReplacement::SiblingReplacement(const std::string& path) : target_(endOfL
     raiseSystemError(errno, target_);
   }
   if (old) {
-    takeOver(file_, *old);
+    takeOver(file_, target_, *old);
   }
 }
 
@@ -132,12 +134,20 @@ void SiblingReplacement::write(std::string_view bytes) {
 void SiblingReplacement::commit() {
   requireOpen();
   flushBuffer();
-  if (uninterrupted([this] { return ::fsync(file_.number()); }) != 0 || !file_.close() ||
-      ::rename(temporary_.c_str(), target_.c_str()) != 0) {
+  if (uninterrupted([this] { return ::fsync(file_.number()); }) != 0) {
     fail(errno);
   }
-  temporary_.clear();
+  putUnderName();
   flushFolderOf(target_);
+}
+
+void SiblingReplacement::commitUnflushed(UnflushedDisks& disks) {
+  requireOpen();
+  flushBuffer();
+  if (!disks.add(file_)) {
+    fail(errno);
+  }
+  putUnderName();
 }
 
 void SiblingReplacement::copyFrom(const FileDescriptor& source) {
@@ -172,6 +182,13 @@ void SiblingReplacement::writeThrough(std::string_view bytes) {
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
+}
+
+void SiblingReplacement::putUnderName() {
+  if (!file_.close() || ::rename(temporary_.c_str(), target_.c_str()) != 0) {
+    fail(errno);
+  }
+  temporary_.clear();
 }
 
 void SiblingReplacement::requireOpen() const {

@@ -5,6 +5,7 @@
 
 #include "platform/file_system.h"
 #include "platform/portable/system_call.h"
+#include "platform/portable/unflushed_disks.h"
 
 namespace quorbind {
 
@@ -17,9 +18,10 @@ inline constexpr std::string_view kTemporaryExtension = ".tmp";
 /// Replaces a file by writing a temporary in the same folder and renaming it over the file.
 ///
 /// A symbolic link at the file's name stays; the file that it leads to is replaced. The temporary
-/// has the old file's permissions, and its owner where the process may give it away, before the
-/// first byte is written to it. Once a write or a flush has failed the temporary is gone and every
-/// further call raises 57: bytes that a failed flush has dropped would not be written by another.
+/// has the old file's permissions, access list and other extended attributes, and its owner where
+/// the process may give it away, before the first byte is written to it. Once a write or a flush
+/// has failed the temporary is gone and every further call raises 57: bytes that a failed flush has
+/// dropped would not be written by another.
 class SiblingReplacement final : public FileReplacement {
  public:
   /// Begins to replace (or create) the file at `path`. Raises what FileSystem::replace raises.
@@ -30,6 +32,8 @@ class SiblingReplacement final : public FileReplacement {
 
   void write(std::string_view bytes) override;
   void commit() override;
+  /// The same, but leaves the flush to `disks`.
+  void commitUnflushed(UnflushedDisks& disks);
 
   /// Writes everything from here to the end of `source`, and takes its permissions instead of those
   /// of the old file. Raises what `write` raises.
@@ -38,6 +42,8 @@ class SiblingReplacement final : public FileReplacement {
  private:
   void flushBuffer();
   void writeThrough(std::string_view bytes);
+  /// Closes the temporary and puts it under the name.
+  void putUnderName();
   void requireOpen() const;
   [[noreturn]] void fail(int error);
   void discard();

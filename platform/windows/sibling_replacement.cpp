@@ -186,7 +186,12 @@ void SiblingReplacement::commit() {
     fail(::GetLastError());
   }
   putUnderName();
-  temporary_.clear();
+}
+
+void SiblingReplacement::commitUnflushed() {
+  requireOpen();
+  flushBuffer();
+  putUnderName();
 }
 
 void SiblingReplacement::copyFrom(const std::wstring& source) {
@@ -239,6 +244,7 @@ void SiblingReplacement::putUnderName() {
   if (error != ERROR_SUCCESS) {
     fail(error);
   }
+  temporary_.clear();
   file_.close();
 }
 

@@ -31,10 +31,19 @@ class SiblingReplacement final : public FileReplacement {
 
   void write(std::string_view bytes) override;
   void commit() override;
+  /// The same, but leaves the flush of the file to the caller.
+  void commitUnflushed();
 
   /// Takes contents and attributes of the file at `source` instead of writing. Raises what `write`
   /// raises.
   void copyFrom(const std::wstring& source);
+
+  /// Where the file stands once it is committed.
+  [[nodiscard]] const std::wstring& target() const { return target_; }
+  /// Whether nobody may write to the file once it is committed, not even to flush it.
+  [[nodiscard]] bool becomesReadOnly() const {
+    return (attributes_ & FILE_ATTRIBUTE_READONLY) != 0;
+  }
 
  private:
   void flushBuffer();

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/runtime_error.h"
 #include "platform/windows/com_types.h"
@@ -132,6 +133,70 @@ std::vector<std::string> list(std::string_view folder, Accepts&& accepts) {
   return names;
 }
 
+/// Both ends of a copy.
+struct CopyWay {
+  std::wstring source;
+  std::wstring target;
+};
+
+/// Raises what copyFile raises for them.
+CopyWay findCopyWay(std::string_view from, std::string_view to) {
+  CopyWay way;
+  way.source = pathOfFile(from);
+  attributesOfFile(way.source);
+  way.target = pathOfFile(to);
+  if (isSameFile(way.source, way.target)) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  return way;
+}
+
+/// Flushes the file at `path`, unless somebody has taken it away. Answers an error.
+DWORD flushFile(const std::wstring& path) {
+  const Handle file = openFile(path, GENERIC_WRITE);
+  if (file && ::FlushFileBuffers(file.get()) != 0) {
+    return ERROR_SUCCESS;
+  }
+  const DWORD error = ::GetLastError();
+  return !file && error == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : error;
+}
+
+/// There is no flush of a whole disk for ordinary users. Flushed at the end, most files have been
+/// written by the system meanwhile, and what is left is to wait for each.
+class Copies final : public CopySeries {
+ public:
+  void copy(std::string_view from, std::string_view to) override {
+    const CopyWay way = findCopyWay(from, to);
+    SiblingReplacement replacement(way.target);
+    replacement.copyFrom(way.source);
+    if (replacement.becomesReadOnly()) {
+      // Nobody can open it for a flush any more.
+      replacement.commit();
+      return;
+    }
+    replacement.commitUnflushed();
+    unflushed_.push_back(replacement.target());
+  }
+
+  void flush() override {
+    DWORD firstError = ERROR_SUCCESS;
+    std::wstring firstPath;
+    for (std::wstring& path : std::exchange(unflushed_, {})) {
+      const DWORD error = flushFile(path);
+      if (error != ERROR_SUCCESS && firstError == ERROR_SUCCESS) {
+        firstError = error;
+        firstPath = std::move(path);
+      }
+    }
+    if (firstError != ERROR_SUCCESS) {
+      raiseSystemError(firstError, firstPath);
+    }
+  }
+
+ private:
+  std::vector<std::wstring> unflushed_;
+};
+
 class FileReader final : public ByteReader {
  public:
   explicit FileReader(Handle file) : file_(std::move(file)) {}
@@ -183,15 +248,14 @@ void WindowsFileSystem::createFolder(std::string_view path) {
 }
 
 void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
-  const std::wstring source = pathOfFile(from);
-  attributesOfFile(source);
-  const std::wstring target = pathOfFile(to);
-  if (isSameFile(source, target)) {
-    raise(ErrorNumber::kPermissionDenied);
-  }
-  SiblingReplacement replacement(target);
-  replacement.copyFrom(source);
+  const CopyWay way = findCopyWay(from, to);
+  SiblingReplacement replacement(way.target);
+  replacement.copyFrom(way.source);
   replacement.commit();
+}
+
+std::unique_ptr<CopySeries> WindowsFileSystem::beginCopies() {
+  return std::make_unique<Copies>();
 }
 
 void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {

@@ -20,6 +20,7 @@ class WindowsFileSystem final : public FileSystem {
   [[nodiscard]] bool folderExists(std::string_view path) override;
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
+  [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
   [[nodiscard]] std::string absolutePath(std::string_view path) override;

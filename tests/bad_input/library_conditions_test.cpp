@@ -32,21 +32,6 @@ class EveryOperation : public ::testing::TestWithParam<LibraryOperation> {
  protected:
   OperationEnd run() { return endOf(GetParam(), library_); }
 
-  /// Names of the files that differ between two trees, those that only one has included.
-  static std::vector<std::string> differences(const Tree& left, const Tree& right) {
-    std::vector<std::string> names;
-    for (const Tree* tree : {&left, &right}) {
-      for (const auto& [name, bytes] : *tree) {
-        const bool isSame =
-            left.contains(name) && right.contains(name) && left.at(name) == right.at(name);
-        if (!isSame && std::find(names.begin(), names.end(), name) == names.end()) {
-          names.push_back(name);
-        }
-      }
-    }
-    return names;
-  }
-
   WholeLibrary library_;
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "tests/bad_input/whole_library.h"
 
@@ -21,6 +23,22 @@ inline void take(WholeLibrary::Tree& tree,
   if (const auto found = source.find(name); found != source.end()) {
     tree.insert(*found);
   }
+}
+
+/// Names of the files that differ between two trees, those that only one has included.
+inline std::vector<std::string> differences(const WholeLibrary::Tree& left,
+                                            const WholeLibrary::Tree& right) {
+  std::vector<std::string> names;
+  for (const WholeLibrary::Tree* tree : {&left, &right}) {
+    for (const auto& [name, bytes] : *tree) {
+      const bool isSame =
+          left.contains(name) && right.contains(name) && left.at(name) == right.at(name);
+      if (!isSame && std::find(names.begin(), names.end(), name) == names.end()) {
+        names.push_back(name);
+      }
+    }
+  }
+  return names;
 }
 
 }  // namespace quorbind::testing

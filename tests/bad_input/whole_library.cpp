@@ -161,12 +161,12 @@ std::string componentPath(const std::string& file) {
 
 WholeLibrary::WholeLibrary()
     : adapters_(makeAdapters(std::filesystem::temp_directory_path())),
-      xml_(adapters_->makeXml(files)),
+      xml_(adapters_->makeXml(calls)),
       locale_(adapters_->locale()),
       toolset_(
-          std::make_unique<ReferenceToolset>(ToolsetPorts{files, *xml_, user, locale_}, "C:\\")),
-      spreadsheets_(files, *xml_),
-      platform_{files, *xml_, user, *toolset_, locale_, spreadsheets_} {
+          std::make_unique<ReferenceToolset>(ToolsetPorts{calls, *xml_, user, locale_}, "C:\\")),
+      spreadsheets_(calls, *xml_),
+      platform_{calls, *xml_, user, *toolset_, locale_, spreadsheets_} {
   for (const std::string& file : xmlFilesOfLibrary()) {
     files.write(file, soundText(file));
   }
@@ -190,6 +190,7 @@ WholeLibrary::WholeLibrary()
 
 void WholeLibrary::reset() {
   files.restore(sound_);
+  calls.reset();
   user.forget();
 }
 

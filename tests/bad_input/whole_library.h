@@ -10,6 +10,7 @@
 
 #include "platform/workbooks/file_spreadsheets.h"
 #include "tests/contract/adapters.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/scripted_user_interface.h"
 #include "tests/support/world.h"
@@ -56,6 +57,8 @@ class WholeLibrary {
   void reset();
 
   MemoryFiles files;
+  /// Between the component and that disk.
+  FailingFiles calls{files};
   ScriptedUserInterface user;
 
  private:

@@ -2,12 +2,14 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
-#include <fstream>
+#include <optional>
 
 #include "tests/cli/command_test.h"
 #include "tests/cli/open_toolbox.h"
 #include "tests/support/excel_sheets.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/workbook_bytes.h"
 
 namespace quorbind::testing {
@@ -214,17 +216,10 @@ class FullDisk : public CommandTest {
  protected:
   void SetUp() override {
     disk.makeFolder("server");
-    if (mount("tmpfs", server().c_str(), "tmpfs", 0, "size=256k") != 0) {
-      GTEST_SKIP() << "a small disk can't be mounted here: " << std::strerror(errno);
-    }
-    mounted_ = true;
+    small_.emplace(server(), "256k");
+    ASSERT_TRUE(small_->isMounted()) << SmallDisk::kNotMounted << std::strerror(errno);
     initLibrary();
     writeBook();
-  }
-  void TearDown() override {
-    if (mounted_) {
-      umount2(server().c_str(), MNT_DETACH);
-    }
   }
 
   [[nodiscard]] std::string server() const { return (disk.path() / "server").string(); }
@@ -274,18 +269,10 @@ class FullDisk : public CommandTest {
   }
 
   /// Leaves `pages` pages of the disk free.
-  void fillBut(std::size_t pages) const {
-    std::ofstream file(disk.path() / "server/filler", std::ios::binary);
-    const std::string page(4096, 'x');
-    while (file.write(page.data(), static_cast<std::streamsize>(page.size())).flush()) {
-    }
-    file.close();
-    const auto size = fs::file_size(disk.path() / "server/filler");
-    fs::resize_file(disk.path() / "server/filler", size - size % 4096 - pages * 4096);
-  }
+  void fillBut(std::size_t pages) const { small_->fillBut("filler", pages); }
 
  private:
-  bool mounted_ = false;
+  std::optional<SmallDisk> small_;
 };
 
 TEST_F(FullDisk, EveryFileIsOldOrNewAndTheCatalogueNamesOnlyBooksThatArrived) {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/portable/portable_file_system.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/read_only_files.h"
 #include "tests/support/temporary_folder.h"
@@ -69,6 +70,25 @@ TEST_F(Journal, RemembersTheFirstWriteThatFailed) {
   EXPECT_EQ(errorRaisedBy([&] { journal.createFolder(at("sub")); }), 70);
   EXPECT_EQ(journal.failedWrite(), "C:\\a.txt");
   EXPECT_THAT(journal.changes(), IsEmpty());
+}
+
+TEST_F(Journal, NotesTheCopiesOfASeries) {
+  const std::unique_ptr<CopySeries> copies = journal_.beginCopies();
+  copies->copy(at("a.txt"), at("b.txt"));
+  copies->flush();
+  EXPECT_THAT(journal_.changes(), ElementsAre(FileChange{Kind::kWritten, "C:\\b.txt"}));
+  EXPECT_FALSE(journal_.failedWrite());
+}
+
+TEST_F(Journal, RemembersTheLastCopyOfASeriesThatCouldNotBeFlushed) {
+  FailingFiles failing(disk_);
+  FileJournal journal(failing);
+  const std::unique_ptr<CopySeries> copies = journal.beginCopies();
+  failing.failAt(2, faultsOf(ChangingCall::Kind::kFlush).front());
+  copies->copy(at("a.txt"), at("b.txt"));
+  copies->copy(at("a.txt"), at("c.txt"));
+  EXPECT_EQ(errorRaisedBy([&] { copies->flush(); }), 57);
+  EXPECT_EQ(journal.failedWrite(), "C:\\c.txt");
 }
 
 TEST_F(Journal, WhatIsInTheWayIsNoFailedWrite) {

@@ -356,6 +356,65 @@ TEST_F(FileSystemContract, ACopyReplacesItsTargetWhole) {
                           std::pair("a.txt"s, "new"s)));
 }
 
+TEST_F(FileSystemContract, ASeriesCopiesAsASingleCopyDoes) {
+  const std::string bytes(300'000, 'x');
+  disk_.write("a.bin", bytes);
+  disk_.write("b.txt", "new");
+  disk_.write("Docs/b.txt", "a longer old text");
+  makeReadOnly("b.txt");
+
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+  copies->copy("C:\\a.bin", "C:\\Docs\\a.bin");
+  copies->copy("C:\\b.txt", "C:\\DOCS\\B.TXT");
+  copies->flush();
+
+  EXPECT_THAT(disk_.contents(),
+              ElementsAre(std::pair("Docs"s, "(folder)"s),
+                          std::pair("Docs/a.bin"s, bytes),
+                          std::pair("Docs/b.txt"s, "new"s),
+                          std::pair("a.bin"s, bytes),
+                          std::pair("b.txt"s, "new"s)));
+  EXPECT_TRUE(isReadOnly("Docs/b.txt"));
+}
+
+TEST_F(FileSystemContract, ACopyOfASeriesIsWholeBeforeItIsFlushed) {
+  disk_.write("a.txt", "a");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  copies->copy("C:\\a.txt", "C:\\b.txt");
+
+  EXPECT_EQ(disk_.read("b.txt"), "a");
+  EXPECT_THAT(files_.namesIn("C:\\"), ElementsAre("a.txt", "b.txt"));
+}
+
+TEST_F(FileSystemContract, ASeriesRefusesWhatASingleCopyRefuses) {
+  disk_.write("a.txt", "a");
+  disk_.makeFolder("Docs");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\missing.txt", "C:\\b.txt"); }), 53);
+  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\Missing\\a.txt"); }), 76);
+  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\Docs"); }), 75);
+  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\A.TXT"); }), 70);
+  copies->flush();
+  EXPECT_THAT(disk_.contents(),
+              ElementsAre(std::pair("Docs"s, "(folder)"s), std::pair("a.txt"s, "a"s)));
+}
+
+TEST_F(FileSystemContract, ASeriesMayBeFlushedAsOftenAsWanted) {
+  disk_.write("a.txt", "a");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+  copies->flush();
+  copies->copy("C:\\a.txt", "C:\\b.txt");
+  copies->flush();
+  copies->copy("C:\\a.txt", "C:\\c.txt");
+  // Somebody else takes it away before it is flushed.
+  files_.deleteFile("C:\\c.txt");
+  copies->flush();
+
+  EXPECT_THAT(files_.namesIn("C:\\"), ElementsAre("a.txt", "b.txt"));
+}
+
 TEST_F(FileSystemContract, TheCopyOfAReadOnlyFileIsReadOnly) {
   disk_.write("a.txt", "a");
   makeReadOnly("a.txt");

@@ -42,6 +42,7 @@ class FilesBelow final : public FileSystem {
   void copyFile(std::string_view from, std::string_view to) override {
     files_.copyFile(below(from), below(to));
   }
+  std::unique_ptr<CopySeries> beginCopies() override { return std::make_unique<Copies>(*this); }
   void moveFile(std::string_view from, std::string_view to) override {
     files_.moveFile(below(from), below(to));
   }
@@ -78,6 +79,20 @@ class FilesBelow final : public FileSystem {
   }
 
  private:
+  class Copies final : public CopySeries {
+   public:
+    explicit Copies(FilesBelow& files) : files_(files), copies_(files.files_.beginCopies()) {}
+
+    void copy(std::string_view from, std::string_view to) override {
+      copies_->copy(files_.below(from), files_.below(to));
+    }
+    void flush() override { copies_->flush(); }
+
+   private:
+    FilesBelow& files_;
+    std::unique_ptr<CopySeries> copies_;
+  };
+
   /// For questions that are answered, not refused, when no file can have the name.
   template <typename Question>
   bool ifNamed(std::string_view path, Question question) {

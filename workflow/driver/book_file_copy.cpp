@@ -45,7 +45,7 @@ class BookFileCopy {
         isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))) {}
 
   void copyFileAs(std::string_view name) {
-    if (!isLibrarysOwn(name)) {
+    if (!isLibrarysOwn(name) && !files_.sameFile(tocPath_, placeOf(name))) {
       ignoringErrors([&] { files_.copyFile(tocPath_, placeOf(name)); });
     }
   }

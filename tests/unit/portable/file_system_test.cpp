@@ -8,6 +8,7 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
@@ -18,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +31,7 @@
 #include "platform/portable/system_call.h"
 #include "platform/text.h"
 #include "tests/support/raised_error.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quorbind::testing {
@@ -82,6 +85,19 @@ class PortableFiles : public ::testing::Test {
   }
   [[nodiscard]] mode_t permissionsOf(std::string_view name) const {
     return statusOf(name).st_mode & 07777U;
+  }
+
+  void giveAttribute(std::string_view name, const char* attribute, const std::string& value) const {
+    ASSERT_EQ(::setxattr(systemPath(name).c_str(), attribute, value.data(), value.size(), 0), 0)
+        << "the file system of " << disk_.path() << " has no " << attribute;
+  }
+  [[nodiscard]] std::optional<std::string> attributeOf(std::string_view name,
+                                                       const char* attribute) const {
+    std::array<char, 100> value{};
+    const ssize_t size =
+        ::getxattr(systemPath(name).c_str(), attribute, value.data(), value.size());
+    return size < 0 ? std::nullopt
+                    : std::optional(std::string(value.data(), static_cast<std::size_t>(size)));
   }
 
   TemporaryFolder disk_;
@@ -537,6 +553,28 @@ TEST_F(PortableFiles, AReplacedFileKeepsItsOwner) {
   EXPECT_EQ(statusOf("a.txt").st_gid, kNobody);
 }
 
+// The owner, another user, the group, the most that both may have, and everybody else.
+TEST_F(PortableFiles, AReplacedFileKeepsItsAccessListAndItsExtendedAttributes) {
+  const std::string list =
+      "\2\0\0\0"
+      "\1\0\6\0\xFF\xFF\xFF\xFF"
+      "\2\0\4\0\xFE\xFF\0\0"
+      "\4\0\0\0\xFF\xFF\xFF\xFF"
+      "\x10\0\4\0\xFF\xFF\xFF\xFF"
+      "\x20\0\0\0\xFF\xFF\xFF\xFF"s;
+  disk_.write("a.txt", "old");
+  giveAttribute("a.txt", "system.posix_acl_access", list);
+  giveAttribute("a.txt", "user.origin", "by hand");
+  giveAttribute("a.txt", "user.empty", "");
+
+  replaceBy("C:\\a.txt", "new");
+
+  EXPECT_EQ(disk_.read("a.txt"), "new");
+  EXPECT_EQ(attributeOf("a.txt", "system.posix_acl_access"), list);
+  EXPECT_EQ(attributeOf("a.txt", "user.origin"), "by hand");
+  EXPECT_EQ(attributeOf("a.txt", "user.empty"), "");
+}
+
 /// Runs statements as a user who owns nothing. `C:\` can be read and entered by everybody.
 class PortableFilesOfAnOrdinaryUser : public PortableFiles {
  protected:
@@ -634,25 +672,18 @@ class PortableFilesOnASmallDisk : public PortableFiles {
  protected:
   void SetUp() override {
     disk_.makeFolder("small");
-    if (!mountSmallDisk(0)) {
-      GTEST_SKIP() << "no disk can be mounted here: " << std::strerror(errno);
-    }
-  }
-  void TearDown() override {
-    if (mounted_) {
-      ::umount2(systemPath("small").c_str(), MNT_DETACH);
-    }
+    small_.emplace(systemPath("small"));
+    ASSERT_TRUE(small_->isMounted()) << SmallDisk::kNotMounted << std::strerror(errno);
   }
 
-  bool mountSmallDisk(unsigned long flags) {
-    const bool done =
-        ::mount("tmpfs", systemPath("small").c_str(), "tmpfs", flags, "size=64k") == 0;
-    mounted_ = mounted_ || done;
-    return done;
+  [[nodiscard]] bool makeReadOnly() const {
+    return ::mount(
+               "tmpfs", systemPath("small").c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k") ==
+           0;
   }
 
  private:
-  bool mounted_ = false;
+  std::optional<SmallDisk> small_;
 };
 
 TEST_F(PortableFilesOnASmallDisk, AFullDiskRaises61AndTheOldFileStands) {
@@ -698,6 +729,19 @@ TEST_F(PortableFilesOnASmallDisk, ACopyBetweenDisksIsWhole) {
   EXPECT_EQ(disk_.read("small/a.bin"), bytes);
 }
 
+TEST_F(PortableFilesOnASmallDisk, ASeriesOfCopiesMayFillSeveralDisks) {
+  disk_.write("a.bin", std::string(40'000, 'x'));
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  copies->copy("C:\\a.bin", "C:\\b.bin");
+  copies->copy("C:\\a.bin", "C:\\small\\a.bin");
+  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.bin", "C:\\small\\b.bin"); }), 61);
+  copies->flush();
+
+  EXPECT_EQ(disk_.read("b.bin"), disk_.read("small/a.bin"));
+  EXPECT_THAT(files_.namesIn("C:\\small"), ElementsAre("a.bin"));
+}
+
 TEST_F(PortableFilesOnASmallDisk, AFileMovesToAnotherDisk) {
   disk_.write("a.txt", "a");
   allow("a.txt", 0640);
@@ -720,7 +764,7 @@ TEST_F(PortableFilesOnASmallDisk, AFileThatDoesNotFitOnTheOtherDiskStays) {
 TEST_F(PortableFilesOnASmallDisk, AReadOnlyDiskRaises70) {
   disk_.write("small/a.txt", "old");
   disk_.write("b.txt", "b");
-  ASSERT_TRUE(mountSmallDisk(MS_REMOUNT | MS_RDONLY));
+  ASSERT_TRUE(makeReadOnly());
   ASSERT_EQ(::open(systemPath("small/a.txt").c_str(), O_WRONLY), -1);
 
   EXPECT_EQ(errorOfReplacing("C:\\small\\a.txt"), 70);
@@ -733,7 +777,7 @@ TEST_F(PortableFilesOnASmallDisk, AReadOnlyDiskRaises70) {
 
 TEST_F(PortableFilesOnASmallDisk, AFileOfAReadOnlyDiskDoesNotMoveAway) {
   disk_.write("small/a.txt", "a");
-  ASSERT_TRUE(mountSmallDisk(MS_REMOUNT | MS_RDONLY));
+  ASSERT_TRUE(makeReadOnly());
 
   EXPECT_EQ(errorRaisedBy([&] { files_.moveFile("C:\\small\\a.txt", "C:\\a.txt"); }), 70);
   EXPECT_TRUE(disk_.has("small/a.txt"));

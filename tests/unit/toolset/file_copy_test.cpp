@@ -9,6 +9,7 @@
 
 #include "platform/runtime_error.h"
 #include "tests/contract/adapters.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quorbind::testing {
@@ -227,6 +228,44 @@ TEST_F(FileCopyTest, SucceedsWhenOnlyADocumentCouldNotBeCopied) {
   EXPECT_FALSE(disk_.has("lib/intro.htm"));
   EXPECT_FALSE(disk_.has("lib/logo.png"));
   EXPECT_TRUE(disk_.has("lib/setup.htm"));
+}
+
+/// What one object changes until it goes, with a book file and a page handed over.
+class FlushedFileCopy : public FileCopyTest {
+ protected:
+  using Kind = ChangingCall::Kind;
+
+  FlushedFileCopy() {
+    disk_.makeFolder("lib");
+    disk_.write("in/Book_B.xml", "<Book_Master><HFile>intro.htm</HFile></Book_Master>");
+    disk_.write("in/intro.htm", "<img src=logo.png>");
+    disk_.write("in/logo.png", "");
+    disk_.write("in/setup.htm", "");
+  }
+
+  void copyAll() {
+    ReferenceFileCopy copy(calls_, adapters_->xml(), adapters_->locale());
+    EXPECT_TRUE(copy.mbCopyFiles("C:\\lib", "C:\\in\\Book_B.xml", 0, 0));
+    EXPECT_TRUE(copy.mbCopyFiles("C:\\lib", "C:\\in\\setup.htm", 0, 0));
+  }
+
+  FailingFiles calls_{adapters_->files()};
+};
+
+TEST_F(FlushedFileCopy, FlushesABookFileAtOnceAndAllDocumentsTogether) {
+  copyAll();
+  EXPECT_EQ(calls_.calls(),
+            (std::vector<ChangingCall>{{Kind::kCopyFile, "C:\\lib\\Book_B.xml"},
+                                       {Kind::kCopy, "C:\\lib\\intro.htm"},
+                                       {Kind::kCopy, "C:\\lib\\logo.png"},
+                                       {Kind::kCopy, "C:\\lib\\setup.htm"},
+                                       {Kind::kFlush, ""}}));
+}
+
+TEST_F(FlushedFileCopy, DoesNotTryAFailedFlushAgain) {
+  calls_.failAt(4, faultsOf(Kind::kFlush).front());
+  copyAll();
+  EXPECT_EQ(calls_.calls().size(), 5U);
 }
 
 }  // namespace

@@ -81,6 +81,10 @@ class WindowsFileSystemTest : public ::testing::Test {
     return rights;
   }
 
+  [[nodiscard]] DWORD attributesOf(std::string_view name) const {
+    return ::GetFileAttributesW(wide(name).c_str());
+  }
+
   void letEverybodyWrite(std::string_view name) const {
     std::array<std::byte, SECURITY_MAX_SID_SIZE> everybody{};
     std::array<std::byte, 512> list{};
@@ -168,6 +172,35 @@ TEST_F(WindowsFileSystemTest, AReadOnlyFileIsNotReplaced) {
 
   EXPECT_EQ(errorRaisedBy([&] { (void)files_.replace(path("a.txt")); }), 70);
   EXPECT_THAT(disk_.contents(), ElementsAre(std::pair("a.txt"s, "old"s)));
+}
+
+TEST_F(WindowsFileSystemTest, AReplacedFileKeepsItsAttributes) {
+  disk_.write("a.txt", "old");
+  constexpr DWORD kAttributes =
+      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+  ASSERT_NE(::SetFileAttributesW(wide("a.txt").c_str(), kAttributes), 0);
+
+  replaceBy("a.txt", "new");
+
+  EXPECT_EQ(disk_.read("a.txt"), "new");
+  EXPECT_EQ(attributesOf("a.txt"), kAttributes);
+}
+
+TEST_F(WindowsFileSystemTest, ACopyHasTheAttributesOfItsSourceAndIsFlushedAllTheSame) {
+  disk_.write("a.txt", "a");
+  disk_.write("b.txt", "b");
+  constexpr DWORD kHidden = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_ARCHIVE;
+  constexpr DWORD kReadOnly = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE;
+  ASSERT_NE(::SetFileAttributesW(wide("a.txt").c_str(), kHidden), 0);
+  ASSERT_NE(::SetFileAttributesW(wide("b.txt").c_str(), kReadOnly), 0);
+
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+  copies->copy(path("a.txt"), path("c.txt"));
+  copies->copy(path("b.txt"), path("d.txt"));
+  copies->flush();
+
+  EXPECT_EQ(attributesOf("c.txt"), kHidden);
+  EXPECT_EQ(attributesOf("d.txt"), kReadOnly);
 }
 
 TEST_F(WindowsFileSystemTest, TheNewFileHasTheAccessRightsOfTheOldOne) {

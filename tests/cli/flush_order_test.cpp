@@ -1,0 +1,156 @@
+// In which order files are written, flushed, closed and renamed: what is told to be done outlasts
+// the machine.
+
+#include <gmock/gmock.h>
+
+#include <regex>
+
+#include "tests/cli/interrupted_command.h"
+
+namespace quorbind::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// Before it begins, the command asks whether a file can be replaced: a temporary comes and goes.
+///
+/// What was done to the files of the library, in order: the call and the file, a temporary by the
+/// name of its file with a `*`. Calls of one kind to one file in a row are one.
+class FlushOrder : public LibraryTest {
+ protected:
+  [[nodiscard]] Words stepsOf(const Words& words, const Words& tracerOptions = {}) const {
+    const TemporaryFolder trace;
+    Words steps;
+    for (const SystemCall& call : callsOf(
+             {.words = joined({quorbindExecutable()}, words),
+     .folder = disk.path().string(),
+     .environment = environment},
+             (trace.path() / "trace").string(),
+             joined(
+                 {"-y", "-e", "trace=write,copy_file_range,fsync,syncfs,close,rename,unlink,mkdir"},
+                 tracerOptions))) {
+      const std::string step = stepOf(call);
+      if (!step.empty() && (steps.empty() || steps.back() != step)) {
+        steps.push_back(step);
+      }
+    }
+    return steps;
+  }
+
+ private:
+  /// Nothing for a call that has nothing to do with changing the library.
+  [[nodiscard]] std::string stepOf(const SystemCall& call) const {
+    const std::string library = (disk.path() / "server/Docs").string() + "/";
+    const std::size_t begin =
+        call.name == "copy_file_range" ? call.text.rfind(library) : call.text.find(library);
+    if (begin == std::string::npos) {
+      return {};
+    }
+    const std::string path = call.text.substr(begin, call.text.find_first_of(">\"", begin) - begin);
+    static const std::regex kTemporary("\\.quorbind-[0-9a-f]+\\.tmp");
+    const std::string name = std::regex_replace(path.substr(library.size()), kTemporary, "*");
+    if (call.name == "close" && !name.ends_with('*')) {
+      return {};
+    }
+    const bool failed = call.text.find("= -1 ") != std::string::npos;
+    return call.name + " " + name + (failed ? " fails" : "");
+  }
+};
+
+TEST_F(FlushOrder, OfASideFileIsWriteFlushCloseRenameAndTheFolder) {
+  disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"bell"})));
+  EXPECT_THAT(stepsOf(plantWords({"keywords", "add", "Alarms", "horn"})),
+              ElementsAre("close Plant/Quor_SearchKeywords.xml*",
+                          "unlink Plant/Quor_SearchKeywords.xml*",
+                          "write Plant/Quor_SearchKeywords.xml*",
+                          "fsync Plant/Quor_SearchKeywords.xml*",
+                          "close Plant/Quor_SearchKeywords.xml*",
+                          "rename Plant/Quor_SearchKeywords.xml*",
+                          "fsync Plant"));
+}
+
+TEST_F(FlushOrder, OfARename) {
+  EXPECT_THAT(stepsOf(plantWords({"rename", "Alarms", "--name", "W", "--acro", "WRN", "--yes"})),
+              ElementsAre("close Plant/Quor_TOC.xml*",
+                          "unlink Plant/Quor_TOC.xml*",
+                          "close Plant/Manual/Book_ALM.xml*",
+                          "unlink Plant/Manual/Book_ALM.xml*",
+                          "write Plant/Manual/Book_WRN.xml*",
+                          "fsync Plant/Manual/Book_WRN.xml*",
+                          "close Plant/Manual/Book_WRN.xml*",
+                          "rename Plant/Manual/Book_WRN.xml*",
+                          "fsync Plant/Manual",
+                          "write Plant/Quor_TOC.xml*",
+                          "fsync Plant/Quor_TOC.xml*",
+                          "close Plant/Quor_TOC.xml*",
+                          "rename Plant/Quor_TOC.xml*",
+                          "fsync Plant"));
+}
+
+/// The steps of an addition of two documents, with this flush of theirs.
+Words stepsOfAnAddition(const std::string& flush) {
+  return {"close Plant/Quor_TOC.xml*",
+          "unlink Plant/Quor_TOC.xml*",
+          "copy_file_range Plant/Manual/Book_PMP.xml*",
+          "fsync Plant/Manual/Book_PMP.xml*",
+          "close Plant/Manual/Book_PMP.xml*",
+          "rename Plant/Manual/Book_PMP.xml*",
+          "fsync Plant/Manual",
+          "copy_file_range Plant/Manual/alarms.htm*",
+          "close Plant/Manual/alarms.htm*",
+          "rename Plant/Manual/alarms.htm*",
+          "copy_file_range Plant/Manual/trends.htm*",
+          "close Plant/Manual/trends.htm*",
+          "rename Plant/Manual/trends.htm*",
+          flush,
+          "write Plant/Quor_TOC.xml*",
+          "fsync Plant/Quor_TOC.xml*",
+          "close Plant/Quor_TOC.xml*",
+          "rename Plant/Quor_TOC.xml*",
+          "fsync Plant"};
+}
+
+TEST_F(FlushOrder, OfAnAdditionFlushesItsDocumentsOnceAndBeforeTheCatalogueNamesThem) {
+  writeBook();
+  EXPECT_EQ(stepsOf(addWords({"--name", "Pumps", "--acro", "PMP"})),
+            stepsOfAnAddition("syncfs Plant/Manual/alarms.htm"));
+}
+
+TEST_F(FlushOrder, AFailedFlushIsNotTriedAgain) {
+  disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"bell"})));
+  EXPECT_THAT(stepsOf(plantWords({"keywords", "add", "Alarms", "horn"}),
+                      {"-e", "inject=fsync:error=EIO:when=1"}),
+              ElementsAre("close Plant/Quor_SearchKeywords.xml*",
+                          "unlink Plant/Quor_SearchKeywords.xml*",
+                          "write Plant/Quor_SearchKeywords.xml*",
+                          "fsync Plant/Quor_SearchKeywords.xml* fails",
+                          "close Plant/Quor_SearchKeywords.xml*",
+                          "unlink Plant/Quor_SearchKeywords.xml*"));
+}
+
+TEST_F(FlushOrder, AFailedFlushOfDocumentsIsNotTriedAgain) {
+  writeBook();
+  EXPECT_EQ(stepsOf(addWords({"--name", "Pumps", "--acro", "PMP"}),
+                    {"-e", "inject=syncfs:error=EIO:when=1"}),
+            stepsOfAnAddition("syncfs Plant/Manual/alarms.htm fails"));
+}
+
+TEST_F(FlushOrder, AFailedFlushOfDocumentsEndsTheRunWithANoteThatNamesOne) {
+  writeBook();
+  const Outcome outcome = runHere(joined({"env",
+                                          "ASAN_OPTIONS=detect_leaks=0",
+                                          "strace",
+                                          "-o",
+                                          "/dev/null",
+                                          "-e",
+                                          "inject=syncfs:error=EIO:when=1",
+                                          quorbindExecutable()},
+                                         addWords({"--name", "Pumps", "--acro", "PMP"})));
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err,
+            "quorbind: toc.txt: the book was added, but "
+            "DISK/server/Docs/Plant/Manual/trends.htm could not be written\n");
+}
+
+}  // namespace
+}  // namespace quorbind::testing

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/portable/sibling_replacement.h"
+#include "tests/cli/library_subcommands.h"
+#include "tests/cli/system_calls.h"
+
+namespace quorbind::testing {
+
+/// What is tried with an end, or a failure, at every moment.
+inline const std::vector<Subcommand> kInterrupted{
+    {"add",
+     {"add",
+      "toc.txt",
+      "--name",
+      "Pumps",
+      "--acro",
+      "PMP",
+      "--keywords",
+      "pump;motor",
+      "--categories",
+      "Safety;Maps"}},
+    {"rename", {"rename", "Alarms", "--name", "Warnings", "--acro", "WRN", "--yes"}},
+    {"categories_rename", {"categories", "rename", "Safety", "Maps"}},
+    {"keywords_add", {"keywords", "add", "Alarms", "horn"}},
+};
+
+/// A subcommand on a library that is put back as often as wanted.
+class InterruptedCommand : public CompleteLibrary {
+ protected:
+  void SetUp() override {
+    CompleteLibrary::SetUp();
+    writeBook();
+    before_ = contents();
+    onDisk_ = disk.contents();
+  }
+
+  [[nodiscard]] const Tree& before() const { return before_; }
+
+  void restore() const {
+    const Tree now = disk.contents();
+    for (const auto& [name, content] : now) {
+      if (!onDisk_.contains(name)) {
+        std::filesystem::remove_all(disk.path() / name);
+      }
+    }
+    for (const auto& [name, content] : onDisk_) {
+      if (content == kFolder) {
+        disk.makeFolder(name);
+      } else if (const auto found = now.find(name);
+                 found == now.end() || found->second != content) {
+        disk.write(name, content);
+      }
+    }
+  }
+
+  /// What stands on the disk, but for line ends, and the moment at which a book file was made.
+  [[nodiscard]] Tree contents() const {
+    static const std::regex kMoment("[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+:[0-9]+ [AP]M");
+    Tree tree = disk.contents();
+    for (auto& [name, content] : tree) {
+      if (std::filesystem::path(name).filename().string().starts_with("Book_")) {
+        const bool isUtf16 = content.starts_with("\xFF\xFE");
+        content = std::regex_replace(isUtf16 ? fromUtf16File(content) : content, kMoment, "MOMENT");
+      }
+      content = replaceAll(content, "\r\n", "\n");
+    }
+    return tree;
+  }
+
+  [[nodiscard]] Command command() const {
+    return {.words = joined({quorbindExecutable()}, words()),
+            .folder = disk.path().string(),
+            .environment = environment};
+  }
+
+  /// The calls after start-up of a run that nothing happens to.
+  [[nodiscard]] std::vector<SystemCall> callsOfAWholeRun() const {
+    return callsSince(disk.path().string(), callsOf(command(), (trace_.path() / "trace").string()));
+  }
+
+  /// A file of the system's own that a process leaves which had no time to clean up: what was to
+  /// replace a file, or the prepared copy of a table of contents.
+  [[nodiscard]] static bool isTemporary(const std::string& name) {
+    return (name.find(kTemporaryInfix) != std::string::npos &&
+            name.ends_with(kTemporaryExtension)) ||
+           name.starts_with("quorbind-");
+  }
+
+  [[nodiscard]] bool isOldOrNew(const std::string& name,
+                                const std::string& content,
+                                const Tree& after) const {
+    const auto is = [&](const Tree& tree) {
+      const auto found = tree.find(name);
+      return found != tree.end() && found->second == content;
+    };
+    return is(before_) || is(after) || isGenerated(name) || isRenamed(content);
+  }
+
+  static constexpr const char* kFolder = "(folder)";
+
+ private:
+  /// Whether an old file stands under its new name.
+  [[nodiscard]] bool isRenamed(const std::string& content) const {
+    const auto old = before_.find("server/Docs/Plant/Manual/Book_ALM.xml");
+    return old != before_.end() && old->second == content;
+  }
+
+  /// The book file that an addition makes beside the table of contents, and takes away again.
+  [[nodiscard]] static bool isGenerated(const std::string& name) {
+    return !name.starts_with("server/") && name.ends_with("Book_PMP.xml");
+  }
+
+  TemporaryFolder trace_;
+  Tree before_;
+  Tree onDisk_;
+};
+
+}  // namespace quorbind::testing

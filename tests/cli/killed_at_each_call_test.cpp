@@ -1,0 +1,64 @@
+// A process that is killed between any two of its system calls: what it was writing is old or new.
+
+#include <signal.h>
+
+#include <ostream>
+
+#include "platform/portable/portable_file_system.h"
+#include "platform/portable/xml_library.h"
+#include "tests/cli/interrupted_command.h"
+
+namespace quorbind::testing {
+namespace {
+
+class KilledAtEachCall : public InterruptedCommand {
+ protected:
+  /// All but one of so many points have to be met.
+  static constexpr std::size_t kMostOf = 50;
+
+  void expectWholeFiles(const Tree& after) const {
+    for (const auto& [name, content] : contents()) {
+      if (isTemporary(name)) {
+        continue;
+      }
+      EXPECT_TRUE(isOldOrNew(name, content, after)) << name << "\n" << content;
+      if (name.ends_with(".xml")) {
+        EXPECT_TRUE(parses(name)) << name;
+      }
+    }
+    for (const auto& [name, content] : before()) {
+      EXPECT_TRUE(disk.has(name) || !after.contains(name)) << name;
+    }
+  }
+
+ private:
+  [[nodiscard]] bool parses(const std::string& name) const {
+    PortableFileSystem files;
+    return PortableXmlLibrary(files).createDocument()->load((disk.path() / name).string()).loaded;
+  }
+};
+
+TEST_P(KilledAtEachCall, LeavesOldOrNewFilesAndNothingElseButTemporaries) {
+  const std::vector<SystemCall> calls = callsOfAWholeRun();
+  const Tree after = contents();
+  ASSERT_GT(calls.size(), 50U);
+  const std::vector<SystemCall> points = pointsToTry(calls);
+  std::size_t killed = 0;
+  for (const SystemCall& call : points) {
+    SCOPED_TRACE(call.text);
+    restore();
+    const Outcome outcome = run(withEventAt(call, "signal=KILL", command()));
+    killed += outcome.signal == SIGKILL ? 1 : 0;
+    // How often a folder is looked at depends on how long ago it changed: the last of these calls
+    // may not be made.
+    EXPECT_TRUE(outcome.signal == SIGKILL || (outcome.status == 0 && contents() == after));
+    expectWholeFiles(after);
+  }
+  EXPECT_GE(killed * kMostOf, points.size() * (kMostOf - 1));
+  RecordProperty("points", static_cast<int>(points.size()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, KilledAtEachCall, ::testing::ValuesIn(kInterrupted), nameOf);
+
+}  // namespace
+}  // namespace quorbind::testing
