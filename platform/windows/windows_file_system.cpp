@@ -82,6 +82,15 @@ std::wstring spellingOf(const std::wstring& path) {
   return found.cFileName;
 }
 
+/// Makes `attempt` at the file at `path` as soon as nobody holds it. Raises what it ended with.
+template <typename Attempt>
+void whenFree(Patience& patience, const std::wstring& path, Attempt&& attempt) {
+  const DWORD error = patience.whenFree(path, std::forward<Attempt>(attempt));
+  if (error != ERROR_SUCCESS) {
+    raiseSystemError(error, path);
+  }
+}
+
 /// Gives a file's name the spelling of `path`, where the system takes that for the name which the
 /// file has already.
 void respell(const std::wstring& path) {
@@ -153,7 +162,7 @@ void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
   if (isSameFile(source, target)) {
     raise(ErrorNumber::kPermissionDenied);
   }
-  SiblingReplacement replacement(target);
+  SiblingReplacement replacement(target, patience_);
   replacement.copyFrom(source);
   replacement.commit();
 }
@@ -165,9 +174,12 @@ void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {
   if (isFolder(attributesOf(target))) {
     raise(ErrorNumber::kPathFileAccessError);
   }
-  if (::MoveFileExW(
-          source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) == 0) {
-    raiseLastError(target);
+  const DWORD moved = patience_.whenFree(source, [&] {
+    return errorOfCall(::MoveFileExW(
+        source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH));
+  });
+  if (moved != ERROR_SUCCESS) {
+    raiseSystemError(moved, target);
   }
   if (spellingOf(target) != nameIn(target)) {
     respell(target);
@@ -179,9 +191,7 @@ void WindowsFileSystem::deleteFile(std::string_view path) {
   if ((attributesOfFile(file) & FILE_ATTRIBUTE_READONLY) != 0) {
     raise(ErrorNumber::kPermissionDenied);
   }
-  if (::DeleteFileW(file.c_str()) == 0) {
-    raiseLastError(file);
-  }
+  whenFree(patience_, file, [&] { return errorOfCall(::DeleteFileW(file.c_str())); });
 }
 
 std::string WindowsFileSystem::absolutePath(std::string_view path) {
@@ -233,15 +243,16 @@ std::vector<std::string> WindowsFileSystem::namesIn(std::string_view folder) {
 std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {
   const std::wstring file = pathOfFile(path);
   attributesOfFile(file);
-  Handle handle = openFile(file, GENERIC_READ);
-  if (!handle) {
-    raiseLastError(file);
-  }
+  Handle handle;
+  whenFree(patience_, file, [&] {
+    handle = openFile(file, GENERIC_READ);
+    return errorOfCall(handle ? TRUE : FALSE);
+  });
   return std::make_unique<FileReader>(std::move(handle));
 }
 
 std::unique_ptr<FileReplacement> WindowsFileSystem::replace(std::string_view path) {
-  return std::make_unique<SiblingReplacement>(pathOfFile(path));
+  return std::make_unique<SiblingReplacement>(pathOfFile(path), patience_);
 }
 
 }  // namespace quorbind
