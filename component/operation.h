@@ -9,6 +9,7 @@
 
 #include "component/component_module.h"
 #include "component/server/conversion.h"
+#include "component/server/turn.h"
 #include "platform/error_trap.h"
 
 namespace quorbind {
@@ -22,8 +23,8 @@ inline constexpr IgnoringErrors kIgnoringErrors;
 /// Nothing that is thrown gets out. An error that the core has not reported itself, such as an
 /// array of the wrong kind, is reported in the operation's own box, and the call succeeds with the
 /// operation's failure value: False, 0, an empty text, an array without bounds. A call fails only
-/// when the caller gives no place for something (E_POINTER) or when there is no memory even for the
-/// box (E_OUTOFMEMORY).
+/// when the caller gives no place for something (E_POINTER), when another thread is in the middle
+/// of a call (RPC_E_WRONG_THREAD), or when there is no memory even for the box (E_OUTOFMEMORY).
 class Operation {
  public:
   /// `source` words the box. `references` are the places that parameters are passed by.
@@ -38,6 +39,10 @@ class Operation {
   HRESULT run(Body&& body) const noexcept {
     if (!placesGiven_) {
       return E_POINTER;
+    }
+    const Turn turn;
+    if (!turn.isOurs()) {
+      return RPC_E_WRONG_THREAD;
     }
     try {
       if (source_ == nullptr) {

@@ -5,26 +5,25 @@
 
 #include "component/server/com_enumerator.h"
 #include "component/server/failure.h"
+#include "component/server/turn.h"
 
 namespace quorbind {
 
 namespace {
 
 /// Calls a host's code, which may throw although it must not.
-HRESULT invoke(IDispatch& sink, DISPID member, DISPPARAMS& arguments, EXCEPINFO& exception) {
+void invoke(IDispatch& sink, DISPID member, DISPPARAMS& arguments, EXCEPINFO& exception) {
   UINT wrongArgument = 0;
-  try {
-    return sink.Invoke(member,
-                       IID_NULL,
-                       LOCALE_USER_DEFAULT,
-                       DISPATCH_METHOD,
-                       &arguments,
-                       nullptr,
-                       &exception,
-                       &wrongArgument);
-  } catch (...) {
-    return E_UNEXPECTED;
-  }
+  guarded([&] {
+    sink.Invoke(member,
+                IID_NULL,
+                LOCALE_USER_DEFAULT,
+                DISPATCH_METHOD,
+                &arguments,
+                nullptr,
+                &exception,
+                &wrongArgument);
+  });
 }
 
 void callSink(IDispatch& sink, DISPID member, std::string_view text) {
@@ -32,12 +31,10 @@ void callSink(IDispatch& sink, DISPID member, std::string_view text) {
   VARIANTARG argument = folder.get();
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
   EXCEPINFO exception{};
-  const HRESULT result = invoke(sink, member, arguments, exception);
-  if (result == DISP_E_EXCEPTION) {
-    ::SysFreeString(exception.bstrSource);
-    ::SysFreeString(exception.bstrDescription);
-    ::SysFreeString(exception.bstrHelpFile);
-  }
+  invoke(sink, member, arguments, exception);
+  ::SysFreeString(exception.bstrSource);
+  ::SysFreeString(exception.bstrDescription);
+  ::SysFreeString(exception.bstrHelpFile);
 }
 
 }  // namespace
@@ -80,20 +77,21 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     return E_POINTER;
   }
   *cookie = 0;
+  const Turn turn;
+  if (!turn.isOurs()) {
+    return RPC_E_WRONG_THREAD;
+  }
   if (owner_ == nullptr) {
     return E_UNEXPECTED;
   }
-  ComPtr<IDispatch> events = eventInterfaceOf(sink);
-  if (!events) {
-    return CONNECT_E_CANNOTCONNECT;
-  }
-  return guarded([&] {
-    connections_.push_back({lastCookie_ + 1, std::move(events)});
-    *cookie = ++lastCookie_;
-  });
+  return connect(sink, cookie);
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
+  const Turn turn;
+  if (!turn.isOurs()) {
+    return RPC_E_WRONG_THREAD;
+  }
   const auto connection = find(cookie);
   if (connection == connections_.end()) {
     return CONNECT_E_NOCONNECTION;
@@ -109,6 +107,10 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
     return E_POINTER;
   }
   *connections = nullptr;
+  const Turn turn;
+  if (!turn.isOurs()) {
+    return RPC_E_WRONG_THREAD;
+  }
   return guarded([&] {
     using Connections = ComEnumerator<IEnumConnections, CONNECTDATA, Connection>;
     *connections = makeObject<Connections>(connections_).detach();
@@ -119,12 +121,27 @@ std::vector<ConnectionPoint::Connection>::const_iterator ConnectionPoint::find(D
   return std::ranges::find(connections_, cookie, &Connection::cookie);
 }
 
+// A host's code is called here too, and may throw.
+HRESULT ConnectionPoint::connect(IUnknown* sink, DWORD* cookie) {
+  HRESULT result = CONNECT_E_CANNOTCONNECT;
+  const HRESULT asked = guarded([&] {
+    if (ComPtr<IDispatch> events = eventInterfaceOf(sink)) {
+      connections_.push_back({lastCookie_ + 1, std::move(events)});
+      *cookie = ++lastCookie_;
+      result = S_OK;
+    }
+  });
+  return FAILED(asked) ? asked : result;
+}
+
 ComPtr<IDispatch> ConnectionPoint::eventInterfaceOf(IUnknown* sink) const {
   ComPtr<IDispatch> events;
-  if (FAILED(sink->QueryInterface(events_, events.putAny()))) {
-    return ComPtr<IUnknown>::sharing(sink).as<IDispatch>();
+  if (SUCCEEDED(sink->QueryInterface(events_, events.putAny()))) {
+    return events;
   }
-  return events;
+  // What a failure leaves in the place is nobody's.
+  static_cast<void>(events.detach());
+  return ComPtr<IUnknown>::sharing(sink).as<IDispatch>();
 }
 
 }  // namespace quorbind

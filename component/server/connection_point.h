@@ -41,6 +41,7 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
   };
 
   [[nodiscard]] std::vector<Connection>::const_iterator find(DWORD cookie) const;
+  HRESULT connect(IUnknown* sink, DWORD* cookie);
   [[nodiscard]] ComPtr<IDispatch> eventInterfaceOf(IUnknown* sink) const;
   using ComObject::find;
 

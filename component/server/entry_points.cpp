@@ -12,6 +12,14 @@
 #include "component/server/server.h"
 #include "component/server/server_use.h"
 
+namespace __gnu_cxx {
+
+/// Of the C++ library that is a part of this DLL: gives back the memory that it keeps for
+/// exceptions when there is none else. No header has it.
+void __freeres();  // NOLINT(bugprone-reserved-identifier)
+
+}  // namespace __gnu_cxx
+
 namespace quorbind {
 
 namespace {
@@ -74,6 +82,15 @@ STDAPI DllRegisterServer() {
 
 STDAPI DllUnregisterServer() {
   return quorbind::setRegistered(false, quorbind::RegistrationScope::kMachine);
+}
+
+// A host may load and unload the DLL any number of times. When the whole process ends, `ending` is
+// set and its memory goes anyway.
+BOOL WINAPI DllMain(HINSTANCE /*dll*/, DWORD reason, LPVOID ending) {
+  if (reason == DLL_PROCESS_DETACH && ending == nullptr) {
+    __gnu_cxx::__freeres();
+  }
+  return TRUE;
 }
 
 // With the word "user" for the current user only, without words for the machine.

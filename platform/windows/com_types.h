@@ -90,7 +90,8 @@ class ComPtr {
   [[nodiscard]] ComPtr<Other> as() const {
     ComPtr<Other> other;
     if (object_ != nullptr && FAILED(object_->QueryInterface(other.id(), other.putAny()))) {
-      other.reset();
+      // What a failure leaves in the place is nobody's.
+      static_cast<void>(other.detach());
     }
     return other;
   }

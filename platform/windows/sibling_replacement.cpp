@@ -29,16 +29,6 @@ constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM 
 /// FileRenameInfoEx, which not every set of headers has.
 constexpr auto kRenameWithFlags = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
 
-constexpr ULONGLONG kRenamePatience = 2000;  // milliseconds, as the next
-constexpr DWORD kRenamePause = 20;
-
-bool isHeldBySomebody(DWORD error) {
-  // The system says "access denied" as well for a target that is open; whether it may be written
-  // to was asked before.
-  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
-         error == ERROR_ACCESS_DENIED || error == ERROR_USER_MAPPED_FILE;
-}
-
 /// Whether the system, or the file's disk, does not know the request.
 bool isUnknownRequest(DWORD error) {
   return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED ||
@@ -135,6 +125,12 @@ Handle createFile(const std::wstring& path, DWORD attributes, std::vector<std::b
   return file;
 }
 
+/// The system says "access denied" as well for a target that is open. Whether it may be written to
+/// was asked before.
+DWORD asHeld(DWORD error) {
+  return error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error;
+}
+
 /// Renames the open file over `target`, which its readers keep as it was. Answers an error.
 DWORD renameUnderReaders(const Handle& file, const std::wstring& target) {
   const std::size_t nameSize = target.size() * sizeof(wchar_t);
@@ -143,16 +139,14 @@ DWORD renameUnderReaders(const Handle& file, const std::wstring& target) {
   info->Flags = FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS;
   info->FileNameLength = static_cast<DWORD>(nameSize);
   std::memcpy(info->FileName, target.data(), nameSize);
-  return ::SetFileInformationByHandle(
-             file.get(), kRenameWithFlags, request.data(), static_cast<DWORD>(request.size())) != 0
-             ? ERROR_SUCCESS
-             : ::GetLastError();
+  return errorOfCall(::SetFileInformationByHandle(
+      file.get(), kRenameWithFlags, request.data(), static_cast<DWORD>(request.size())));
 }
 
 }  // namespace
 
-SiblingReplacement::SiblingReplacement(const std::wstring& path)
-    : target_(endOfLinks(path)), attributes_(attributesOfOld(target_)) {
+SiblingReplacement::SiblingReplacement(const std::wstring& path, Patience& patience)
+    : patience_(patience), target_(endOfLinks(path)), attributes_(attributesOfOld(target_)) {
   do {
     temporary_ = siblingOf(target_);
     file_ = createFile(temporary_, attributes_, accessRightsOf(target_));
@@ -199,15 +193,20 @@ void SiblingReplacement::copyFrom(const std::wstring& source) {
   file_.close();
   // Copying over a hidden file is refused, and a read-only one can't be opened for the flush.
   ::SetFileAttributesW(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
-  if (::CopyFileW(source.c_str(), temporary_.c_str(), FALSE) == 0) {
-    fail(::GetLastError());
+  const DWORD copied = patience_.whenFree(
+      source, [&] { return errorOfCall(::CopyFileW(source.c_str(), temporary_.c_str(), FALSE)); });
+  if (copied != ERROR_SUCCESS) {
+    fail(copied);
   }
   attributes_ = ::GetFileAttributesW(source.c_str()) & (kKeptAttributes | FILE_ATTRIBUTE_READONLY);
   ::SetFileAttributesW(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
-  file_ = Handle(::CreateFileW(
-      temporary_.c_str(), kTemporaryAccess, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
-  if (!file_) {
-    fail(::GetLastError());
+  const DWORD opened = patience_.whenFree(temporary_, [&] {
+    file_ = Handle(::CreateFileW(
+        temporary_.c_str(), kTemporaryAccess, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    return errorOfCall(file_ ? TRUE : FALSE);
+  });
+  if (opened != ERROR_SUCCESS) {
+    fail(opened);
   }
 }
 
@@ -235,12 +234,7 @@ void SiblingReplacement::putUnderName() {
   if (::SetFileAttributesW(temporary_.c_str(), attributes_) == 0) {
     fail(::GetLastError());
   }
-  const ULONGLONG start = ::GetTickCount64();
-  DWORD error = rename();
-  while (isHeldBySomebody(error) && ::GetTickCount64() - start < kRenamePatience) {
-    ::Sleep(kRenamePause);
-    error = rename();
-  }
+  const DWORD error = patience_.whenFree(target_, [this] { return asHeld(rename()); });
   if (error != ERROR_SUCCESS) {
     fail(error);
   }
@@ -256,11 +250,8 @@ DWORD SiblingReplacement::rename() {
     }
     file_.close();
   }
-  return ::MoveFileExW(temporary_.c_str(),
-                       target_.c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0
-             ? ERROR_SUCCESS
-             : ::GetLastError();
+  return errorOfCall(::MoveFileExW(
+      temporary_.c_str(), target_.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
 void SiblingReplacement::requireOpen() const {
@@ -278,7 +269,8 @@ void SiblingReplacement::discard() {
   file_.close();
   if (!temporary_.empty()) {
     ::SetFileAttributesW(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
-    ::DeleteFileW(temporary_.c_str());
+    patience_.whenFree(temporary_,
+                       [this] { return errorOfCall(::DeleteFileW(temporary_.c_str())); });
     temporary_.clear();
   }
 }

@@ -7,6 +7,7 @@
 
 #include "platform/file_system.h"
 #include "platform/windows/com_types.h"
+#include "platform/windows/patience.h"
 
 namespace quorbind {
 
@@ -17,14 +18,15 @@ namespace quorbind {
 ///
 /// The rename is one step for every reader. One who has the old file open keeps it, where the
 /// system can do so; where it can't, and against programs that let nobody rename what they look at,
-/// the rename is tried again for two seconds.
+/// the rename waits for them.
 ///
 /// The system's own call for replacing files is not used: under it a reader may for a moment find
 /// no file at all.
 class SiblingReplacement final : public FileReplacement {
  public:
   /// Begins to replace (or create) the file at `path`. Raises what FileSystem::replace raises.
-  explicit SiblingReplacement(const std::wstring& path);
+  /// `patience` is kept by reference.
+  SiblingReplacement(const std::wstring& path, Patience& patience);
   ~SiblingReplacement() override;
   SiblingReplacement(const SiblingReplacement&) = delete;
   SiblingReplacement& operator=(const SiblingReplacement&) = delete;
@@ -54,6 +56,7 @@ class SiblingReplacement final : public FileReplacement {
   [[noreturn]] void fail(DWORD error);
   void discard();
 
+  Patience& patience_;
   std::wstring target_;
   std::wstring temporary_;
   Handle file_;

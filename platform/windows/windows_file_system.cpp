@@ -83,6 +83,15 @@ std::wstring spellingOf(const std::wstring& path) {
   return found.cFileName;
 }
 
+/// Makes `attempt` at the file at `path` as soon as nobody holds it. Raises what it ended with.
+template <typename Attempt>
+void whenFree(Patience& patience, const std::wstring& path, Attempt&& attempt) {
+  const DWORD error = patience.whenFree(path, std::forward<Attempt>(attempt));
+  if (error != ERROR_SUCCESS) {
+    raiseSystemError(error, path);
+  }
+}
+
 /// Gives a file's name the spelling of `path`, where the system takes that for the name which the
 /// file has already.
 void respell(const std::wstring& path) {
@@ -152,22 +161,27 @@ CopyWay findCopyWay(std::string_view from, std::string_view to) {
 }
 
 /// Flushes the file at `path`, unless somebody has taken it away. Answers an error.
-DWORD flushFile(const std::wstring& path) {
-  const Handle file = openFile(path, GENERIC_WRITE);
-  if (file && ::FlushFileBuffers(file.get()) != 0) {
-    return ERROR_SUCCESS;
+DWORD flushFile(const std::wstring& path, Patience& patience) {
+  Handle file;
+  const DWORD opened = patience.whenFree(path, [&] {
+    file = openFile(path, GENERIC_WRITE);
+    return errorOfCall(file ? TRUE : FALSE);
+  });
+  if (!file) {
+    return opened == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : opened;
   }
-  const DWORD error = ::GetLastError();
-  return !file && error == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : error;
+  return errorOfCall(::FlushFileBuffers(file.get()));
 }
 
 /// There is no flush of a whole disk for ordinary users. Flushed at the end, most files have been
 /// written by the system meanwhile, and what is left is to wait for each.
 class Copies final : public CopySeries {
  public:
+  explicit Copies(Patience& patience) : patience_(patience) {}
+
   void copy(std::string_view from, std::string_view to) override {
     const CopyWay way = findCopyWay(from, to);
-    SiblingReplacement replacement(way.target);
+    SiblingReplacement replacement(way.target, patience_);
     replacement.copyFrom(way.source);
     if (replacement.becomesReadOnly()) {
       // Nobody can open it for a flush any more.
@@ -182,7 +196,7 @@ class Copies final : public CopySeries {
     DWORD firstError = ERROR_SUCCESS;
     std::wstring firstPath;
     for (std::wstring& path : std::exchange(unflushed_, {})) {
-      const DWORD error = flushFile(path);
+      const DWORD error = flushFile(path, patience_);
       if (error != ERROR_SUCCESS && firstError == ERROR_SUCCESS) {
         firstError = error;
         firstPath = std::move(path);
@@ -194,6 +208,7 @@ class Copies final : public CopySeries {
   }
 
  private:
+  Patience& patience_;
   std::vector<std::wstring> unflushed_;
 };
 
@@ -249,13 +264,13 @@ void WindowsFileSystem::createFolder(std::string_view path) {
 
 void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
   const CopyWay way = findCopyWay(from, to);
-  SiblingReplacement replacement(way.target);
+  SiblingReplacement replacement(way.target, patience_);
   replacement.copyFrom(way.source);
   replacement.commit();
 }
 
 std::unique_ptr<CopySeries> WindowsFileSystem::beginCopies() {
-  return std::make_unique<Copies>();
+  return std::make_unique<Copies>(patience_);
 }
 
 void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {
@@ -265,9 +280,12 @@ void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {
   if (isFolder(attributesOf(target))) {
     raise(ErrorNumber::kPathFileAccessError);
   }
-  if (::MoveFileExW(
-          source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) == 0) {
-    raiseLastError(target);
+  const DWORD moved = patience_.whenFree(source, [&] {
+    return errorOfCall(::MoveFileExW(
+        source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH));
+  });
+  if (moved != ERROR_SUCCESS) {
+    raiseSystemError(moved, target);
   }
   if (spellingOf(target) != nameIn(target)) {
     respell(target);
@@ -279,9 +297,7 @@ void WindowsFileSystem::deleteFile(std::string_view path) {
   if ((attributesOfFile(file) & FILE_ATTRIBUTE_READONLY) != 0) {
     raise(ErrorNumber::kPermissionDenied);
   }
-  if (::DeleteFileW(file.c_str()) == 0) {
-    raiseLastError(file);
-  }
+  whenFree(patience_, file, [&] { return errorOfCall(::DeleteFileW(file.c_str())); });
 }
 
 std::string WindowsFileSystem::absolutePath(std::string_view path) {
@@ -307,15 +323,16 @@ std::vector<std::string> WindowsFileSystem::fileNamesIn(std::string_view folder)
 std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {
   const std::wstring file = pathOfFile(path);
   attributesOfFile(file);
-  Handle handle = openFile(file, GENERIC_READ);
-  if (!handle) {
-    raiseLastError(file);
-  }
+  Handle handle;
+  whenFree(patience_, file, [&] {
+    handle = openFile(file, GENERIC_READ);
+    return errorOfCall(handle ? TRUE : FALSE);
+  });
   return std::make_unique<FileReader>(std::move(handle));
 }
 
 std::unique_ptr<FileReplacement> WindowsFileSystem::replace(std::string_view path) {
-  return std::make_unique<SiblingReplacement>(pathOfFile(path));
+  return std::make_unique<SiblingReplacement>(pathOfFile(path), patience_);
 }
 
 }  // namespace quorbind

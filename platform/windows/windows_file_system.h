@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/windows/patience.h"
 
 namespace quorbind {
 
@@ -13,7 +14,9 @@ namespace quorbind {
 ///
 /// A copy has its source's attributes and, as always on this system, the access rights of the file
 /// that it replaces or of the folder that it comes into. Files are opened so that others may go on
-/// reading, writing, renaming and deleting them.
+/// reading, writing, renaming and deleting them. One that another program holds is waited for.
+///
+/// What was opened and what is being replaced must not outlive this object.
 class WindowsFileSystem final : public FileSystem {
  public:
   [[nodiscard]] bool fileExists(std::string_view path) override;
@@ -29,6 +32,9 @@ class WindowsFileSystem final : public FileSystem {
   [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override;
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
+
+ private:
+  Patience patience_;
 };
 
 }  // namespace quorbind

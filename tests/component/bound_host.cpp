@@ -30,7 +30,8 @@ bool isOnDrive(const std::string& name) {
 
 }  // namespace
 
-BoundHost::BoundHost() : root_(toUtf8(disk_.path().wstring())) {
+BoundHost::BoundHost(const std::wstring& componentDll)
+    : RegisteredDlls(componentDll), root_(toUtf8(disk_.path().wstring())) {
   ::SetEnvironmentVariableW(kServerVariable, disk_.path().c_str());
 }
 

@@ -9,7 +9,7 @@ namespace quorbind::testing {
 /// A host of the registered component. Its disk is a folder, which is the documentation server's.
 class BoundHost : public ComponentHost, private RegisteredDlls {
  public:
-  BoundHost();
+  explicit BoundHost(const std::wstring& componentDll);
   ~BoundHost() override;
 
   void willEnter(const std::string& name, const std::string& acronym) override {
@@ -32,9 +32,13 @@ class BoundHost : public ComponentHost, private RegisteredDlls {
   Attendant attendant_;
 };
 
+// Hosts of the component, or of a DLL that stands for it, by its place in the build folder.
+
+inline constexpr const wchar_t* kComponentDll = L"Quorbind.dll";
+
 /// Calls the interfaces directly, as compiled hosts do.
-std::unique_ptr<ComponentHost> makeEarlyBoundHost();
+std::unique_ptr<ComponentHost> makeEarlyBoundHost(const std::wstring& componentDll = kComponentDll);
 /// Calls operations by name with references to variables, as scripts do.
-std::unique_ptr<ComponentHost> makeLateBoundHost();
+std::unique_ptr<ComponentHost> makeLateBoundHost(const std::wstring& componentDll = kComponentDll);
 
 }  // namespace quorbind::testing

@@ -1,10 +1,10 @@
 #include <objsafe.h>
 #include <ocidl.h>
-#include <psapi.h>
 
 #include <array>
 
 #include "tests/component/component_test.h"
+#include "tests/component/footprint.h"
 
 namespace quorbind::testing {
 namespace {
@@ -94,20 +94,6 @@ TEST_F(ClassFactoryTest, KeepsTheComponentLoadedWhileItIsLocked) {
   EXPECT_FALSE(component.mayUnload());
   component.factoryOf(CLSID_cSort)->LockServer(FALSE);
   EXPECT_TRUE(component.mayUnload());
-}
-
-struct Footprint {
-  DWORD handles = 0;
-  SIZE_T bytes = 0;
-};
-
-Footprint footprint() {
-  Footprint result;
-  PROCESS_MEMORY_COUNTERS memory{};
-  ::GetProcessHandleCount(::GetCurrentProcess(), &result.handles);
-  ::GetProcessMemoryInfo(::GetCurrentProcess(), &memory, sizeof memory);
-  result.bytes = memory.PagefileUsage;
-  return result;
 }
 
 TEST_F(ClassFactoryTest, LeavesNothingBehindAfterAThousandObjectsOfEachClass) {

@@ -4,7 +4,7 @@
 
 namespace quorbind::testing {
 
-RegisteredDlls::RegisteredDlls() {
+RegisteredDlls::RegisteredDlls(const std::wstring& componentDll) : component(componentDll) {
   for (const ServedDll* dll : {&component, &toolset}) {
     requireSuccess(dll->registerServer());
   }

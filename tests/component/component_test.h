@@ -18,13 +18,14 @@ namespace quorbind::testing {
 /// that are registered for a user only. At its end nothing of theirs may be in use.
 class RegisteredDlls {
  public:
-  RegisteredDlls();
+  /// `componentDll` is the component, or one that stands for it, by its place in the build folder.
+  explicit RegisteredDlls(const std::wstring& componentDll = L"Quorbind.dll");
   ~RegisteredDlls();
   RegisteredDlls(const RegisteredDlls&) = delete;
   RegisteredDlls& operator=(const RegisteredDlls&) = delete;
 
   ComApartment apartment;
-  const ServedDll component{L"Quorbind.dll"};
+  const ServedDll component;
   const ServedDll toolset{L"QuorToolset.dll"};
 };
 

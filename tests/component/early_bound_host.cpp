@@ -170,6 +170,9 @@ Operation<Interface> operationOf(HRESULT (Interface::*member)(Parameters...), bo
 }
 
 class EarlyBoundHost final : public BoundHost {
+ public:
+  using BoundHost::BoundHost;
+
  private:
   using Call = std::function<Result(Arguments&)>;
 
@@ -196,8 +199,8 @@ class EarlyBoundHost final : public BoundHost {
 
 }  // namespace
 
-std::unique_ptr<ComponentHost> makeEarlyBoundHost() {
-  return std::make_unique<EarlyBoundHost>();
+std::unique_ptr<ComponentHost> makeEarlyBoundHost(const std::wstring& componentDll) {
+  return std::make_unique<EarlyBoundHost>(componentDll);
 }
 
 }  // namespace quorbind::testing

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <memory>
+#include <thread>
+
 #include "platform/windows/com_types.h"
 #include "tests/operations/operations_test.h"
 #include "tests/support/book_text.h"
@@ -10,6 +13,7 @@ namespace quorbind::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr const char* kCatalogue = "C:\\Quor_TOC.xml";
 
@@ -78,6 +82,18 @@ TEST_P(HeldFiles, StopARenameWhenTheyAreTheBookFile) {
   }
   EXPECT_EQ(call("strBookAcroInfo", {kCatalogue, "Alarms"}), "nothing");
   EXPECT_TRUE(has("Manual/Book_WRN.xml"));
+}
+
+TEST_P(HeldFiles, AreWaitedForWhenTheyAreHeldForAMomentOnly) {
+  auto other = std::make_unique<ProgramReading>(pathOf("Quor_TOC.xml"));
+  std::thread itsEnd([&other] {
+    ::Sleep(500);
+    other.reset();
+  });
+  EXPECT_EQ(call("DeleteQuorNode", {kCatalogue, "Alarms"}), "nothing");
+  itsEnd.join();
+  EXPECT_THAT(shown(), IsEmpty());
+  EXPECT_EQ(call("BookInfo", {kCatalogue}), R"([""])");
 }
 
 TEST_P(HeldFiles, CanNotBeReplacedWhenTheyAreTheCatalogue) {

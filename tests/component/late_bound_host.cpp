@@ -42,6 +42,9 @@ Result resultOf(Variant& value) {
 }
 
 class LateBoundHost final : public BoundHost {
+ public:
+  using BoundHost::BoundHost;
+
  private:
   Result callComponent(const std::string& operation, Arguments& arguments) override {
     std::vector<Variant> variables;
@@ -78,8 +81,8 @@ class LateBoundHost final : public BoundHost {
 
 }  // namespace
 
-std::unique_ptr<ComponentHost> makeLateBoundHost() {
-  return std::make_unique<LateBoundHost>();
+std::unique_ptr<ComponentHost> makeLateBoundHost(const std::wstring& componentDll) {
+  return std::make_unique<LateBoundHost>(componentDll);
 }
 
 }  // namespace quorbind::testing

@@ -31,8 +31,7 @@ std::string withoutDate(const std::string& text) {
 }  // namespace
 
 std::string OperationsTest::bytes(std::string_view name) const {
-  const std::string held = host_->disk().read(name);
-  return held.starts_with(kUtf16Mark) ? utf16File(withoutDate(fromUtf16File(held))) : held;
+  return withoutDateOfMaking(host_->disk().read(name));
 }
 
 void OperationsTest::expectRefused(const std::string& operation,
@@ -43,6 +42,10 @@ void OperationsTest::expectRefused(const std::string& operation,
   EXPECT_EQ(call(operation, arguments), answer);
   EXPECT_THAT(shown(), ElementsAre(box));
   EXPECT_EQ(allFiles(), before);
+}
+
+std::string withoutDateOfMaking(const std::string& bytes) {
+  return bytes.starts_with(kUtf16Mark) ? utf16File(withoutDate(fromUtf16File(bytes))) : bytes;
 }
 
 std::string saved(std::string_view document) {

@@ -48,6 +48,9 @@ class OperationsTest : public ::testing::TestWithParam<std::string> {
   const std::unique_ptr<ComponentHost> host_ = makeHost(GetParam());
 };
 
+/// The bytes of a file as tests compare them: the date of its making reads DATE.
+std::string withoutDateOfMaking(const std::string& bytes);
+
 /// The bytes of a saved document whose lines end with LF here.
 std::string saved(std::string_view document);
 

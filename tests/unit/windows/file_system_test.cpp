@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -71,6 +70,14 @@ class WindowsFileSystemTest : public ::testing::Test {
   [[nodiscard]] Handle heldByAnother(std::string_view name, DWORD sharing) const {
     return Handle(::CreateFileW(
         wide(name).c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr));
+  }
+
+  [[nodiscard]] DWORD attributesOf(std::string_view name) const {
+    return ::GetFileAttributesW(wide(name).c_str());
+  }
+  void mark(std::string_view name, DWORD attributes) const {
+    ASSERT_NE(::SetFileAttributesW(wide(name).c_str(), attributes), 0);
+    ASSERT_EQ(attributesOf(name), attributes);
   }
 
   [[nodiscard]] std::string accessRightsOf(std::string_view name) const {
@@ -139,33 +146,6 @@ TEST_F(WindowsFileSystemTest, ADriveThatIsNotThereRaises76) {
 
 // Replacing
 
-TEST_F(WindowsFileSystemTest, AFileThatSomebodyHoldsForAMomentIsWaitedFor) {
-  disk_.write("a.txt", "old");
-  Handle held = heldByAnother("a.txt", FILE_SHARE_READ);
-  ASSERT_TRUE(held);
-  std::thread other([&held] {
-    ::Sleep(300);
-    held.close();
-  });
-  const std::int32_t error = errorRaisedBy([&] { replaceBy("a.txt", "new"); });
-  other.join();
-
-  EXPECT_EQ(error, 0);
-  EXPECT_EQ(disk_.read("a.txt"), "new");
-}
-
-TEST_F(WindowsFileSystemTest, AFileThatSomebodyHoldsOnToRaises70AndStays) {
-  disk_.write("a.txt", "old");
-  Handle held = heldByAnother("a.txt", FILE_SHARE_READ);
-  ASSERT_TRUE(held);
-  const ULONGLONG start = ::GetTickCount64();
-
-  EXPECT_EQ(errorRaisedBy([&] { replaceBy("a.txt", "new"); }), 70);
-  EXPECT_LT(::GetTickCount64() - start, 5000U);
-  held.close();
-  EXPECT_THAT(disk_.contents(), ElementsAre(std::pair("a.txt"s, "old"s)));
-}
-
 TEST_F(WindowsFileSystemTest, AReadOnlyFileIsNotReplaced) {
   disk_.write("a.txt", "old");
   ::SetFileAttributesW(wide("a.txt").c_str(), FILE_ATTRIBUTE_READONLY);
@@ -174,33 +154,67 @@ TEST_F(WindowsFileSystemTest, AReadOnlyFileIsNotReplaced) {
   EXPECT_THAT(disk_.contents(), ElementsAre(std::pair("a.txt"s, "old"s)));
 }
 
-TEST_F(WindowsFileSystemTest, AReplacedFileKeepsItsAttributes) {
+TEST_F(WindowsFileSystemTest, TheNewFileHasTheAttributesOfTheOldOne) {
   disk_.write("a.txt", "old");
-  constexpr DWORD kAttributes =
-      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-  ASSERT_NE(::SetFileAttributesW(wide("a.txt").c_str(), kAttributes), 0);
+  mark("a.txt", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
 
   replaceBy("a.txt", "new");
 
   EXPECT_EQ(disk_.read("a.txt"), "new");
-  EXPECT_EQ(attributesOf("a.txt"), kAttributes);
+  EXPECT_EQ(attributesOf("a.txt"),
+            DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE});
 }
 
-TEST_F(WindowsFileSystemTest, ACopyHasTheAttributesOfItsSourceAndIsFlushedAllTheSame) {
+TEST_F(WindowsFileSystemTest, ACopyOfASeriesHasTheAttributesOfItsSourceAndIsFlushedAllTheSame) {
   disk_.write("a.txt", "a");
   disk_.write("b.txt", "b");
-  constexpr DWORD kHidden = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_ARCHIVE;
-  constexpr DWORD kReadOnly = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE;
-  ASSERT_NE(::SetFileAttributesW(wide("a.txt").c_str(), kHidden), 0);
-  ASSERT_NE(::SetFileAttributesW(wide("b.txt").c_str(), kReadOnly), 0);
+  mark("a.txt", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_ARCHIVE);
+  mark("b.txt", FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
 
   const std::unique_ptr<CopySeries> copies = files_.beginCopies();
   copies->copy(path("a.txt"), path("c.txt"));
   copies->copy(path("b.txt"), path("d.txt"));
   copies->flush();
 
-  EXPECT_EQ(attributesOf("c.txt"), kHidden);
-  EXPECT_EQ(attributesOf("d.txt"), kReadOnly);
+  EXPECT_EQ(attributesOf("c.txt"), DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_ARCHIVE});
+  EXPECT_EQ(attributesOf("d.txt"), DWORD{FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE});
+}
+
+TEST_F(WindowsFileSystemTest, ACopyHasTheAttributesOfItsSource) {
+  disk_.write("a.txt", "a");
+  disk_.write("b.txt", "b");
+  mark("a.txt", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
+  mark("b.txt", FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
+
+  files_.copyFile(path("a.txt"), path("b.txt"));
+
+  EXPECT_EQ(disk_.read("b.txt"), "a");
+  EXPECT_EQ(attributesOf("b.txt"),
+            DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE});
+}
+
+TEST_F(WindowsFileSystemTest, ACopyOverAFileHasTheAccessRightsOfThatFile) {
+  disk_.write("a.txt", "a");
+  disk_.write("b.txt", "b");
+  letEverybodyWrite("b.txt");
+  const std::string rights = accessRightsOf("b.txt");
+  ASSERT_NE(accessRightsOf("a.txt"), rights);
+
+  files_.copyFile(path("a.txt"), path("b.txt"));
+
+  EXPECT_EQ(disk_.read("b.txt"), "a");
+  EXPECT_EQ(accessRightsOf("b.txt"), rights);
+}
+
+TEST_F(WindowsFileSystemTest, AReadOnlyFileIsNeitherCopiedOntoNorDeleted) {
+  disk_.write("a.txt", "new");
+  disk_.write("b.txt", "old");
+  mark("b.txt", FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
+
+  EXPECT_EQ(errorRaisedBy([&] { files_.copyFile(path("a.txt"), path("b.txt")); }), 70);
+  EXPECT_EQ(errorRaisedBy([&] { files_.deleteFile(path("b.txt")); }), 70);
+  EXPECT_EQ(disk_.read("b.txt"), "old");
+  EXPECT_EQ(attributesOf("b.txt"), DWORD{FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE});
 }
 
 TEST_F(WindowsFileSystemTest, TheNewFileHasTheAccessRightsOfTheOldOne) {
@@ -223,31 +237,6 @@ TEST_F(WindowsFileSystemTest, AReplacementThatFailedIsOver) {
 
   EXPECT_EQ(errorRaisedBy([&] { replacement->write("new"); }), 57);
   EXPECT_EQ(errorRaisedBy([&] { replacement->commit(); }), 57);
-}
-
-TEST_F(WindowsFileSystemTest, ACopyOverAFileWaitsForItToo) {
-  disk_.write("a.txt", "new");
-  disk_.write("b.txt", "old");
-  Handle held = heldByAnother("b.txt", FILE_SHARE_READ);
-  std::thread other([&held] {
-    ::Sleep(300);
-    held.close();
-  });
-  const std::int32_t error = errorRaisedBy([&] { files_.copyFile(path("a.txt"), path("b.txt")); });
-  other.join();
-
-  EXPECT_EQ(error, 0);
-  EXPECT_EQ(disk_.read("b.txt"), "new");
-}
-
-// Reading
-
-TEST_F(WindowsFileSystemTest, AFileThatSomebodyLocksAwayRaises70) {
-  disk_.write("a.txt", "a");
-  const Handle held = heldByAnother("a.txt", 0);
-
-  EXPECT_EQ(errorRaisedBy([&] { (void)files_.open(path("a.txt")); }), 70);
-  EXPECT_EQ(errorRaisedBy([&] { files_.deleteFile(path("a.txt")); }), 70);
 }
 
 }  // namespace
