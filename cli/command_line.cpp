@@ -17,7 +17,8 @@ void declare(CLI::App& app, Task& task) {
                                   offerBookSubcommands,
                                   offerCategorySubcommands,
                                   offerKeywordSubcommands,
-                                  offerLinkSubcommands}) {
+                                  offerLinkSubcommands,
+                                  offerExplanations}) {
     offerGroupOf(app, task);
   }
 }

@@ -79,5 +79,6 @@ void offerBookSubcommands(CLI::App& app, Task& task);
 void offerCategorySubcommands(CLI::App& app, Task& task);
 void offerKeywordSubcommands(CLI::App& app, Task& task);
 void offerLinkSubcommands(CLI::App& app, Task& task);
+void offerExplanations(CLI::App& app, Task& task);
 
 }  // namespace quorbind

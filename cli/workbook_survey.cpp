@@ -19,6 +19,7 @@
 #include "platform/workbooks/workbook_file.h"
 #include "platform/xml_document.h"
 #include "resources/messages.h"
+#include "resources/rule_texts.h"
 #include "sidefiles/keyword_rules.h"
 #include "toc/excel_toc.h"
 #include "toc/text_form.h"
@@ -36,22 +37,17 @@ constexpr std::size_t kMostViolations = 100;
 /// A column of 16-bit rows has no row behind its last, at which reading would end.
 constexpr std::int32_t kLastRow = std::numeric_limits<std::int16_t>::max() - 1;
 
-constexpr std::string_view kNoBooks = "Error:There is no Node Level 1 from row 3 on";
-constexpr std::string_view kTooManyRows = "Error:A sheet may have no more than 32766 rows";
-constexpr std::string_view kLevelMissing =
-    "Error:Node Level is missing, and what follows would not be read";
-constexpr std::string_view kLevelTooLow = "Error:Node Level should be 1 or more";
-constexpr std::string_view kLevelJumps =
-    "Error:Node Level is more than one deeper than all before it";
-constexpr std::string_view kLevelTooDeep = "Error:The headings are nested too deeply";
-constexpr std::string_view kOneRow =
-    "Error:The first book should have a heading where another book follows";
-constexpr std::string_view kNotEmpty =
-    "Error:The cell should be empty; it would be taken for that of the next column";
-constexpr std::string_view kNotExportable = "Error:The cell should hold no line break, and no $@@$";
-constexpr std::string_view kNoList =
-    "Error:There is no second sheet, which the link identifiers need";
-constexpr std::string_view kAcronymTooLong = "Error:Book Acro is too long for the name of a file";
+constexpr std::string_view kNoBooks = text(RuleText::kWorkbookWithoutBook);
+constexpr std::string_view kTooManyRows = text(RuleText::kWorkbookTooLong);
+constexpr std::string_view kLevelMissing = text(RuleText::kWorkbookLevelMissing);
+constexpr std::string_view kLevelTooLow = text(RuleText::kWorkbookLevelTooLow);
+constexpr std::string_view kLevelJumps = text(RuleText::kWorkbookLevelJumps);
+constexpr std::string_view kLevelTooDeep = text(RuleText::kWorkbookTooDeep);
+constexpr std::string_view kOneRow = text(RuleText::kWorkbookFirstBookEmpty);
+constexpr std::string_view kNotEmpty = text(RuleText::kWorkbookCellNotEmpty);
+constexpr std::string_view kNotExportable = text(RuleText::kWorkbookCellNotExportable);
+constexpr std::string_view kNoList = text(RuleText::kWorkbookWithoutList);
+constexpr std::string_view kAcronymTooLong = text(RuleText::kWorkbookAcronymTooLong);
 
 /// Takes the boxes that rules show, so that they can be shown with their place.
 class BoxCollector final : public UserInterface {

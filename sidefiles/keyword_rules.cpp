@@ -7,13 +7,14 @@
 #include "platform/text.h"
 #include "platform/toolset.h"
 #include "resources/messages.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
 namespace {
 
 constexpr std::string_view kHashes = "##";
-constexpr std::string_view kCannotBeUsed = "Cannot be used in ";
+constexpr std::string_view kCannotBeUsed = text(RuleText::kCannotBeUsed);
 /// In the order in which they are looked for; the last one's misspelling is published.
 constexpr std::array<std::string_view, 4> kEntityTexts{"&amp;", "&lt;", "&gt;", "&quote;"};
 

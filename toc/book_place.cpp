@@ -2,6 +2,7 @@
 
 #include "platform/paths.h"
 #include "platform/text.h"
+#include "resources/rule_texts.h"
 #include "toc/text_form.h"
 #include "workflow/forms/name_rules.h"
 
@@ -9,7 +10,7 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kLeadsOut = "Error:Book Folder leads out of the library: ";
+constexpr std::string_view kLeadsOut = text(RuleText::kFolderLeadsOut);
 
 /// The line that a reader of text finds first in `lines`.
 std::string_view firstLineOf(std::string_view lines) {

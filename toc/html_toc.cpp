@@ -7,6 +7,7 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
+#include "resources/rule_texts.h"
 #include "toc/block_removal.h"
 #include "toc/text_form.h"
 
@@ -29,18 +30,14 @@ constexpr char kQuote = '"';
 /// An end mark whose level has one digit, such as `</K1>`.
 constexpr std::size_t kUsualEndMarkLength = 5;
 
-constexpr std::string_view kNoHeading = "Error:Book Should Have at least one Heading";
-constexpr std::string_view kEndTag = "End Tag ";
-constexpr std::string_view kWithoutStartTag = " Does Not Have a Start Tag";
-constexpr std::string_view kStartTag = "Start Tag ";
-constexpr std::string_view kWithoutEndTag = " Does Not Have a End Tag";
-constexpr std::string_view kLevelIsText = "Error:Not Valid Begining and End Tags";
-constexpr std::string_view kLevelsDiffer = "Error:Start and End Tag does not match ";
-constexpr std::string_view kLevelNotPositive = "Error:Heading level should be positive ";
-constexpr std::string_view kLevelOutOfSequence = "Error:Heading Tag does not follow sequence ";
-constexpr std::string_view kPathMissing = "Error:File Path information is missing";
-constexpr std::string_view kTitleMissing = "Error:File Title Information is missing";
-constexpr std::string_view kTitleHasBrackets = "Error: Invalid HMTL Content";
+constexpr std::string_view kNoHeading = text(RuleText::kPageWithoutHeading);
+constexpr std::string_view kLevelIsText = text(RuleText::kHeadingLevelIsText);
+constexpr std::string_view kLevelsDiffer = text(RuleText::kHeadingLevelsDiffer);
+constexpr std::string_view kLevelNotPositive = text(RuleText::kHeadingLevelNotPositive);
+constexpr std::string_view kLevelOutOfSequence = text(RuleText::kHeadingOutOfSequence);
+constexpr std::string_view kPathMissing = text(RuleText::kHeadingPathMissing);
+constexpr std::string_view kTitleMissing = text(RuleText::kHeadingTitleMissing);
+constexpr std::string_view kTitleHasBrackets = text(RuleText::kHeadingHasBrackets);
 
 bool isContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -235,9 +232,9 @@ bool walkHtmlToc(std::string_view page, HtmlTocListener& listener) {
 
 HtmlTagRefusal refusalOfHtmlTag(std::string_view tag, HtmlTagFault fault, const Locale& locale) {
   std::string shown = locale.upperCase(tag);
-  std::string message = fault == HtmlTagFault::kNoStartTag
-                            ? std::string(kEndTag).append(shown).append(kWithoutStartTag)
-                            : std::string(kStartTag).append(shown).append(kWithoutEndTag);
+  const RuleText rule =
+      fault == HtmlTagFault::kNoStartTag ? RuleText::kEndTagAlone : RuleText::kStartTagAlone;
+  std::string message = replaceAll(text(rule), kTagInRuleText, shown);
   return {std::move(shown), {std::move(message)}};
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/number.h"
 #include "platform/runtime_error.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
@@ -14,13 +15,13 @@ constexpr std::string_view kQuote = "\"";
 constexpr std::size_t kPieces = 9;
 enum Piece : std::size_t { kLevel = 1, kName = 3, kFile = 5, kSubLink = 7 };
 
-constexpr std::string_view kEmptyFile = "Error: Text File is Empty";
-constexpr std::string_view kBadHeader = "Error: Text File Does not adhere to Quor TOC Content Spec";
-constexpr std::string_view kBadLine = "Error: Does not adhere to Quor TOC Content Spec";
-constexpr std::string_view kEmptyLine = "Error:Empty Line in TOC is not valid";
-constexpr std::string_view kLevelIsText = "Error:Node Level value can not be String";
-constexpr std::string_view kLevelOutOfSequence = "Error:Invalid Node Level Sequence ";
-constexpr std::string_view kNameIsEmpty = "Error:Node Name can not be Empty";
+constexpr std::string_view kEmptyFile = text(RuleText::kTextTocEmpty);
+constexpr std::string_view kBadHeader = text(RuleText::kTextHeaderForm);
+constexpr std::string_view kBadLine = text(RuleText::kTextLineForm);
+constexpr std::string_view kEmptyLine = text(RuleText::kTextLineEmpty);
+constexpr std::string_view kLevelIsText = text(RuleText::kTextLevelIsText);
+constexpr std::string_view kLevelOutOfSequence = text(RuleText::kTextLevelOutOfSequence);
+constexpr std::string_view kNameIsEmpty = text(RuleText::kTextNameEmpty);
 
 bool follows(int level, int previousLevel) {
   return level - previousLevel <= 1 && level != 0 && (level != 1 || previousLevel == 0);

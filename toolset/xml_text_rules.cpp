@@ -5,12 +5,13 @@
 
 #include "platform/text.h"
 #include "platform/user_interface.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kCannotBeUsed = "Cannot be used in ";
+constexpr std::string_view kCannotBeUsed = text(RuleText::kCannotBeUsed);
 
 struct Entity {
   char character;

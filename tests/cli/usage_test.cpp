@@ -19,6 +19,7 @@ const std::vector<Words> kSubcommands{
     {"set"},
     {"install"},
     {"merge"},
+    {"explain"},
     {"categories"},
     {"categories", "list"},
     {"categories", "add"},

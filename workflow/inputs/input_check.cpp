@@ -7,6 +7,7 @@
 #include "platform/locale.h"
 #include "platform/text.h"
 #include "resources/messages.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
@@ -20,10 +21,10 @@ struct KindRule {
 
 /// By kind, from 1.
 constexpr std::array kKindRules{
-    KindRule{".XML", "TOC file is not a XML file"},
-    KindRule{".HTM", "TOC file is not a HTML file"},
-    KindRule{".XLS", "TOC file is not a EXCEL file"},
-    KindRule{".TXT", "TOC file is not a Text file"},
+    KindRule{".XML", text(RuleText::kNotAnXmlFile)},
+    KindRule{".HTM", text(RuleText::kNotAnHtmlFile)},
+    KindRule{".XLS", text(RuleText::kNotAnExcelFile)},
+    KindRule{".TXT", text(RuleText::kNotATextFile)},
 };
 
 constexpr std::string_view kCatalogueName = "Quor_TOC.xml";

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "resources/explanations.h"
+
+namespace quorbind {
+
+/// The messages that a person asks about: the one of that number, or every one whose text holds
+/// what is asked or stands in it, in any ASCII letter case. So a box can be pasted whole. Texts
+/// that are only a part of others are found by their number, or when nothing else is. In the order
+/// of the table.
+std::vector<Explanation> explanationsFor(std::string_view question);
+
+/// The whole box that shows the message, lines separated by LF, with words in capitals for what
+/// differs from box to box.
+std::string shownBox(const Explanation& explanation);
+
+/// A topic in one word, as lists and JSON name it.
+std::string_view wordFor(Topic topic);
+
+}  // namespace quorbind

@@ -1,0 +1,81 @@
+#include "cli/message_story.h"
+
+#include <gmock/gmock.h>
+
+namespace quorbind {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::string_view> namesFor(std::string_view question) {
+  std::vector<std::string_view> names;
+  for (const Explanation& explanation : explanationsFor(question)) {
+    names.push_back(explanation.name);
+  }
+  return names;
+}
+
+TEST(MessageStory, IsFoundByItsNumber) {
+  EXPECT_THAT(namesFor("132"), ElementsAre("kNodeLevelNotInteger"));
+  EXPECT_THAT(namesFor(" 121 "), ElementsAre("kAlreadyExists"));
+}
+
+TEST(MessageStory, OfANumberThatNoMessageHasIsNotThere) {
+  for (const char* number : {"0", "134", "999", "1320", "99999999999999999999"}) {
+    EXPECT_THAT(namesFor(number), IsEmpty()) << number;
+  }
+}
+
+TEST(MessageStory, IsFoundByWordsOfItInAnyLetterCase) {
+  EXPECT_THAT(namesFor("should be integer"), ElementsAre("kNodeLevelNotInteger"));
+  EXPECT_THAT(namesFor("NODE NAME"),
+              ElementsAre("kTextNameEmpty", "kNodeNameNotFound", "kEntryCountsDiffer"));
+}
+
+TEST(MessageStory, IsFoundByTheWholeBox) {
+  EXPECT_THAT(namesFor("Row: 7 Column:1\nError:Node Level should be Integer"),
+              ElementsAre("kNodeLevelNotInteger"));
+  EXPECT_THAT(namesFor("Line: \"6\" \"Slope\" \"a.htm\" \"\"\nError:Invalid Node Level Sequence "),
+              ElementsAre("kTextLevelOutOfSequence"));
+}
+
+TEST(MessageStory, IsFoundWhateverTagItsBoxShows) {
+  EXPECT_THAT(namesFor("End Tag </K2> Does Not Have a Start Tag"), ElementsAre("kEndTagAlone"));
+  EXPECT_THAT(namesFor("Start Tag <KBD> Does Not Have a End Tag"), ElementsAre("kStartTagAlone"));
+}
+
+TEST(MessageStory, OfAPartIsFoundWhenNoWholeMessageIs) {
+  EXPECT_THAT(namesFor("Line: 5"), ElementsAre("kLine"));
+}
+
+TEST(MessageStory, OfATextThatNoMessageHasIsNotThere) {
+  EXPECT_THAT(namesFor("the printer is on fire"), IsEmpty());
+}
+
+TEST(MessageStory, ShowsTheWholeBoxWithTheTextsThatStandInIt) {
+  const auto boxOf = [](std::string_view question) {
+    return shownBox(explanationsFor(question).at(0));
+  };
+  EXPECT_EQ(boxOf("132"), "Row: ROW Column:COLUMN\nError:Node Level should be Integer");
+  EXPECT_EQ(boxOf("120"), "Error:Book Name NAME already Exists");
+  EXPECT_EQ(boxOf("139"),
+            "A temporary text file has to be created under this FOLDER   location,folder in the "
+            "above does not have a valid permission, please go and set the permission");
+}
+
+TEST(MessageStory, ShowsNoSignThatStandsForNothing) {
+  for (const Explanation& explanation : kExplanations) {
+    EXPECT_EQ(shownBox(explanation).find_first_of("{}"), std::string::npos) << explanation.name;
+  }
+}
+
+TEST(MessageStory, HasATopicInOneWord) {
+  for (const Explanation& explanation : kExplanations) {
+    EXPECT_EQ(wordFor(explanation.topic).find_first_of(" "), std::string_view::npos);
+    EXPECT_FALSE(wordFor(explanation.topic).empty()) << explanation.name;
+  }
+}
+
+}  // namespace
+}  // namespace quorbind
