@@ -88,10 +88,6 @@ class WindowsFileSystemTest : public ::testing::Test {
     return rights;
   }
 
-  [[nodiscard]] DWORD attributesOf(std::string_view name) const {
-    return ::GetFileAttributesW(wide(name).c_str());
-  }
-
   void letEverybodyWrite(std::string_view name) const {
     std::array<std::byte, SECURITY_MAX_SID_SIZE> everybody{};
     std::array<std::byte, 512> list{};
