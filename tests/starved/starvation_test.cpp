@@ -284,6 +284,7 @@ std::vector<HostCall> everyCall() {
        .arguments = addition(at(kOtherBook), 1),
        .telling = Telling::kPassedOver,
        .ofWhat = "OfABookFile"},
+      {"getExcelBookCount", {PaperSheet{{"Node Level"}, {}, {"1"}, {"2"}, {"1"}}, 1}},
       {"mbGetFormInput", {catalogue, 4}, Telling::kInABox, enterNaming},
       {"strBookAcroInfo", {catalogue, "Alarms"}, Telling::kPassedOver, fillTheDialog},
   };
