@@ -1,8 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +30,18 @@ inline const std::vector<Subcommand> kInterrupted{
     {"categories_rename", {"categories", "rename", "Safety", "Maps"}},
     {"keywords_add", {"keywords", "add", "Alarms", "horn"}},
 };
+
+/// A text whose dates with a time of the day read MOMENT.
+inline std::string withoutMoments(std::string text) {
+  for (const std::string_view half : {" AM", " PM"}) {
+    for (auto end = text.find(half); end != std::string::npos; end = text.find(half, end)) {
+      const std::size_t begin = text.find_last_not_of("0123456789/: ", end - 1) + 1;
+      text.replace(begin, end + half.size() - begin, "MOMENT");
+      end = begin;
+    }
+  }
+  return text;
+}
 
 /// A subcommand on a library that is put back as often as wanted.
 class InterruptedCommand : public CompleteLibrary {
@@ -62,12 +74,11 @@ class InterruptedCommand : public CompleteLibrary {
 
   /// What stands on the disk, but for line ends, and the moment at which a book file was made.
   [[nodiscard]] Tree contents() const {
-    static const std::regex kMoment("[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+:[0-9]+ [AP]M");
     Tree tree = disk.contents();
     for (auto& [name, content] : tree) {
       if (std::filesystem::path(name).filename().string().starts_with("Book_")) {
         const bool isUtf16 = content.starts_with("\xFF\xFE");
-        content = std::regex_replace(isUtf16 ? fromUtf16File(content) : content, kMoment, "MOMENT");
+        content = withoutMoments(isUtf16 ? fromUtf16File(content) : content);
       }
       content = replaceAll(content, "\r\n", "\n");
     }
