@@ -7,6 +7,7 @@
 #include "cli/json_text.h"
 #include "cli/listing.h"
 #include "cli/message_story.h"
+#include "cli/text_list.h"
 #include "cli/text_table.h"
 #include "cli/wiring.h"
 #include "platform/text.h"
@@ -75,14 +76,6 @@ void printStories(const std::vector<Explanation>& explanations) {
   }
 }
 
-std::string joined(const std::vector<std::string>& words) {
-  std::string text;
-  for (const std::string& word : words) {
-    text.append(text.empty() ? "" : " ").append(word);
-  }
-  return text;
-}
-
 void listAll(bool json) {
   if (json) {
     printAsJson(kExplanations);
@@ -113,7 +106,7 @@ ExitStatus runExplain(const ExplainArguments& arguments) {
     if (arguments.question.empty()) {
       listAll(arguments.json);
     } else {
-      explain(joined(arguments.question), arguments.json);
+      explain(joined(arguments.question, " "), arguments.json);
     }
   });
 }

@@ -14,7 +14,7 @@ auto FileJournal::changing(std::string_view path, Step&& step) {
     return std::forward<Step>(step)();
   } catch (const RunTimeError& error) {
     if (isWriteError(error.number()) && !failedWrite_) {
-      failedWrite_ = files_.absolutePath(path);
+      failedWrite_ = files().absolutePath(path);
     }
     throw;
   }
@@ -23,7 +23,7 @@ auto FileJournal::changing(std::string_view path, Step&& step) {
 class FileJournal::WatchedReplacement final : public FileReplacement {
  public:
   WatchedReplacement(FileJournal& journal, std::string_view path)
-      : journal_(journal), path_(path), replacement_(journal.files_.replace(path)) {}
+      : journal_(journal), path_(path), replacement_(journal.files().replace(path)) {}
 
   void write(std::string_view bytes) override {
     journal_.changing(path_, [&] { replacement_->write(bytes); });
@@ -42,7 +42,7 @@ class FileJournal::WatchedReplacement final : public FileReplacement {
 class FileJournal::WatchedCopies final : public CopySeries {
  public:
   explicit WatchedCopies(FileJournal& journal)
-      : journal_(journal), copies_(journal.files_.beginCopies()) {}
+      : journal_(journal), copies_(journal.files().beginCopies()) {}
 
   void copy(std::string_view from, std::string_view to) override {
     journal_.changing(to, [&] { copies_->copy(from, to); });
@@ -61,12 +61,12 @@ class FileJournal::WatchedCopies final : public CopySeries {
 };
 
 void FileJournal::createFolder(std::string_view path) {
-  changing(path, [&] { files_.createFolder(path); });
+  changing(path, [&] { files().createFolder(path); });
   note({FileChange::Kind::kFolderMade, std::string(path)});
 }
 
 void FileJournal::copyFile(std::string_view from, std::string_view to) {
-  changing(to, [&] { files_.copyFile(from, to); });
+  changing(to, [&] { files().copyFile(from, to); });
   note({FileChange::Kind::kWritten, std::string(to)});
 }
 
@@ -75,18 +75,18 @@ std::unique_ptr<CopySeries> FileJournal::beginCopies() {
 }
 
 void FileJournal::moveFile(std::string_view from, std::string_view to) {
-  changing(from, [&] { files_.moveFile(from, to); });
+  changing(from, [&] { files().moveFile(from, to); });
   const FileChange undone{
-      FileChange::Kind::kMoved, files_.absolutePath(to), files_.absolutePath(from)};
+      FileChange::Kind::kMoved, files().absolutePath(to), files().absolutePath(from)};
   if (!changes_.empty() && changes_.back() == undone) {
     changes_.pop_back();
   } else {
-    note({FileChange::Kind::kMoved, std::string(from), files_.absolutePath(to)});
+    note({FileChange::Kind::kMoved, std::string(from), files().absolutePath(to)});
   }
 }
 
 void FileJournal::deleteFile(std::string_view path) {
-  changing(path, [&] { files_.deleteFile(path); });
+  changing(path, [&] { files().deleteFile(path); });
   note({FileChange::Kind::kDeleted, std::string(path)});
 }
 
@@ -97,7 +97,7 @@ std::unique_ptr<FileReplacement> FileJournal::replace(std::string_view path) {
 }
 
 void FileJournal::note(FileChange change) {
-  change.path = files_.absolutePath(change.path);
+  change.path = files().absolutePath(change.path);
   if (std::find(changes_.begin(), changes_.end(), change) == changes_.end()) {
     changes_.push_back(std::move(change));
   }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/read_through_files.h"
 
 namespace quorbind {
 
@@ -25,10 +25,9 @@ struct FileChange {
 /// A file system that remembers what was changed through it, and what could not be. The component
 /// tells a failed write in a box that does not always name the file, and goes on in places: only
 /// the files themselves tell what a run has left.
-class FileJournal final : public FileSystem {
+class FileJournal final : public ReadThroughFiles {
  public:
-  /// Kept by reference.
-  explicit FileJournal(FileSystem& files) : files_(files) {}
+  using ReadThroughFiles::ReadThroughFiles;
 
   /// In the order in which they came about; a file that was written more than once stands there
   /// once, and a move that was undone does not.
@@ -36,30 +35,11 @@ class FileJournal final : public FileSystem {
   /// The file or folder of the first write that failed.
   [[nodiscard]] const std::optional<std::string>& failedWrite() const { return failedWrite_; }
 
-  [[nodiscard]] bool fileExists(std::string_view path) override { return files_.fileExists(path); }
-  [[nodiscard]] bool folderExists(std::string_view path) override {
-    return files_.folderExists(path);
-  }
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
   [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
-  [[nodiscard]] std::string absolutePath(std::string_view path) override {
-    return files_.absolutePath(path);
-  }
-  [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override {
-    return files_.sameFile(left, right);
-  }
-  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
-    return files_.namesIn(folder);
-  }
-  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override {
-    return files_.fileNamesIn(folder);
-  }
-  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
-    return files_.open(path);
-  }
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
@@ -71,7 +51,6 @@ class FileJournal final : public FileSystem {
   auto changing(std::string_view path, Step&& step);
   void note(FileChange change);
 
-  FileSystem& files_;
   std::vector<FileChange> changes_;
   std::optional<std::string> failedWrite_;
 };

@@ -16,6 +16,7 @@
 #include "toc/book_place.h"
 #include "toc/excel_links.h"
 #include "toc/read_once_spreadsheets.h"
+#include "toc/replaced.h"
 #include "toc/text_form.h"
 #include "toc/toc_check.h"
 #include "workflow/forms/name_rules.h"
@@ -26,21 +27,6 @@ namespace {
 
 /// Stands behind the fields of a line.
 constexpr std::string_view kLineClosing = " $@@$";
-
-/// Lets a variable have another value as long as it lives.
-template <typename Value>
-class Replaced {
- public:
-  Replaced(Value& variable, Value value)
-      : variable_(variable), before_(std::exchange(variable, value)) {}
-  ~Replaced() { variable_ = before_; }
-  Replaced(const Replaced&) = delete;
-  Replaced& operator=(const Replaced&) = delete;
-
- private:
-  Value& variable_;
-  Value before_;
-};
 
 /// What an attempt gave; null when it ended in an error.
 template <typename Attempt>

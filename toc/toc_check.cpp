@@ -2,10 +2,12 @@
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/folder_listings.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
 #include "platform/text_file.h"
 #include "resources/messages.h"
+#include "toc/replaced.h"
 
 namespace quorbind {
 
@@ -22,8 +24,9 @@ TocCheck::TocCheck(Module& module) : module_(module), excel_(module, *this) {}
 
 bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType, const ExcelRun* run) {
   UserInterface& ui = module_.platform.ui;
-  listings_.emplace(module_.platform.files, module_.platform.locale);
-  const bool isAccepted = trapped(ui, source::kValidateTocFile, false, [&] {
+  FolderListings listings(module_.platform.files, module_.platform.locale);
+  const Replaced<FolderListings*> replaced(listings_, &listings);
+  return trapped(ui, source::kValidateTocFile, false, [&] {
     if (!module_.platform.files.fileExists(tocPath)) {
       ui.show(criticalMessage(Message::kTocNotFoundAtPath + "\r" + tocPath));
       return false;
@@ -43,8 +46,6 @@ bool TocCheck::mbValidateTocFile(std::string& tocPath, std::int16_t vintType, co
         return false;
     }
   });
-  listings_.reset();
-  return isAccepted;
 }
 
 /// Hands the lines of a walk to the published checks, and tells the user of what they refuse.
@@ -131,7 +132,7 @@ bool TocCheck::documentExists(std::string_view folder, std::string_view fileName
 }
 
 bool TocCheck::fileExists(const std::string& path) {
-  return listings_ ? listings_->hasFile(path) : module_.platform.files.fileExists(path);
+  return listings_ != nullptr ? listings_->hasFile(path) : module_.platform.files.fileExists(path);
 }
 
 void TocCheck::mDisplayErrorMessage(std::string_view message, std::string_view offendingText) {

@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/folder_listings.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
 #include "toc/book_place.h"
@@ -17,6 +16,8 @@
 #include "workflow/forms/module.h"
 
 namespace quorbind {
+
+class FolderListings;
 
 /// The check of tables of contents, with what a `Quor_Book` object remembers of it. Each operation
 /// answers False after it has told the user why.
@@ -132,8 +133,8 @@ class TocCheck {
   std::vector<std::string> marrsMissingFiles_;
   std::string mstrBookFile_;
   std::string mstrBookFolder_;
-  /// Of the check that is running.
-  std::optional<FolderListings> listings_;
+  /// Of the check that is running; null without one.
+  FolderListings* listings_ = nullptr;
   ExcelTocCheck excel_;
 };
 

@@ -44,7 +44,6 @@ class PortableFileSystem final : public FileSystem {
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
-  [[nodiscard]] std::vector<std::string> list(std::string_view folder, Listed listed);
   class Copies;
 
   /// Both ends of a copy. Raises what copyFile raises for them.
@@ -53,6 +52,7 @@ class PortableFileSystem final : public FileSystem {
     std::string target;
   };
   [[nodiscard]] CopyWay findCopyWay(std::string_view from, std::string_view to);
+  [[nodiscard]] std::vector<std::string> list(std::string_view folder, Listed listed);
   [[nodiscard]] DriveName nameOf(std::string_view name) const;
   [[nodiscard]] std::string workingFolder() const;
   /// Raises 76 for a drive that does not exist.

@@ -229,18 +229,20 @@ void XmlTree::setAttribute(xmlNode& element, const std::string& name, const std:
 }
 
 std::vector<xmlNode*> XmlTree::selectFromDocument(std::string_view query) {
-  if (elements_) {
-    if (const auto path = PathQuery::read(query)) {
-      return path->find(*document_, *elements_);
-    }
+  auto& document = *reinterpret_cast<xmlNode*>(document_.get());
+  const auto path = PathQuery::read(query);
+  if (!path) {
+    return selectByXPath(query, document);
   }
-  return select(query, *reinterpret_cast<xmlNode*>(document_.get()));
+  return elements_ ? path->find(*document_, *elements_) : path->find(document);
 }
 
 std::vector<xmlNode*> XmlTree::select(std::string_view query, xmlNode& start) {
-  if (const auto path = PathQuery::read(query)) {
-    return path->find(start);
-  }
+  const auto path = PathQuery::read(query);
+  return path ? path->find(start) : selectByXPath(query, start);
+}
+
+std::vector<xmlNode*> XmlTree::selectByXPath(std::string_view query, xmlNode& start) {
   const XPathResultHandle result = evaluate(query, start);
   std::vector<xmlNode*> nodes;
   for (int i = 0; i < xmlXPathNodeSetGetLength(result->nodesetval); ++i) {

@@ -60,6 +60,7 @@ class XmlTree {
  private:
   void takeOut(xmlNode& child);
   [[nodiscard]] xmlNode& newText(const std::string& text);
+  [[nodiscard]] std::vector<xmlNode*> selectByXPath(std::string_view query, xmlNode& start);
   [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
 
   XmlDocHandle document_;

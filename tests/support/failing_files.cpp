@@ -35,7 +35,7 @@ std::vector<FileFault> faultsOf(ChangingCall::Kind kind) {
 
 class FailingFiles::Copies final : public CopySeries {
  public:
-  explicit Copies(FailingFiles& files) : files_(files), copies_(files.files_.beginCopies()) {}
+  explicit Copies(FailingFiles& files) : files_(files), copies_(files.files().beginCopies()) {}
 
   void copy(std::string_view from, std::string_view to) override {
     files_.pass(Kind::kCopy, to);
@@ -64,7 +64,7 @@ class FailingFiles::Copies final : public CopySeries {
 class FailingFiles::Replacement final : public FileReplacement {
  public:
   Replacement(FailingFiles& files, std::string_view path)
-      : files_(files), path_(path), replacement_(files.files_.replace(path)) {}
+      : files_(files), path_(path), replacement_(files.files().replace(path)) {}
 
   void write(std::string_view bytes) override {
     if (const FileFault* fault = files_.begin(Kind::kWrite, path_)) {
@@ -106,12 +106,12 @@ void FailingFiles::stopAt(std::size_t number) {
 
 void FailingFiles::createFolder(std::string_view path) {
   pass(Kind::kCreateFolder, path);
-  files_.createFolder(path);
+  files().createFolder(path);
 }
 
 void FailingFiles::copyFile(std::string_view from, std::string_view to) {
   pass(Kind::kCopyFile, to);
-  files_.copyFile(from, to);
+  files().copyFile(from, to);
 }
 
 std::unique_ptr<CopySeries> FailingFiles::beginCopies() {
@@ -120,12 +120,12 @@ std::unique_ptr<CopySeries> FailingFiles::beginCopies() {
 
 void FailingFiles::moveFile(std::string_view from, std::string_view to) {
   pass(Kind::kMoveFile, from);
-  files_.moveFile(from, to);
+  files().moveFile(from, to);
 }
 
 void FailingFiles::deleteFile(std::string_view path) {
   pass(Kind::kDeleteFile, path);
-  files_.deleteFile(path);
+  files().deleteFile(path);
 }
 
 std::unique_ptr<FileReplacement> FailingFiles::replace(std::string_view path) {
@@ -135,7 +135,7 @@ std::unique_ptr<FileReplacement> FailingFiles::replace(std::string_view path) {
 
 const FileFault* FailingFiles::begin(ChangingCall::Kind kind, std::string_view path) {
   const std::size_t number = calls_.size();
-  calls_.push_back({kind, path.empty() ? std::string() : files_.absolutePath(path)});
+  calls_.push_back({kind, path.empty() ? std::string() : files().absolutePath(path)});
   if (stops_ && number >= failing_) {
     throw Abandoned(AbandonReason::kAnswerMissing, "stopped");
   }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/read_through_files.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind::testing {
@@ -46,10 +46,9 @@ std::vector<FileFault> faultsOf(ChangingCall::Kind kind);
 
 /// Files that pass everything on to others, and note the calls that change something. One of these
 /// calls can be made to fail; then it is not passed on.
-class FailingFiles final : public FileSystem {
+class FailingFiles final : public ReadThroughFiles {
  public:
-  /// Kept by reference.
-  explicit FailingFiles(FileSystem& files) : files_(files) {}
+  using ReadThroughFiles::ReadThroughFiles;
 
   /// Forgets the calls so far, and lets none fail.
   void reset();
@@ -60,27 +59,11 @@ class FailingFiles final : public FileSystem {
   /// In order, the one that failed included.
   [[nodiscard]] const std::vector<ChangingCall>& calls() const { return calls_; }
 
-  [[nodiscard]] bool fileExists(std::string_view path) override { return files_.fileExists(path); }
-  [[nodiscard]] bool folderExists(std::string_view path) override {
-    return files_.folderExists(path);
-  }
   void createFolder(std::string_view path) override;
   void copyFile(std::string_view from, std::string_view to) override;
   [[nodiscard]] std::unique_ptr<CopySeries> beginCopies() override;
   void moveFile(std::string_view from, std::string_view to) override;
   void deleteFile(std::string_view path) override;
-  [[nodiscard]] std::string absolutePath(std::string_view path) override {
-    return files_.absolutePath(path);
-  }
-  [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override {
-    return files_.sameFile(left, right);
-  }
-  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
-    return files_.namesIn(folder);
-  }
-  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
-    return files_.open(path);
-  }
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
@@ -92,7 +75,6 @@ class FailingFiles final : public FileSystem {
   /// The same, and raises the fault's error.
   void pass(ChangingCall::Kind kind, std::string_view path);
 
-  FileSystem& files_;
   std::vector<ChangingCall> calls_;
   std::size_t failing_ = 0;
   std::unique_ptr<const FileFault> fault_;
