@@ -4,9 +4,9 @@
 
 namespace quorbind {
 
-namespace {
-
-void declare(CLI::App& app, Task& task) {
+void declareCommand(CLI::App& app, Task& task) {
+  app.name("quorbind");
+  app.description("Keeps the books of a documentation library.");
   app.set_version_flag("--version", "quorbind " QUORBIND_VERSION);
   app.require_subcommand(1);
   app.footer(
@@ -23,12 +23,10 @@ void declare(CLI::App& app, Task& task) {
   }
 }
 
-}  // namespace
-
 std::variant<Task, ExitStatus> readCommandLine(int count, const char* const* arguments) {
-  CLI::App app("Keeps the books of a documentation library.", "quorbind");
+  CLI::App app;
   Task task;
-  declare(app, task);
+  declareCommand(app, task);
   try {
     app.parse(count, arguments);
     return task;

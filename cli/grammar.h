@@ -72,6 +72,9 @@ void addWord(CLI::App& command,
              std::string& value,
              const std::string& description);
 
+/// Declares the whole command, which is the groups below and what stands beside them.
+void declareCommand(CLI::App& app, Task& task);
+
 // The groups. Each declares its subcommands; see the files of the same names.
 void offerTocSubcommands(CLI::App& app, Task& task);
 void offerLibrarySubcommands(CLI::App& app, Task& task);

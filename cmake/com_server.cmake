@@ -47,4 +47,5 @@ function(quorbind_com_server target name file)
   endif()
   set_property(SOURCE ${SERVER_SOURCES} APPEND PROPERTY OBJECT_DEPENDS
                ${CMAKE_CURRENT_BINARY_DIR}/${name}.tlb)
+  quorbind_symbols_beside(${target})
 endfunction()

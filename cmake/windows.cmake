@@ -8,4 +8,4 @@ add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WIN
 add_compile_options(
   "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>"
   "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>")
-add_link_options(-static -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+add_link_options(-static -Wl,--no-insert-timestamp)

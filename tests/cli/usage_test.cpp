@@ -89,7 +89,7 @@ TEST_F(Usage, TheServerComesFromTheEnvironmentWhenItIsNotGiven) {
 TEST_F(Usage, TheVersionIsToldOnTheStandardOutput) {
   const Outcome outcome = quorbind({"--version"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.out, "quorbind 0.1.0\n");
+  EXPECT_EQ(outcome.out, "quorbind " QUORBIND_VERSION "\n");
   EXPECT_EQ(outcome.err, "");
 }
 
