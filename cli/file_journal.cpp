@@ -1,6 +1,5 @@
 #include "cli/file_journal.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "cli/failure.h"
@@ -44,10 +43,13 @@ class FileJournal::WatchedCopies final : public CopySeries {
   explicit WatchedCopies(FileJournal& journal)
       : journal_(journal), copies_(journal.files().beginCopies()) {}
 
-  void copy(std::string_view from, std::string_view to) override {
-    journal_.changing(to, [&] { copies_->copy(from, to); });
-    journal_.note({FileChange::Kind::kWritten, std::string(to)});
-    last_ = to;
+  bool copy(std::string_view from, std::string_view to) override {
+    const bool isCopied = journal_.changing(to, [&] { return copies_->copy(from, to); });
+    if (isCopied) {
+      journal_.note({FileChange::Kind::kWritten, std::string(to)});
+      last_ = to;
+    }
+    return isCopied;
   }
   void flush() override {
     journal_.changing(last_, [&] { copies_->flush(); });
@@ -79,6 +81,7 @@ void FileJournal::moveFile(std::string_view from, std::string_view to) {
   const FileChange undone{
       FileChange::Kind::kMoved, files().absolutePath(to), files().absolutePath(from)};
   if (!changes_.empty() && changes_.back() == undone) {
+    known_.erase(undone);
     changes_.pop_back();
   } else {
     note({FileChange::Kind::kMoved, std::string(from), files().absolutePath(to)});
@@ -98,7 +101,7 @@ std::unique_ptr<FileReplacement> FileJournal::replace(std::string_view path) {
 
 void FileJournal::note(FileChange change) {
   change.path = files().absolutePath(change.path);
-  if (std::find(changes_.begin(), changes_.end(), change) == changes_.end()) {
+  if (known_.insert(change).second) {
     changes_.push_back(std::move(change));
   }
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <compare>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +21,7 @@ struct FileChange {
   /// Where a moved file went.
   std::string target = {};
 
-  bool operator==(const FileChange&) const = default;
+  auto operator<=>(const FileChange&) const = default;
 };
 
 /// A file system that remembers what was changed through it, and what could not be. The component
@@ -52,6 +54,7 @@ class FileJournal final : public ReadThroughFiles {
   void note(FileChange change);
 
   std::vector<FileChange> changes_;
+  std::set<FileChange> known_;
   std::optional<std::string> failedWrite_;
 };
 

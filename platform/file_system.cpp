@@ -8,7 +8,13 @@ class FlushedCopies final : public CopySeries {
  public:
   explicit FlushedCopies(FileSystem& files) : files_(files) {}
 
-  void copy(std::string_view from, std::string_view to) override { files_.copyFile(from, to); }
+  bool copy(std::string_view from, std::string_view to) override {
+    const bool isThere = files_.sameFile(from, to);
+    if (!isThere) {
+      files_.copyFile(from, to);
+    }
+    return !isThere;
+  }
   void flush() override {}
 
  private:

@@ -44,8 +44,9 @@ class CopySeries {
  public:
   virtual ~CopySeries() = default;
 
-  /// As FileSystem::copyFile, errors included.
-  virtual void copy(std::string_view from, std::string_view to) = 0;
+  /// As FileSystem::copyFile, errors included, but that a file which is there already stays as it
+  /// is: answers false where both names are of one file.
+  virtual bool copy(std::string_view from, std::string_view to) = 0;
   /// Flushes what was copied since the last flush. Raises 61 or 57; what could not be flushed then
   /// is not tried again.
   virtual void flush() = 0;

@@ -148,11 +148,17 @@ class DocumentCopy {
   /// Answers whether it succeeded.
   bool bring(const std::string& folder, const std::string& name) {
     return ignoringErrors([&] {
-             if (!files_.sameFile(folder + name, targetFolder_ + name)) {
-               makeFolders(files_, folderOf(targetFolder_ + name));
-               copies_.copy(folder + name, targetFolder_ + name);
-             }
+             makeFolderFor(targetFolder_ + name);
+             copies_.copy(folder + name, targetFolder_ + name);
            }) == 0;
+  }
+
+  void makeFolderFor(const std::string& target) {
+    const std::string_view folder = folderOf(target);
+    if (folder != madeFolder_) {
+      makeFolders(files_, folder);
+      madeFolder_ = folder;
+    }
   }
 
   void copyLinkedFilesOf(const Page& page) {
@@ -192,6 +198,8 @@ class DocumentCopy {
   FolderListings& listings_;
   NameSet& settled_;
   std::string targetFolder_;
+  /// The last one that was made, or stood.
+  std::string madeFolder_;
   std::vector<Page> pages_;
 };
 

@@ -15,12 +15,6 @@ namespace {
 
 constexpr std::size_t kMaximumSpellingsKept = 1000;
 
-PathFinder::Place placeAsSpelled(std::string path) {
-  struct stat status {};
-  const bool stands = ::lstat(path.c_str(), &status) == 0;
-  return {std::move(path), stands, stands && S_ISREG(status.st_mode)};
-}
-
 PathFinder::Place placeIn(const std::string& folder,
                           const std::string& name,
                           const FolderListing& names) {
@@ -32,11 +26,17 @@ PathFinder::Place placeIn(const std::string& folder,
 
 PathFinder::PathFinder(std::string root) : root_(std::move(root)) {}
 
+PathFinder::Place PathFinder::findAsSpelled(std::string path) {
+  struct stat status {};
+  const bool stands = ::lstat(path.c_str(), &status) == 0;
+  return {std::move(path), stands, stands && S_ISREG(status.st_mode)};
+}
+
 PathFinder::Place PathFinder::find(std::string path) {
   if (path.size() >= PATH_MAX) {
     raise(ErrorNumber::kBadFileName);
   }
-  Place asSpelled = placeAsSpelled(std::move(path));
+  Place asSpelled = findAsSpelled(std::move(path));
   return asSpelled.stands ? std::move(asSpelled) : findInAnyCase(std::move(asSpelled.path));
 }
 
@@ -75,7 +75,7 @@ std::optional<PathFinder::Place> PathFinder::findInOtherSpelling(const std::stri
 // Nothing when the folder has gone, or can't be listed.
 std::optional<PathFinder::Place> PathFinder::findIn(const std::string& folder,
                                                     const std::string& name) {
-  Place asSpelled = placeAsSpelled(pathIn(folder, name));
+  Place asSpelled = findAsSpelled(pathIn(folder, name));
   if (asSpelled.stands) {
     return asSpelled;
   }

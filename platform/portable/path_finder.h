@@ -30,6 +30,8 @@ class PathFinder {
   /// `path` begins with the root and a `/`, and has no other `/` at its end. Parts that do not
   /// exist come back as spelled. Raises 52 for a path longer than the system allows.
   Place find(std::string path);
+  /// In no other letter case.
+  static Place findAsSpelled(std::string path);
 
  private:
   Place findInAnyCase(std::string path);

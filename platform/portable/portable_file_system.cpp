@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/portable/copy_targets.h"
 #include "platform/portable/sibling_replacement.h"
 #include "platform/portable/system_call.h"
 #include "platform/runtime_error.h"
@@ -137,13 +138,23 @@ class FileReader final : public ByteReader {
 
 class PortableFileSystem::Copies final : public CopySeries {
  public:
-  explicit Copies(PortableFileSystem& files) : files_(files) {}
+  explicit Copies(PortableFileSystem& files) : files_(files), targets_(files.finder_) {}
 
-  void copy(std::string_view from, std::string_view to) override {
-    const CopyWay way = files_.findCopyWay(from, to);
-    SiblingReplacement replacement(way.target);
-    replacement.copyFrom(way.source);
+  bool copy(std::string_view from, std::string_view to) override {
+    const std::string source = files_.locateFile(files_.nameOf(from)).path;
+    const FileDescriptor file = openForReading(source);
+    const std::string path = files_.pathOfFile(files_.nameOf(to));
+    const PathFinder::Place target = targets_.find(path);
+    if (target.stands && isSame(statusOf(source), statusOf(target.path))) {
+      return false;
+    }
+    SiblingReplacement replacement(target.path);
+    replacement.copyFrom(file);
     replacement.commitUnflushed(disks_);
+    if (!target.stands) {
+      targets_.add(path);
+    }
+    return true;
   }
   void flush() override {
     if (const int error = disks_.flush(); error != 0) {
@@ -153,6 +164,7 @@ class PortableFileSystem::Copies final : public CopySeries {
 
  private:
   PortableFileSystem& files_;
+  CopyTargets targets_;
   UnflushedDisks disks_;
 };
 
@@ -185,8 +197,13 @@ void PortableFileSystem::createFolder(std::string_view path) {
 }
 
 void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {
-  const CopyWay way = findCopyWay(from, to);
-  copyTo(way.target, way.source);
+  const PathFinder::Place source = locateFile(nameOf(from));
+  const FileDescriptor file = openForReading(source.path);
+  const PathFinder::Place target = locateFile(nameOf(to));
+  if (isSame(statusOf(source.path), statusOf(target.path))) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
+  copyTo(target.path, file);
 }
 
 std::unique_ptr<CopySeries> PortableFileSystem::beginCopies() {
@@ -271,17 +288,6 @@ std::unique_ptr<FileReplacement> PortableFileSystem::replace(std::string_view pa
   return std::make_unique<SiblingReplacement>(locateFile(nameOf(path)).path);
 }
 
-PortableFileSystem::CopyWay PortableFileSystem::findCopyWay(std::string_view from,
-                                                            std::string_view to) {
-  const PathFinder::Place origin = locateFile(nameOf(from));
-  FileDescriptor source = openForReading(origin.path);
-  PathFinder::Place target = locateFile(nameOf(to));
-  if (isSame(statusOf(origin.path), statusOf(target.path))) {
-    raise(ErrorNumber::kPermissionDenied);
-  }
-  return {std::move(source), std::move(target.path)};
-}
-
 DriveName PortableFileSystem::nameOf(std::string_view name) const {
   return {name, DriveName::isRelative(name) ? workingFolder() : std::string()};
 }
@@ -294,18 +300,26 @@ std::string PortableFileSystem::workingFolder() const {
   return isOnDrive ? folder.substr(root_.size()) : std::string();
 }
 
-PathFinder::Place PortableFileSystem::locate(const DriveName& name) {
+std::string PortableFileSystem::pathOf(const DriveName& name) const {
   if (!equalIgnoringAsciiCase(name.drive(), kOnlyDrive)) {
     raise(ErrorNumber::kPathNotFound);
   }
-  return finder_.find(root_ + (name.parts().empty() ? "/" : name.parts()));
+  return root_ + (name.parts().empty() ? "/" : name.parts());
 }
 
-PathFinder::Place PortableFileSystem::locateFile(const DriveName& name) {
+std::string PortableFileSystem::pathOfFile(const DriveName& name) const {
   if (name.isWrittenAsFolder() || name.parts().empty()) {
     raise(ErrorNumber::kPathFileAccessError);
   }
-  return locate(name);
+  return pathOf(name);
+}
+
+PathFinder::Place PortableFileSystem::locate(const DriveName& name) {
+  return finder_.find(pathOf(name));
+}
+
+PathFinder::Place PortableFileSystem::locateFile(const DriveName& name) {
+  return finder_.find(pathOfFile(name));
 }
 
 }  // namespace quorbind

@@ -46,18 +46,15 @@ class PortableFileSystem final : public FileSystem {
  private:
   class Copies;
 
-  /// Both ends of a copy. Raises what copyFile raises for them.
-  struct CopyWay {
-    FileDescriptor source;
-    std::string target;
-  };
-  [[nodiscard]] CopyWay findCopyWay(std::string_view from, std::string_view to);
   [[nodiscard]] std::vector<std::string> list(std::string_view folder, Listed listed);
   [[nodiscard]] DriveName nameOf(std::string_view name) const;
   [[nodiscard]] std::string workingFolder() const;
-  /// Raises 76 for a drive that does not exist.
-  [[nodiscard]] PathFinder::Place locate(const DriveName& name);
+  /// The system's path, in the letter case of the name. Raises 76 for a drive that does not exist.
+  [[nodiscard]] std::string pathOf(const DriveName& name) const;
   /// Raises 75 as well, for a name that only a folder can have.
+  [[nodiscard]] std::string pathOfFile(const DriveName& name) const;
+  /// As the two above, in whatever letter case it stands.
+  [[nodiscard]] PathFinder::Place locate(const DriveName& name);
   [[nodiscard]] PathFinder::Place locateFile(const DriveName& name);
 
   /// The system's path of the drive's root, without a separator at its end.

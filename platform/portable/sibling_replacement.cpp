@@ -90,6 +90,20 @@ void takeOver(const FileDescriptor& file, const std::string& oldPath, const Stat
   copyExtendedAttributes(oldPath, file);
 }
 
+/// Has the system copy `size` bytes by itself. Answers whether it could.
+bool copyInKernel(const FileDescriptor& source, const FileDescriptor& target, off_t size) {
+  off_t copied = 0;
+  while (copied < size) {
+    const ssize_t count = ::copy_file_range(
+        source.number(), nullptr, target.number(), nullptr, kKernelCopySize, 0);
+    if (count <= 0) {
+      return false;
+    }
+    copied += count;
+  }
+  return true;
+}
+
 /// Makes the rename itself last. By then the new file stands under its name and nothing can be
 /// taken back, so a failure changes nothing that a caller could rely on.
 void flushFolderOf(const std::string& path) {
@@ -157,8 +171,9 @@ void SiblingReplacement::copyFrom(const FileDescriptor& source) {
     fail(errno);
   }
   setPermissions(file_, status.st_mode);
-  while (::copy_file_range(source.number(), nullptr, file_.number(), nullptr, kKernelCopySize, 0) >
-         0) {
+  // Some files that have no size are not empty.
+  if (status.st_size > 0 && copyInKernel(source, file_, status.st_size)) {
+    return;
   }
   // Not every pair of file systems copies by itself. Whatever is left is copied from here, and an
   // error comes up again.

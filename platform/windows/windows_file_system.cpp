@@ -146,6 +146,7 @@ std::vector<std::string> list(std::string_view folder, Accepts&& accepts) {
 struct CopyWay {
   std::wstring source;
   std::wstring target;
+  bool isThere = false;  ///< Both are one file.
 };
 
 /// Raises what copyFile raises for them.
@@ -154,9 +155,7 @@ CopyWay findCopyWay(std::string_view from, std::string_view to) {
   way.source = pathOfFile(from);
   attributesOfFile(way.source);
   way.target = pathOfFile(to);
-  if (isSameFile(way.source, way.target)) {
-    raise(ErrorNumber::kPermissionDenied);
-  }
+  way.isThere = isSameFile(way.source, way.target);
   return way;
 }
 
@@ -179,17 +178,21 @@ class Copies final : public CopySeries {
  public:
   explicit Copies(Patience& patience) : patience_(patience) {}
 
-  void copy(std::string_view from, std::string_view to) override {
+  bool copy(std::string_view from, std::string_view to) override {
     const CopyWay way = findCopyWay(from, to);
+    if (way.isThere) {
+      return false;
+    }
     SiblingReplacement replacement(way.target, patience_);
     replacement.copyFrom(way.source);
     if (replacement.becomesReadOnly()) {
       // Nobody can open it for a flush any more.
       replacement.commit();
-      return;
+    } else {
+      replacement.commitUnflushed();
+      unflushed_.push_back(replacement.target());
     }
-    replacement.commitUnflushed();
-    unflushed_.push_back(replacement.target());
+    return true;
   }
 
   void flush() override {
@@ -264,6 +267,9 @@ void WindowsFileSystem::createFolder(std::string_view path) {
 
 void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
   const CopyWay way = findCopyWay(from, to);
+  if (way.isThere) {
+    raise(ErrorNumber::kPermissionDenied);
+  }
   SiblingReplacement replacement(way.target, patience_);
   replacement.copyFrom(way.source);
   replacement.commit();

@@ -395,10 +395,36 @@ TEST_F(FileSystemContract, ASeriesRefusesWhatASingleCopyRefuses) {
   EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\missing.txt", "C:\\b.txt"); }), 53);
   EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\Missing\\a.txt"); }), 76);
   EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\Docs"); }), 75);
-  EXPECT_EQ(errorRaisedBy([&] { copies->copy("C:\\a.txt", "C:\\A.TXT"); }), 70);
   copies->flush();
   EXPECT_THAT(disk_.contents(),
               ElementsAre(std::pair("Docs"s, "(folder)"s), std::pair("a.txt"s, "a"s)));
+}
+
+TEST_F(FileSystemContract, ASeriesLeavesAFileAloneThatIsThereAlready) {
+  disk_.write("a.txt", "a");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  EXPECT_FALSE(copies->copy("C:\\a.txt", "C:\\A.TXT"));
+  EXPECT_TRUE(copies->copy("C:\\a.txt", "C:\\b.txt"));
+
+  EXPECT_THAT(disk_.contents(),
+              ElementsAre(std::pair("a.txt"s, "a"s), std::pair("b.txt"s, "a"s)));
+}
+
+TEST_F(FileSystemContract, ASeriesFindsWhatItHasCopiedInAnyLetterCase) {
+  disk_.write("a.txt", "a");
+  disk_.write("b.txt", "b");
+  disk_.write("Docs/Old.txt", "old");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  copies->copy("C:\\a.txt", "C:\\docs\\New.txt");
+  copies->copy("C:\\b.txt", "C:\\Docs\\NEW.TXT");
+  copies->copy("C:\\a.txt", "C:\\Docs\\OLD.txt");
+  copies->copy("C:\\b.txt", "C:\\DOCS\\old.TXT");
+
+  EXPECT_THAT(files_.namesIn("C:\\Docs"), ElementsAre("New.txt", "Old.txt"));
+  EXPECT_EQ(disk_.read("Docs/New.txt"), "b");
+  EXPECT_EQ(disk_.read("Docs/Old.txt"), "b");
 }
 
 TEST_F(FileSystemContract, ASeriesMayBeFlushedAsOftenAsWanted) {

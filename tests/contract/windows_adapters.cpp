@@ -83,8 +83,8 @@ class FilesBelow final : public FileSystem {
    public:
     explicit Copies(FilesBelow& files) : files_(files), copies_(files.files_.beginCopies()) {}
 
-    void copy(std::string_view from, std::string_view to) override {
-      copies_->copy(files_.below(from), files_.below(to));
+    bool copy(std::string_view from, std::string_view to) override {
+      return copies_->copy(files_.below(from), files_.below(to));
     }
     void flush() override { copies_->flush(); }
 

@@ -37,10 +37,11 @@ class FailingFiles::Copies final : public CopySeries {
  public:
   explicit Copies(FailingFiles& files) : files_(files), copies_(files.files().beginCopies()) {}
 
-  void copy(std::string_view from, std::string_view to) override {
+  bool copy(std::string_view from, std::string_view to) override {
     files_.pass(Kind::kCopy, to);
-    copies_->copy(from, to);
-    isFlushed_ = false;
+    const bool isCopied = copies_->copy(from, to);
+    isFlushed_ = isFlushed_ && !isCopied;
+    return isCopied;
   }
   void flush() override {
     if (std::exchange(isFlushed_, true)) {
