@@ -10,6 +10,7 @@
 #include "cli/component_call.h"
 #include "cli/failure.h"
 #include "cli/json_text.h"
+#include "cli/library_names.h"
 #include "cli/listing.h"
 #include "cli/paths.h"
 #include "cli/required_document.h"
@@ -18,7 +19,6 @@
 #include "cli/text_table.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
-#include "platform/paths.h"
 #include "platform/portable/visible_text.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
@@ -107,14 +107,9 @@ std::string keyOf(const ListedLink& link) {
 std::vector<std::string> otherLibraries(Wiring& wiring,
                                         const LibraryPaths& paths,
                                         const std::string& library) {
-  std::vector<std::string> names;
-  if (wiring.files.fileExists(paths.selection)) {
-    static_cast<void>(loadRequired(wiring.module.platform, paths.selection));
-  }
-  readingInput(nativeName(paths.selection),
-               [&] { names = wiring.toolset.createProductServices()->GetAvailableProducts(); });
+  std::vector<std::string> names = libraryNames(wiring, paths);
   std::erase_if(names, [&](const std::string& name) {
-    return !staysInFolder(name) || wiring.locale.compareText(name, library) == 0;
+    return wiring.locale.compareText(name, library) == 0;
   });
   return names;
 }

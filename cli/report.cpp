@@ -172,27 +172,43 @@ void printDetail(std::string_view label, const std::string& text) {
   }
 }
 
-void printBookAsText(const ListedBook& book, const std::vector<BookHeading>& headings) {
+std::string_view missingMark(bool isMissing) {
+  return isMissing ? "  (missing)" : "";
+}
+
+void printBookAsText(const ListedBook& book,
+                     bool isMissing,
+                     const std::vector<LibraryHeading>& headings) {
   std::cout << visibleText(titleOf(book) + ", " + placeOf(book)) << '\n';
-  printDetail("file", book.fileType ? book.bookFile + " of type " + *book.fileType : "");
+  printDetail("file",
+              book.fileType ? book.bookFile + " of type " + *book.fileType +
+                                  std::string(missingMark(isMissing))
+                            : "");
   printDetail("link", book.link);
   printDetail("categories", joined(book.categories, "; "));
-  for (const BookHeading& heading : headings) {
+  for (const auto& [heading, document] : headings) {
     const std::string place = heading.document + heading.bookmark;
     std::cout << std::string(2 * (heading.depth + 1), ' ') << visibleText(heading.title)
-              << (place.empty() ? "" : "  " + visibleText(place)) << '\n';
+              << (place.empty() ? "" : "  " + visibleText(place))
+              << missingMark(document.isMissing()) << '\n';
   }
 }
 
-void printBookAsJson(const ListedBook& book, const std::vector<BookHeading>& headings) {
+void printBookAsJson(const ListedBook& book,
+                     bool isMissing,
+                     const std::vector<LibraryHeading>& headings) {
   Json list = Json::array();
-  for (const BookHeading& heading : headings) {
+  for (const auto& [heading, document] : headings) {
     list.push_back({{"level", heading.depth + 1},
                     {"title", heading.title},
                     {"file", heading.document},
-                    {"bookmark", heading.bookmark}});
+                    {"bookmark", heading.bookmark},
+                    {"missing", document.isMissing()}});
   }
   Json object = toJson(book);
+  if (book.fileType) {
+    object["missing"] = isMissing;
+  }
   object["headings"] = list;
   printJson(object);
 }
@@ -243,11 +259,14 @@ void printBooks(const std::vector<ListedBook>& books, bool json) {
   }
 }
 
-void printBook(const ListedBook& book, const std::vector<BookHeading>& headings, bool json) {
+void printBook(const ListedBook& book,
+               bool isMissing,
+               const std::vector<LibraryHeading>& headings,
+               bool json) {
   if (json) {
-    printBookAsJson(book, headings);
+    printBookAsJson(book, isMissing, headings);
   } else {
-    printBookAsText(book, headings);
+    printBookAsText(book, isMissing, headings);
   }
 }
 

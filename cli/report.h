@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "cli/book_file.h"
 #include "cli/catalogue_reader.h"
 #include "cli/cell_place.h"
 #include "cli/exit_status.h"
+#include "cli/library_model.h"
 #include "cli/workbook_survey.h"
 #include "platform/portable/terminal_user_interface.h"
 
@@ -83,6 +83,10 @@ void printAddition(const AdditionReport& report,
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json);
 
 void printBooks(const std::vector<ListedBook>& books, bool json);
-void printBook(const ListedBook& book, const std::vector<BookHeading>& headings, bool json);
+/// `isMissing` tells whether a single document is not there.
+void printBook(const ListedBook& book,
+               bool isMissing,
+               const std::vector<LibraryHeading>& headings,
+               bool json);
 
 }  // namespace quorbind

@@ -1,9 +1,8 @@
 #include "cli/show_command.h"
 
-#include <vector>
-
 #include "cli/book_file.h"
 #include "cli/catalogue_reader.h"
+#include "cli/library_model.h"
 #include "cli/listing.h"
 #include "cli/paths.h"
 #include "cli/report.h"
@@ -13,21 +12,9 @@ namespace quorbind {
 
 namespace {
 
-/// A book whose entry has a type is one document, which has no headings to show.
-std::vector<BookHeading> headingsOf(Wiring& wiring,
-                                    const LibraryPaths& library,
-                                    const ListedBook& book) {
-  std::vector<BookHeading> headings;
-  if (!book.fileType) {
-    readHeadings(wiring.module.platform,
-                 bookFileOf(library, book),
-                 [&headings](const BookHeading& heading) { headings.push_back(heading); });
-  }
-  return headings;
-}
-
 void show(const ShowArguments& arguments, const LibraryPaths& library, Wiring& wiring) {
-  const auto books = readCatalogue(wiring.module.platform, library.catalogue);
+  const Platform& platform = wiring.module.platform;
+  const auto books = readCatalogue(platform, library.catalogue);
   if (!arguments.acronym) {
     printBooks(books, arguments.json);
     return;
@@ -35,9 +22,11 @@ void show(const ShowArguments& arguments, const LibraryPaths& library, Wiring& w
   ListedBook book = requireBookWithAcronym(books, *arguments.acronym, arguments.place.library);
   if (!book.fileType) {
     // The link that is in use; the catalogue's may be older.
-    book.link = readBookLink(wiring.module.platform, bookFileOf(library, book));
+    book.link = readBookLink(platform, bookFileOf(library, book));
   }
-  printBook(book, headingsOf(wiring, library, book), arguments.json);
+  DocumentFinder finder(platform, library.serverRoot);
+  const bool isMissing = book.fileType && findSingleDocument(library, book, finder).isMissing();
+  printBook(book, isMissing, readLibraryHeadings(platform, library, book, finder), arguments.json);
 }
 
 }  // namespace

@@ -57,6 +57,12 @@ std::vector<BookKeywords> readKeywords(const Platform& platform, const std::stri
   return books;
 }
 
+std::string_view documentOf(const ListedLink& link) {
+  const std::string_view source = link.sourceFile;
+  const std::size_t slash = source.find('\\');
+  return slash == std::string_view::npos ? source : source.substr(slash + 1);
+}
+
 std::vector<ListedLink> readLinks(const Platform& platform, const std::string& path) {
   return platform.files.fileExists(path) ? readExistingLinks(platform, path)
                                          : std::vector<ListedLink>();

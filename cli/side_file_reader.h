@@ -37,6 +37,10 @@ struct ListedLink {
   std::string acronym;
 };
 
+/// The document that an identifier leads to: its source without the name of the library in which it
+/// was recorded.
+std::string_view documentOf(const ListedLink& link);
+
 /// The link identifiers of a library; none where there is no file yet.
 std::vector<ListedLink> readLinks(const Platform& platform, const std::string& path);
 /// The same, where a file that is not there is a CommandFailure.

@@ -32,7 +32,7 @@ class AcceptedInput : public CommandTest {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(quorbind({"show", "--server", "server", "--library", "Plant", "ALM"}).out,
-              "Alarms (ALM), folder Manual\n  " + heading + "  a.htm\n");
+              "Alarms (ALM), folder Manual\n  " + heading + "  a.htm  (missing)\n");
   }
 };
 

@@ -493,7 +493,8 @@ TEST_F(HtmlPage, OfTenMegabytesInOneLine) {
             "Added Alarms (ALM) to Plant, folder Manual: 1 file.\n"
             "missing: a.htm\n"
             "missing: b.htm\n");
-  EXPECT_EQ(shown(), "Alarms (ALM), folder Manual\n  A  a.htm\n    B  b.htm\n");
+  EXPECT_EQ(shown(),
+            "Alarms (ALM), folder Manual\n  A  a.htm  (missing)\n    B  b.htm  (missing)\n");
 }
 
 TEST_F(HtmlPage, InEachEncoding) {
@@ -511,7 +512,7 @@ TEST_F(HtmlPage, InEachEncoding) {
   for (const std::string& bytes : encoded) {
     disk.write("toc.htm", bytes);
     EXPECT_EQ(addPage().status, 0);
-    EXPECT_EQ(shown(), "Alarms (ALM), folder Manual\n  " + title + "  a.htm\n");
+    EXPECT_EQ(shown(), "Alarms (ALM), folder Manual\n  " + title + "  a.htm  (missing)\n");
     std::filesystem::remove_all(disk.path() / "server");
     initLibrary();
   }

@@ -56,6 +56,7 @@ inline const std::vector<Subcommand> kReaders{
     {"books", {"books"}},
     {"show", {"show"}},
     {"show_book", {"show", "ALM"}},
+    {"view", {"view"}},
     {"keywords_list", {"keywords", "list"}},
     {"keywords_find", {"keywords", "find", "bell"}},
     {"links_list", {"links", "list"}},

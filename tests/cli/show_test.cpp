@@ -73,7 +73,8 @@ TEST_F(Show, ABookAsAnObject) {
             "      \"level\": 1,\n"
             "      \"title\": \"A & B\",\n"
             "      \"file\": \"a.htm\",\n"
-            "      \"bookmark\": \"#b\"\n"
+            "      \"bookmark\": \"#b\",\n"
+            "      \"missing\": true\n"
             "    }\n"
             "  ]\n"
             "}\n");
@@ -100,7 +101,7 @@ TEST_F(Show, ASingleDocumentIsNamedWithItsType) {
              "</Book_File><Book_Categories/></Book></Quor_Books></Quor_Master>");
   EXPECT_EQ(show({"P"}).out,
             "Plan (P), folder P\n"
-            "file: p.pdf of type map\n"
+            "file: p.pdf of type map  (missing)\n"
             "link: L\n");
   EXPECT_EQ(show({"P", "--json"}).out,
             "{\n"
@@ -111,8 +112,30 @@ TEST_F(Show, ASingleDocumentIsNamedWithItsType) {
             "  \"type\": \"map\",\n"
             "  \"link\": \"L\",\n"
             "  \"categories\": [],\n"
+            "  \"missing\": true,\n"
             "  \"headings\": []\n"
             "}\n");
+  disk.write("server/Docs/Plant/P/P.PDF", "");
+  EXPECT_EQ(show({"P"}).out,
+            "Plan (P), folder P\n"
+            "file: p.pdf of type map\n"
+            "link: L\n");
+}
+
+TEST_F(Show, ADocumentThatIsNotThereIsMarkedAtEachHeadingThatNamesIt) {
+  EXPECT_EQ(addAlarms().status, 0);
+  disk.remove("server/Docs/Plant/Manual/alarms.htm");
+  disk.write("server/Docs/Plant/Manual/TRENDS.HTM",
+             disk.read("server/Docs/Plant/Manual/trends.htm"));
+  disk.remove("server/Docs/Plant/Manual/trends.htm");
+  EXPECT_EQ(show({"ALM"}).out,
+            "Alarms (ALM), folder Manual\n"
+            "  Alarms  alarms.htm  (missing)\n"
+            "    Reset & Test  alarms.htm#reset  (missing)\n"
+            "  Trends  trends.htm#top\n");
+  const std::string object = show({"ALM", "--json"}).out;
+  EXPECT_EQ(countPieces(object, "\"missing\": true"), 3U);
+  EXPECT_EQ(countPieces(object, "\"missing\": false"), 2U);
 }
 
 TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
