@@ -18,7 +18,8 @@ void declare(CLI::App& app, Task& task) {
                                   offerCategorySubcommands,
                                   offerKeywordSubcommands,
                                   offerLinkSubcommands,
-                                  offerExplanations}) {
+                                  offerExplanations,
+                                  offerDoctor}) {
     offerGroupOf(app, task);
   }
 }
