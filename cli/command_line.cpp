@@ -18,7 +18,8 @@ void declareCommand(CLI::App& app, Task& task) {
                                   offerCategorySubcommands,
                                   offerKeywordSubcommands,
                                   offerLinkSubcommands,
-                                  offerExplanations}) {
+                                  offerExplanations,
+                                  offerDoctor}) {
     offerGroupOf(app, task);
   }
 }

@@ -52,6 +52,13 @@ void addPlace(CLI::App& command, LibraryArguments& place) {
       ->option_text("NAME");
 }
 
+void addOptionalLibrary(CLI::App& command, std::optional<std::string>& library) {
+  command
+      .add_option("--library", library, "Name of the library on the server; all of them without")
+      ->check(refusalOfLibraryName)
+      ->option_text("NAME");
+}
+
 void addJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, "Report the whole run as one JSON object");
 }

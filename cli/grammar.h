@@ -58,6 +58,8 @@ std::string refusalOfBlankText(const std::string& text);
 // Flags that several subcommands share.
 void addServer(CLI::App& command, std::string& server);
 void addPlace(CLI::App& command, LibraryArguments& place);
+/// The library's name alone, which need not be given.
+void addOptionalLibrary(CLI::App& command, std::optional<std::string>& library);
 void addJson(CLI::App& command, bool& json);
 /// Those of a subcommand that changes a library.
 void addChange(CLI::App& command, ChangeFlags& change);
@@ -83,5 +85,6 @@ void offerCategorySubcommands(CLI::App& app, Task& task);
 void offerKeywordSubcommands(CLI::App& app, Task& task);
 void offerLinkSubcommands(CLI::App& app, Task& task);
 void offerExplanations(CLI::App& app, Task& task);
+void offerDoctor(CLI::App& app, Task& task);
 
 }  // namespace quorbind

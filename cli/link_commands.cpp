@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -11,6 +10,7 @@
 #include "cli/failure.h"
 #include "cli/json_text.h"
 #include "cli/library_names.h"
+#include "cli/link_places.h"
 #include "cli/listing.h"
 #include "cli/paths.h"
 #include "cli/required_document.h"
@@ -90,19 +90,6 @@ std::string addLink(LibraryChange& change, const AddLinkArguments& arguments) {
          arguments.identifier + " of " + titleOf(book) + " in " + change.library() + ".";
 }
 
-/// Where an identifier stands.
-struct LinkPlace {
-  std::string library;
-  std::string acronym;
-};
-
-/// Identifiers without the blanks around them, as the component compares them between libraries.
-using LinkPlaces = std::map<std::string, std::vector<LinkPlace>>;
-
-std::string keyOf(const ListedLink& link) {
-  return std::string(trimBlanks(link.identifier));
-}
-
 /// The names of the server's libraries but this one.
 std::vector<std::string> otherLibraries(Wiring& wiring,
                                         const LibraryPaths& paths,
@@ -121,11 +108,11 @@ LinkPlaces findDuplicates(Wiring& wiring,
   const Platform& platform = wiring.module.platform;
   LinkPlaces places;
   for (const ListedLink& link : readLinks(platform, paths.linkIds)) {
-    places[keyOf(link)].push_back({place.library, link.acronym});
+    places[linkKeyOf(link)].push_back({place.library, link.acronym});
   }
   for (const std::string& other : otherLibraries(wiring, paths, place.library)) {
     for (const ListedLink& link : readLinks(platform, LibraryPaths(place.server, other).linkIds)) {
-      if (const auto known = places.find(keyOf(link)); known != places.end()) {
+      if (const auto known = places.find(linkKeyOf(link)); known != places.end()) {
         known->second.push_back({other, link.acronym});
       }
     }
@@ -139,11 +126,7 @@ void printDuplicates(const LinkPlaces& duplicates, const std::string& library) {
     std::cout << visibleText(library) << ": no identifier stands more than once.\n";
   }
   for (const auto& [identifier, places] : duplicates) {
-    std::vector<std::string> texts;
-    for (const LinkPlace& place : places) {
-      texts.push_back(place.library + " (" + place.acronym + ")");
-    }
-    std::cout << visibleText(readableName(identifier) + ": " + joined(texts, ", ")) << '\n';
+    std::cout << visibleText(readableName(identifier) + ": " + textOf(places)) << '\n';
   }
 }
 

@@ -141,6 +141,10 @@ std::vector<std::string> RehearsedFiles::namesIn(std::string_view folder) {
   return {names.begin(), names.end()};
 }
 
+std::vector<std::string> RehearsedFiles::fileNamesIn(std::string_view folder) {
+  return entries_.empty() ? disk_.fileNamesIn(folder) : FileSystem::fileNamesIn(folder);
+}
+
 std::unique_ptr<ByteReader> RehearsedFiles::open(std::string_view path) {
   const auto content = contentOf(path);
   if (const auto* bytes = std::get_if<Bytes>(&content)) {
@@ -159,6 +163,9 @@ std::string RehearsedFiles::keyOf(std::string_view path) const {
 }
 
 const RehearsedFiles::Entry* RehearsedFiles::find(std::string_view path) const {
+  if (entries_.empty()) {
+    return nullptr;
+  }
   const auto found = entries_.find(keyOf(path));
   return found == entries_.end() ? nullptr : &found->second;
 }

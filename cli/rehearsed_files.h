@@ -35,6 +35,7 @@ class RehearsedFiles final : public FileSystem {
   [[nodiscard]] std::string absolutePath(std::string_view path) override;
   [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override;
   [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override;
+  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override;
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 

@@ -20,6 +20,7 @@ const std::vector<Words> kSubcommands{
     {"install"},
     {"merge"},
     {"explain"},
+    {"doctor"},
     {"categories"},
     {"categories", "list"},
     {"categories", "add"},

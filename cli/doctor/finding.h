@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quorbind {
+
+enum class Severity {
+  kWarning,  ///< the library can be used as it is
+  kError
+};
+
+/// What can be wrong with a server and its libraries. See findings.def.
+enum class FindingKind {
+#define QUOR_FINDING(name, id, severity, sentence, remedy) name,
+#include "cli/doctor/findings.def"
+#undef QUOR_FINDING
+};
+
+/// What stands for the words in braces of a finding's texts, by the word.
+using FindingWords = std::vector<std::pair<std::string_view, std::string>>;
+
+/// Something that is wrong, with what to do about it.
+struct Finding {
+  std::string_view id;
+  Severity severity = Severity::kError;
+  /// The file or folder that it concerns, as the component names it; and the line, 0 for none.
+  std::string file;
+  std::size_t line = 0;
+  /// What is wrong, and what to do, each in one sentence.
+  std::string text;
+  std::string remedy;
+  /// A command line that mends it; empty when there is none.
+  std::string command;
+};
+
+/// Where something is wrong.
+struct FindingPlace {
+  std::string file;
+  std::size_t line = 0;
+};
+
+/// What was found, in its order.
+class Findings {
+ public:
+  void add(FindingKind kind,
+           const FindingPlace& place,
+           const FindingWords& words = {},
+           std::string command = {});
+
+  [[nodiscard]] const std::vector<Finding>& all() const { return findings_; }
+  [[nodiscard]] std::size_t count(Severity severity) const;
+
+ private:
+  std::vector<Finding> findings_;
+};
+
+/// A severity in one word.
+std::string_view wordFor(Severity severity);
+
+}  // namespace quorbind

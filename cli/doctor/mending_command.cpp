@@ -1,0 +1,59 @@
+#include "cli/doctor/mending_command.h"
+
+#include <algorithm>
+
+#include "cli/paths.h"
+#include "platform/text.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::string_view kPlainCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./+=:,@%";
+
+bool looksLikeFlag(std::string_view word) {
+  return word.starts_with('-');
+}
+
+/// A value that looks like a flag itself has to be tied to its own.
+std::string flagWords(std::string_view flag, std::string_view value) {
+  return std::string(" ").append(flag).append(looksLikeFlag(value) ? "=" : " ") + shellWord(value);
+}
+
+std::string operandWords(const std::vector<std::string>& operands) {
+  std::string words;
+  for (const std::string& operand : operands) {
+    words.append(" ").append(shellWord(operand));
+  }
+  return words;
+}
+
+}  // namespace
+
+std::string shellWord(std::string_view text) {
+  if (!text.empty() && text.find_first_not_of(kPlainCharacters) == std::string_view::npos) {
+    return std::string(text);
+  }
+  return "'" + replaceAll(text, "'", R"('\'')") + "'";
+}
+
+std::string mendingCommand(std::string_view subcommand,
+                           const std::vector<std::string>& operands,
+                           const std::vector<MendingFlag>& flags,
+                           const LibraryArguments& place) {
+  const bool needsMark = std::any_of(operands.begin(), operands.end(), looksLikeFlag);
+  std::string command = std::string("quorbind ").append(subcommand);
+  command += needsMark ? std::string() : operandWords(operands);
+  for (const MendingFlag& flag : flags) {
+    command += flagWords(flag.flag, flag.value);
+  }
+  command += flagWords("--server", place.server) + flagWords("--library", place.library);
+  return needsMark ? command + " --" + operandWords(operands) : command;
+}
+
+std::string deletingCommand(std::string_view file) {
+  return "rm " + shellWord(nativeName(file));
+}
+
+}  // namespace quorbind
