@@ -22,9 +22,9 @@ struct FileChange {
   bool operator==(const FileChange&) const = default;
 };
 
-/// A file system that remembers what was changed through it, and what could not be. The component
-/// tells a failed write in a box that does not always name the file, and goes on in places: only
-/// the files themselves tell what a run has left.
+/// A file system that remembers what was changed through it, and what could not be changed or read.
+/// The component tells a failed write in a box that does not always name the file, and goes on in
+/// places: only the files themselves tell what a run has left, and what it has left out.
 class FileJournal final : public FileSystem {
  public:
   /// Kept by reference.
@@ -35,8 +35,10 @@ class FileJournal final : public FileSystem {
   [[nodiscard]] const std::vector<FileChange>& changes() const { return changes_; }
   /// The file or folder of the first write that failed.
   [[nodiscard]] const std::optional<std::string>& failedWrite() const { return failedWrite_; }
+  /// The file or folder of the first read that failed. One that is not there was not to be read.
+  [[nodiscard]] const std::optional<std::string>& failedRead() const { return failedRead_; }
 
-  [[nodiscard]] bool fileExists(std::string_view path) override { return files_.fileExists(path); }
+  [[nodiscard]] bool fileExists(std::string_view path) override;
   [[nodiscard]] bool folderExists(std::string_view path) override {
     return files_.folderExists(path);
   }
@@ -51,29 +53,32 @@ class FileJournal final : public FileSystem {
   [[nodiscard]] bool sameFile(std::string_view left, std::string_view right) override {
     return files_.sameFile(left, right);
   }
-  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override {
-    return files_.namesIn(folder);
-  }
-  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override {
-    return files_.fileNamesIn(folder);
-  }
-  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
-    return files_.open(path);
-  }
+  [[nodiscard]] std::vector<std::string> namesIn(std::string_view folder) override;
+  [[nodiscard]] std::vector<std::string> fileNamesIn(std::string_view folder) override;
+  [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
   class WatchedCopies;
   class WatchedReplacement;
+  class WatchedReader;
 
   /// Runs a step that changes what stands at `path`.
   template <typename Step>
   auto changing(std::string_view path, Step&& step);
+  /// Runs a step that reads what stands at `path`.
+  template <typename Step>
+  auto reading(std::string_view path, Step&& step);
+  /// Runs a step that copies.
+  template <typename Step>
+  void copying(std::string_view from, std::string_view to, Step&& step);
+  [[nodiscard]] bool isReadable(std::string_view path);
   void note(FileChange change);
 
   FileSystem& files_;
   std::vector<FileChange> changes_;
   std::optional<std::string> failedWrite_;
+  std::optional<std::string> failedRead_;
 };
 
 }  // namespace quorbind
