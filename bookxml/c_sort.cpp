@@ -86,12 +86,10 @@ std::optional<std::int32_t> cSort::mlPartition(Names& names, std::int32_t low, s
   const Locale& locale = platform_.locale;
   using Index = std::optional<std::int32_t>;
   return trapped(platform_.ui, source::kPartition, Index(), [&]() -> Index {
-    // Bounds outside the array must fail before the first element is moved, so that none is lost.
-    at(names, low);
+    // Elements are only ever exchanged, so that none is lost where a comparison fails.
+    const std::string& pivotName = at(names, low);
     at(names, high);
-    const std::int32_t middle = low + distance(low, high) / 2;
-    const std::string pivotName = at(names, middle);
-    at(names, middle) = at(names, low);
+    std::swap(at(names, low + distance(low, high) / 2), at(names, low));
     std::int32_t left = index(std::int64_t{low} + 1);
     std::int32_t right = high;
     for (;;) {
@@ -102,8 +100,7 @@ std::optional<std::int32_t> cSort::mlPartition(Names& names, std::int32_t low, s
         --right;
       }
       if (left >= right) {
-        at(names, low) = at(names, right);
-        at(names, right) = pivotName;
+        std::swap(at(names, low), at(names, right));
         return right;
       }
       std::swap(at(names, left), at(names, right));

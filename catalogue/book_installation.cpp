@@ -149,8 +149,10 @@ class BookInstallation {
   void copyDocument(const std::string& fileName) {
     const std::string folder = paths_.libraryFolder + "\\" + acronym_;
     const std::string name = upperCaseAscii(fileNameOf(withBackslashes(document_)));
+    std::unique_ptr<FileCopy> copy;
     if (contains(name, kPageMark) || contains(name, kXmlMark)) {
-      platform_.toolset.createFileCopy()->mbCopyFiles(folder, document_, 0, 0);
+      copy = platform_.toolset.createFileCopy();
+      copy->mbCopyFiles(folder, document_, 0, 0);
     }
     if (!platform_.files.folderExists(folder)) {
       platform_.files.createFolder(folder);
@@ -159,6 +161,9 @@ class BookInstallation {
     // It may have been handed over from where it belongs.
     if (!platform_.files.sameFile(document_, target)) {
       platform_.files.copyFile(document_, target);
+    }
+    if (copy != nullptr) {
+      copy->flush();
     }
   }
 

@@ -185,6 +185,7 @@ class PropertiesChange {
     if (!fileIsInLibrary_ || !copying->mbCopyFiles(newFile, bookFile_, 0, 0)) {
       return false;
     }
+    copying->flush();
     module_.progress.setValue(kProgressCopied);
     bookFile_ = std::move(newFile);
     // Copying may take long, and the catalogue may be another one by now.

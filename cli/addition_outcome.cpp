@@ -32,15 +32,9 @@ ExitStatus AdditionOutcome::judge(const TocFile& toc, bool finished) {
   }
   run_.report.added = true;
   describeBook(book);
-  if (wasWriteErrorShown()) {
-    run_.report.note =
-        "the book was added, but " + nativeName(fileOfWriteError(book)) + std::string(kNotWritten);
-    return ExitStatus::kWriteFailed;
-  }
-  if (const auto& failed = run_.wiring.files.failedWrite()) {
-    // Nobody was told: the component passes over documents that can't be copied.
-    run_.report.note = "the book was added, but " + nativeName(*failed) + std::string(kNotWritten);
-    return ExitStatus::kWriteFailed;
+  if (const auto failed = failure(fileOfWriteError(book))) {
+    run_.report.note = "the book was added, but " + failed->file + std::string(failed->what);
+    return failed->status;
   }
   run_.report.note.clear();
   return ExitStatus::kDone;
@@ -70,11 +64,15 @@ ExitStatus AdditionOutcome::judgeBooks(const std::function<bool()>& call) {
   }
   const std::optional<std::string> lost = lookForBooks();
   run_.report.added = run_.report.books.size() == run_.survey.books.size();
-  const auto& failed = run_.wiring.files.failedWrite();
-  if (lost || failed || wasWriteErrorShown()) {
-    run_.report.note = nativeName(failed ? *failed : lost.value_or(run_.library.folder)) +
-                       std::string(kNotWritten) + "; " + countOfBooks();
-    return ExitStatus::kWriteFailed;
+  const std::string written =
+      run_.wiring.files.failedWrite().value_or(lost.value_or(run_.library.folder));
+  auto failed = failure(written);
+  if (lost && !failed) {
+    failed = {nativeName(written), kNotWritten};
+  }
+  if (failed) {
+    run_.report.note = failed->file + std::string(failed->what) + "; " + countOfBooks();
+    return failed->status;
   }
   if (run_.report.added) {
     run_.report.note.clear();
@@ -110,15 +108,32 @@ std::string AdditionOutcome::countOfBooks() const {
 }
 
 ExitStatus AdditionOutcome::judgeWithoutEntry(bool finished) {
-  if (wasWriteErrorShown()) {
-    run_.report.note =
-        nothingAddedWithout(nativeName(finished ? run_.library.catalogue : bookFileBeingMade()));
-    return ExitStatus::kWriteFailed;
+  const std::string beingWritten =
+      finished ? run_.library.catalogue
+               : run_.wiring.files.failedWrite().value_or(bookFileBeingMade());
+  if (const auto failed = failure(beingWritten)) {
+    run_.report.note = failed->file + std::string(failed->what) + "; " + std::string(kNothingAdded);
+    return failed->status;
   }
   if (wasPlaceRefused()) {
     run_.report.line = run_.statedPlace.line;
   }
   return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
+}
+
+/// The component tells of most failures in a box, which does not always name the file, and of some
+/// nobody: it passes over documents that can't be copied, and over pages that can't be read for
+/// what they link to.
+std::optional<AdditionOutcome::FileFailure> AdditionOutcome::failure(
+    const std::string& fileToWrite) const {
+  const auto& written = run_.wiring.files.failedWrite();
+  const auto& read = run_.wiring.files.failedRead();
+  if (read && !written) {
+    return FileFailure{nativeName(*read), kNotRead, ExitStatus::kInputMissing};
+  }
+  return written || wasWriteErrorShown()
+             ? std::optional(FileFailure{nativeName(fileToWrite), kNotWritten})
+             : std::nullopt;
 }
 
 bool AdditionOutcome::hadError() const {
@@ -173,12 +188,16 @@ bool AdditionOutcome::wasWriteErrorShown() const {
   });
 }
 
-/// The file that the first write error was about; the operation that reports it tells which.
+/// The file that the first write error was about; the operation that reports it tells which. One
+/// that nobody reported was about a document.
 std::string AdditionOutcome::fileOfWriteError(const ListedBook& book) const {
   const auto& boxes = run_.wiring.ui.shown();
   const auto box = std::find_if(boxes.begin(), boxes.end(), [](const ShownMessage& shown) {
     return isWriteError(shown.errorNumber);
   });
+  if (box == boxes.end()) {
+    return run_.wiring.files.failedWrite().value_or(bookFileOf(run_.library, book));
+  }
   const auto isFrom = [&box](const ErrorSource& source) {
     return contains(box->text, source.text);
   };

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/addition_run.h"
@@ -29,6 +30,14 @@ class AdditionOutcome {
   [[nodiscard]] std::optional<std::string> lookForBooks();
   [[nodiscard]] std::string countOfBooks() const;
   [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
+  /// A file that the run was to write or to read and could not.
+  struct FileFailure {
+    std::string file;
+    std::string_view what;
+    ExitStatus status = ExitStatus::kWriteFailed;
+  };
+  /// `fileToWrite` is the one that a failed write was about.
+  [[nodiscard]] std::optional<FileFailure> failure(const std::string& fileToWrite) const;
   [[nodiscard]] bool hadError() const;
   [[nodiscard]] std::string bookFileBeingMade() const;
   bool takeOut(const ListedBook& book, const std::vector<ListedBook>& books);

@@ -41,6 +41,7 @@ struct AdditionRun {
 // For the notes of reports.
 inline constexpr std::string_view kNothingAdded = "nothing was added";
 inline constexpr std::string_view kNotWritten = " could not be written";
+inline constexpr std::string_view kNotRead = " could not be read";
 std::string nothingAddedWithout(const std::string& what);
 
 /// Whether the host asks for name and acronym before it calls the driver: link identifiers of a

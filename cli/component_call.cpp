@@ -27,6 +27,9 @@ void callComponent(Wiring& wiring, const std::function<void()>& call) {
   if (wiring.files.failedWrite()) {
     throw AlreadyTold(ExitStatus::kWriteFailed);
   }
+  if (wiring.files.failedRead()) {
+    throw AlreadyTold(ExitStatus::kInputMissing);
+  }
   const auto& boxes = wiring.ui.shown();
   if (boxes.size() > boxesBefore) {
     throw AlreadyTold(statusOf(boxes[boxesBefore]));

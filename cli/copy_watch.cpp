@@ -20,6 +20,7 @@ class CopyWatch::WatchedCopy final : public FileCopy {
     arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
     return arrived;
   }
+  void flush() override { copy_->flush(); }
 
  private:
   std::unique_ptr<FileCopy> copy_;

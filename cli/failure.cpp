@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 #include "cli/paths.h"
 #include "cli/toc_file.h"
@@ -21,6 +22,15 @@ constexpr std::array kWriteErrors{ErrorNumber::kDeviceIoError,
                                   ErrorNumber::kPathFileAccessError,
                                   ErrorNumber::kPathNotFound};
 
+constexpr std::array kReadErrors{ErrorNumber::kDeviceIoError, ErrorNumber::kPermissionDenied};
+
+template <std::size_t count>
+bool isAmong(const std::array<ErrorNumber, count>& errors, std::int32_t number) {
+  return std::any_of(errors.begin(), errors.end(), [number](ErrorNumber error) {
+    return static_cast<std::int32_t>(error) == number;
+  });
+}
+
 /// Runs `step`; a run-time error in it is a failure with `status` that names the file.
 void concerning(std::string_view name, ExitStatus status, const std::function<void()>& step) {
   try {
@@ -33,9 +43,11 @@ void concerning(std::string_view name, ExitStatus status, const std::function<vo
 }  // namespace
 
 bool isWriteError(std::int32_t number) {
-  return std::any_of(kWriteErrors.begin(), kWriteErrors.end(), [number](ErrorNumber error) {
-    return static_cast<std::int32_t>(error) == number;
-  });
+  return isAmong(kWriteErrors, number);
+}
+
+bool isReadError(std::int32_t number) {
+  return isAmong(kReadErrors, number);
 }
 
 void readingInput(std::string_view name, const std::function<void()>& step) {

@@ -42,6 +42,8 @@ class AlreadyTold : public std::exception {
 
 /// Whether a run-time error of this number says that something could not be written.
 bool isWriteError(std::int32_t number);
+/// Whether one says, of a step that reads, that what is there can't be read.
+bool isReadError(std::int32_t number);
 
 /// Runs a step that reads from the file that the user knows as `name`. A run-time error in it is a
 /// CommandFailure: the input can't be read.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "cli/failure.h"
+#include "platform/error_trap.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -18,6 +19,45 @@ auto FileJournal::changing(std::string_view path, Step&& step) {
     throw;
   }
 }
+
+template <typename Step>
+auto FileJournal::reading(std::string_view path, Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const RunTimeError& error) {
+    if (isReadError(error.number()) && !failedRead_) {
+      failedRead_ = files().absolutePath(path);
+    }
+    throw;
+  }
+}
+
+// What a failed copy raises does not tell which of the two files it is about.
+template <typename Step>
+void FileJournal::copying(std::string_view from, std::string_view to, Step&& step) {
+  if (const auto error = errorOf(std::forward<Step>(step))) {
+    if (!isReadable(from)) {
+      throw RunTimeError(*error);
+    }
+    changing(to, [&] { throw RunTimeError(*error); });
+  }
+}
+
+class FileJournal::WatchedReader final : public ByteReader {
+ public:
+  WatchedReader(FileJournal& journal, std::string_view path)
+      : journal_(journal), path_(path), reader_(journal.files().open(path)) {}
+
+  std::size_t read(char* buffer, std::size_t size) override {
+    return journal_.reading(path_, [&] { return reader_->read(buffer, size); });
+  }
+  void rewind() override { reader_->rewind(); }
+
+ private:
+  FileJournal& journal_;
+  std::string path_;
+  std::unique_ptr<ByteReader> reader_;
+};
 
 class FileJournal::WatchedReplacement final : public FileReplacement {
  public:
@@ -44,7 +84,8 @@ class FileJournal::WatchedCopies final : public CopySeries {
       : journal_(journal), copies_(journal.files().beginCopies()) {}
 
   bool copy(std::string_view from, std::string_view to) override {
-    const bool isCopied = journal_.changing(to, [&] { return copies_->copy(from, to); });
+    bool isCopied = false;
+    journal_.copying(from, to, [&] { isCopied = copies_->copy(from, to); });
     if (isCopied) {
       journal_.note({FileChange::Kind::kWritten, std::string(to)});
       last_ = to;
@@ -62,13 +103,30 @@ class FileJournal::WatchedCopies final : public CopySeries {
   std::string last_;
 };
 
+/// Notes it when it is not, as any read does.
+bool FileJournal::isReadable(std::string_view path) {
+  return ignoringErrors([&] {
+           char first = 0;
+           static_cast<void>(open(path)->read(&first, 1));
+         }) == 0;
+}
+
+// What can't be looked at counts as missing, and has to be told all the same.
+bool FileJournal::fileExists(std::string_view path) {
+  const bool exists = files().fileExists(path);
+  if (!exists) {
+    ignoringErrors([&] { static_cast<void>(open(path)); });
+  }
+  return exists;
+}
+
 void FileJournal::createFolder(std::string_view path) {
   changing(path, [&] { files().createFolder(path); });
   note({FileChange::Kind::kFolderMade, std::string(path)});
 }
 
 void FileJournal::copyFile(std::string_view from, std::string_view to) {
-  changing(to, [&] { files().copyFile(from, to); });
+  copying(from, to, [&] { files().copyFile(from, to); });
   note({FileChange::Kind::kWritten, std::string(to)});
 }
 
@@ -91,6 +149,20 @@ void FileJournal::moveFile(std::string_view from, std::string_view to) {
 void FileJournal::deleteFile(std::string_view path) {
   changing(path, [&] { files().deleteFile(path); });
   note({FileChange::Kind::kDeleted, std::string(path)});
+}
+
+std::vector<std::string> FileJournal::namesIn(std::string_view folder) {
+  return reading(folder, [&] { return files().namesIn(folder); });
+}
+
+std::vector<std::string> FileJournal::fileNamesIn(std::string_view folder) {
+  return reading(folder, [&] { return files().fileNamesIn(folder); });
+}
+
+std::unique_ptr<ByteReader> FileJournal::open(std::string_view path) {
+  return reading(path, [&]() -> std::unique_ptr<ByteReader> {
+    return std::make_unique<WatchedReader>(*this, path);
+  });
 }
 
 std::unique_ptr<FileReplacement> FileJournal::replace(std::string_view path) {

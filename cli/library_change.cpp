@@ -117,6 +117,8 @@ std::string LibraryChange::noteOfFailure() const {
   std::string note;
   if (const auto& failed = wiring_.files.failedWrite()) {
     note = nativeName(*failed) + " could not be written; ";
+  } else if (const auto& unread = wiring_.files.failedRead()) {
+    note = nativeName(*unread) + " could not be read; ";
   }
   const bool isUntouched = changes.empty() || flags_.dryRun;
   note.append(isUntouched ? "nothing was changed" : "only a part was done: " + listOf(changes));

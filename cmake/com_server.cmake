@@ -34,7 +34,9 @@ endfunction()
 function(quorbind_com_server target name file)
   cmake_parse_arguments(SERVER "" "" "SOURCES;USES" ${ARGN})
   # In the DLL itself, since nothing but the definition file asks for what it exports.
+  # The run-time finds what is in the DLL itself before what is in the system's libraries.
   add_library(${target} SHARED ${PROJECT_SOURCE_DIR}/component/server/entry_points.cpp
+                               ${PROJECT_SOURCE_DIR}/component/server/thread_slots.cpp
                                ${SERVER_SOURCES})
   add_dependencies(${target} ${name}_type_library)
   set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${file}

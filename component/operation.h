@@ -40,20 +40,7 @@ class Operation {
     if (!placesGiven_) {
       return E_POINTER;
     }
-    const Turn turn;
-    if (!turn.isOurs()) {
-      return RPC_E_WRONG_THREAD;
-    }
-    try {
-      if (source_ == nullptr) {
-        ignoringErrors(std::forward<Body>(body));
-      } else {
-        trapped(componentModule().platform.ui, *source_, std::forward<Body>(body));
-      }
-      return S_OK;
-    } catch (...) {
-      return E_OUTOFMEMORY;
-    }
+    return inTurn([&]() noexcept { return reportingErrors(std::forward<Body>(body)); });
   }
 
   /// Runs an operation and gives its result to the caller.
@@ -71,6 +58,20 @@ class Operation {
   }
 
  private:
+  template <typename Body>
+  HRESULT reportingErrors(Body&& body) const noexcept {
+    try {
+      if (source_ == nullptr) {
+        ignoringErrors(std::forward<Body>(body));
+      } else {
+        trapped(componentModule().platform.ui, *source_, std::forward<Body>(body));
+      }
+      return S_OK;
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
+  }
+
   Operation(const ErrorSource* source, std::initializer_list<const void*> references)
       : source_(source), placesGiven_(std::ranges::find(references, nullptr) == references.end()) {}
 

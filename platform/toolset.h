@@ -59,6 +59,9 @@ class FileCopy {
                            std::string_view source,
                            std::int16_t reservedOverwrite,
                            std::int16_t reservedDialog) = 0;
+  /// Ends a copy of any number of files: what was copied through this object outlasts the machine.
+  /// Raises 61 or 57. No published member; a component without it flushes in its own way.
+  virtual void flush() = 0;
 };
 
 /// Makes the components. A component that can't be made raises 429.

@@ -14,6 +14,7 @@
 #include "platform/folders.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
+#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/xml_document.h"
@@ -76,6 +77,28 @@ class DocumentNames final : public XmlScanHandler {
   std::string text_;
   NameSet known_;
   std::vector<std::string> names_;
+};
+
+/// Bytes that somebody else reads, who does not tell what a read raised.
+class WatchedBytes final : public ByteReader {
+ public:
+  /// What a read raises is left in `error`.
+  WatchedBytes(std::unique_ptr<ByteReader> bytes, std::optional<RunTimeError>& error)
+      : bytes_(std::move(bytes)), error_(error) {}
+
+  std::size_t read(char* buffer, std::size_t size) override {
+    std::size_t count = 0;
+    error_ = errorOf([&] { count = bytes_->read(buffer, size); });
+    if (error_) {
+      throw RunTimeError(*error_);
+    }
+    return count;
+  }
+  void rewind() override { bytes_->rewind(); }
+
+ private:
+  std::unique_ptr<ByteReader> bytes_;
+  std::optional<RunTimeError>& error_;
 };
 
 /// Whether a file is one of the library's own kind, which have to be whole at any moment, also
@@ -213,8 +236,9 @@ ReferenceFileCopy::ReferenceFileCopy(FileSystem& files, XmlLibrary& xml, const L
       listings_(files, locale),
       settled_(locale) {}
 
+// For an owner that has not flushed; one that has, has been told.
 ReferenceFileCopy::~ReferenceFileCopy() {
-  ignoringErrors([this] { copies_->flush(); });
+  ignoringErrors([this] { flush(); });
 }
 
 bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
@@ -224,19 +248,24 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
   if (!files_.fileExists(source)) {
     return false;
   }
-  bool isInPlace = false;
-  ignoringErrors([&] {
-    const std::string from = files_.absolutePath(source);
-    const std::string to = targetFor(from, destination);
-    if (files_.sameFile(from, to)) {
-      isInPlace = true;
-      return;
-    }
-    copyItself(from, to);
-    isInPlace = true;
+  const std::string from = files_.absolutePath(source);
+  std::string to;
+  bool isCopied = false;
+  const bool isInPlace = ignoringErrors([&] {
+                           to = targetFor(from, destination);
+                           if (!files_.sameFile(from, to)) {
+                             copyItself(from, to);
+                             isCopied = true;
+                           }
+                         }) == 0;
+  if (isCopied) {
     copyWhatBelongsTo(from, to, wasMovedIntoBookFolder(source, destination));
-  });
+  }
   return isInPlace;
+}
+
+void ReferenceFileCopy::flush() {
+  copies_->flush();
 }
 
 void ReferenceFileCopy::copyItself(const std::string& source, const std::string& target) {
@@ -281,17 +310,28 @@ void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
   DocumentCopy documents(
       files_, *copies_, locale_, listings_, settled_, std::string(folderPartOf(target)));
   documents.add(folder, fileName);
-  DocumentNames named(locale_);
-  if (!isPage(fileName) && xml_.scan(source, named)) {
+  if (!isPage(fileName)) {
     std::vector<std::string> folders{folder};
     if (hasTableAbove) {
       folders.emplace_back(folderPartOf(folderOf(folder)));
     }
-    for (const std::string& name : named.names()) {
+    for (const std::string& name : documentsOf(source)) {
       documents.copy(name, folders);
     }
   }
   documents.copyLinkedFiles();
+}
+
+/// None where the file is no XML. Raises what reading it raises.
+std::vector<std::string> ReferenceFileCopy::documentsOf(const std::string& source) const {
+  DocumentNames named(locale_);
+  std::optional<RunTimeError> unreadable;
+  const XmlLoadResult scanned =
+      xml_.scan(std::make_unique<WatchedBytes>(files_.open(source), unreadable), named);
+  if (unreadable) {
+    throw RunTimeError(*unreadable);
+  }
+  return scanned ? named.names() : std::vector<std::string>();
 }
 
 }  // namespace quorbind

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/folder_listings.h"
 #include "platform/toolset.h"
@@ -28,12 +29,14 @@ class XmlLibrary;
 /// the driver does. To a page, be it one of these documents or the source itself,
 /// belong the local files that it links to by `src` and `href` and that lie below its own folder;
 /// pages among these are copied and not read. Everything keeps its place below the target folder.
-/// What is missing or can't be copied is passed over, and changes nothing in the result.
+/// What is missing or can't be copied is passed over, and changes nothing in the result. A source
+/// in place that can't be read for the names of its documents raises what the read raised: nobody
+/// knows what is missing then.
 ///
 /// An object serves one book. For as long as it lives it looks at a folder once, and brings a file
 /// that several pages link to once, also when the pages are handed over one by one. An XML file
-/// that is handed over is flushed at once; documents are flushed together when the object goes, and
-/// one that could not be is like one that could not be copied.
+/// that is handed over is flushed at once; documents are flushed together by `flush`, or when the
+/// object of an owner goes that does not call it, and then nobody learns of a failure.
 ///
 /// Names in documents are confined: one with a drive, a scheme, a root or a device in it, or that
 /// leads out by `..`, is never looked at. In a folder that holds a library's catalogue or the
@@ -50,6 +53,7 @@ class ReferenceFileCopy final : public FileCopy {
                    std::string_view source,
                    std::int16_t reservedOverwrite,
                    std::int16_t reservedDialog) override;
+  void flush() override;
 
  private:
   void copyItself(const std::string& source, const std::string& target);
@@ -57,6 +61,7 @@ class ReferenceFileCopy final : public FileCopy {
   [[nodiscard]] bool wasMovedIntoBookFolder(std::string_view source,
                                             std::string_view destination) const;
   void copyWhatBelongsTo(const std::string& source, const std::string& target, bool hasTableAbove);
+  [[nodiscard]] std::vector<std::string> documentsOf(const std::string& source) const;
 
   FileSystem& files_;
   XmlLibrary& xml_;

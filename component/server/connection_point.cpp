@@ -77,29 +77,20 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     return E_POINTER;
   }
   *cookie = 0;
-  const Turn turn;
-  if (!turn.isOurs()) {
-    return RPC_E_WRONG_THREAD;
-  }
-  if (owner_ == nullptr) {
-    return E_UNEXPECTED;
-  }
-  return connect(sink, cookie);
+  return inTurn([&] { return owner_ == nullptr ? E_UNEXPECTED : connect(sink, cookie); });
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
-  const Turn turn;
-  if (!turn.isOurs()) {
-    return RPC_E_WRONG_THREAD;
-  }
-  const auto connection = find(cookie);
-  if (connection == connections_.end()) {
-    return CONNECT_E_NOCONNECTION;
-  }
-  // The sink goes after the list is whole again: its end may lead back here.
-  const ComPtr<IDispatch> sink = connection->sink;
-  connections_.erase(connection);
-  return S_OK;
+  return inTurn([&] {
+    const auto connection = find(cookie);
+    if (connection == connections_.end()) {
+      return CONNECT_E_NOCONNECTION;
+    }
+    // The sink goes after the list is whole again: its end may lead back here.
+    const ComPtr<IDispatch> sink = connection->sink;
+    connections_.erase(connection);
+    return S_OK;
+  });
 }
 
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
@@ -107,13 +98,11 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
     return E_POINTER;
   }
   *connections = nullptr;
-  const Turn turn;
-  if (!turn.isOurs()) {
-    return RPC_E_WRONG_THREAD;
-  }
-  return guarded([&] {
-    using Connections = ComEnumerator<IEnumConnections, CONNECTDATA, Connection>;
-    *connections = makeObject<Connections>(connections_).detach();
+  return inTurn([&] {
+    return guarded([&] {
+      using Connections = ComEnumerator<IEnumConnections, CONNECTDATA, Connection>;
+      *connections = makeObject<Connections>(connections_).detach();
+    });
   });
 }
 

@@ -1,5 +1,6 @@
 #include "component/server/conversion.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace quorbind {
@@ -56,6 +57,34 @@ void putElement(SAFEARRAY* array, VARTYPE type, LONG index, const std::string& t
   requireSuccess(::SafeArrayPutElement(array, &index, const_cast<VARIANT*>(&element.get())));
 }
 
+/// The elements of an array while nobody else can change it.
+class LockedArray {
+ public:
+  explicit LockedArray(SAFEARRAY* array) : array_(array) {
+    requireSuccess(::SafeArrayAccessData(array, &elements_));
+  }
+  LockedArray(const LockedArray&) = delete;
+  LockedArray& operator=(const LockedArray&) = delete;
+  ~LockedArray() { ::SafeArrayUnaccessData(array_); }
+
+  /// Puts a text in the place of the element that is so far behind the first. Can't fail.
+  void put(std::size_t place, VARTYPE type, Bstr text) noexcept {
+    if (type == VT_BSTR) {
+      ::SysFreeString(std::exchange(static_cast<BSTR*>(elements_)[place], text.detach()));
+      return;
+    }
+    VARIANT value{};
+    value.vt = VT_BSTR;
+    value.bstrVal = text.detach();
+    VARIANT old = std::exchange(static_cast<VARIANT*>(elements_)[place], value);
+    ::VariantClear(&old);
+  }
+
+ private:
+  SAFEARRAY* array_;
+  void* elements_ = nullptr;
+};
+
 SAFEARRAY* makeArray(VARTYPE type, const TextArray& content) {
   SAFEARRAYBOUND bound{static_cast<ULONG>(content.texts.size()), content.lowerBound};
   SafeArray array(::SafeArrayCreate(type, 1, &bound));
@@ -99,12 +128,18 @@ void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts) {
     return;
   }
   const VARTYPE type = elementTypeOf(array);
-  LONG index = lowerBoundOf(array);
-  for (const std::string& text : texts) {
-    if (elementOf(array, type, index) != text) {
-      putElement(array, type, index, text);
+  const LONG first = lowerBoundOf(array);
+  // All are made before the first is put: the texts may be the same ones in another order, and none
+  // of them may get lost on the way.
+  std::vector<std::pair<std::size_t, Bstr>> changed;
+  for (std::size_t place = 0; place < texts.size(); ++place) {
+    if (elementOf(array, type, first + static_cast<LONG>(place)) != texts[place]) {
+      changed.emplace_back(place, Bstr(texts[place]));
     }
-    ++index;
+  }
+  LockedArray elements(array);
+  for (auto& [place, text] : changed) {
+    elements.put(place, type, std::move(text));
   }
 }
 

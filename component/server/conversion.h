@@ -28,7 +28,8 @@ std::int32_t lowerBoundOf(SAFEARRAY* array);
 TextArray textArrayOf(SAFEARRAY* array);
 
 /// Puts `texts` back into the array that they were read from; it keeps its bounds and the type of
-/// its elements. Elements that hold the same text already are left alone.
+/// its elements. Elements that hold the same text already are left alone. What it raises leaves the
+/// array as it was.
 void putTexts(SAFEARRAY* array, const std::vector<std::string>& texts);
 
 /// Puts `text` into the variable that a text is passed by; one that holds it already is left alone.

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <utility>
 
 namespace quorbind {
 
@@ -33,5 +34,13 @@ class Turn {
   DWORD before_ = kNobody;
   bool isOurs_;
 };
+
+/// Runs a call in this thread's turn and answers its result, RPC_E_WRONG_THREAD where another
+/// thread has the turn.
+template <typename Call>
+HRESULT inTurn(Call&& call) {
+  const Turn turn;
+  return turn.isOurs() ? std::forward<Call>(call)() : RPC_E_WRONG_THREAD;
+}
 
 }  // namespace quorbind

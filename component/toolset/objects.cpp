@@ -83,4 +83,8 @@ STDMETHODIMP FileCopyObject::mbCopyFiles(
   });
 }
 
+STDMETHODIMP FileCopyObject::flush() {
+  return run<_clsFileCopy>([&] { copy_->flush(); });
+}
+
 }  // namespace quorbind

@@ -57,6 +57,7 @@ class FileCopyObject final : public DualObject<::clsFileCopy, _clsFileCopy> {
  public:
   STDMETHODIMP mbCopyFiles(
       BSTR destination, BSTR source, SHORT overwrite, SHORT dialog, VARIANT_BOOL* result) override;
+  STDMETHODIMP flush() override;
 
  private:
   Workshop workshop_;

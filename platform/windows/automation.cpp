@@ -1,5 +1,7 @@
 #include "platform/windows/automation.h"
 
+#include <optional>
+
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -31,14 +33,20 @@ struct Complaint {
   }
 };
 
-DISPID memberOf(const ComPtr<IDispatch>& object, std::string_view member) {
+std::optional<DISPID> findMember(const ComPtr<IDispatch>& object, std::string_view member) {
   std::wstring name = toWide(member);
   LPOLESTR names = name.data();
   DISPID identity = DISPID_UNKNOWN;
-  if (FAILED(object->GetIDsOfNames(IID_NULL, &names, 1, kLanguageOfMembers, &identity))) {
+  const HRESULT found = object->GetIDsOfNames(IID_NULL, &names, 1, kLanguageOfMembers, &identity);
+  return SUCCEEDED(found) ? std::optional(identity) : std::nullopt;
+}
+
+DISPID memberOf(const ComPtr<IDispatch>& object, std::string_view member) {
+  const std::optional<DISPID> identity = findMember(object, member);
+  if (!identity) {
     raise(ErrorNumber::kMemberNotSupported);
   }
-  return identity;
+  return *identity;
 }
 
 std::string textAt(SAFEARRAY& array, VARTYPE type, LONG index) {
@@ -62,6 +70,10 @@ AutomationObject AutomationObject::create(std::string_view className) {
     raise(ErrorNumber::kCannotCreateObject);
   }
   return AutomationObject(std::move(object));
+}
+
+bool AutomationObject::has(std::string_view member) const {
+  return findMember(object_, member).has_value();
 }
 
 Variant AutomationObject::invoke(std::string_view member,

@@ -19,6 +19,9 @@ class AutomationObject {
 
   [[nodiscard]] const ComPtr<IDispatch>& object() const { return object_; }
 
+  /// Whether the object has a member of that name.
+  [[nodiscard]] bool has(std::string_view member) const;
+
   /// Calls a method, or reads a property, and answers the result. Raises 438 for a member that the
   /// object does not have; an error of the object's own keeps its number and description.
   template <typename... Arguments>

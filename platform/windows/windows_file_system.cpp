@@ -83,13 +83,12 @@ std::wstring spellingOf(const std::wstring& path) {
   return found.cFileName;
 }
 
-/// Makes `attempt` at the file at `path` as soon as nobody holds it. Raises what it ended with.
-template <typename Attempt>
-void whenFree(Patience& patience, const std::wstring& path, Attempt&& attempt) {
-  const DWORD error = patience.whenFree(path, std::forward<Attempt>(attempt));
-  if (error != ERROR_SUCCESS) {
-    raiseSystemError(error, path);
-  }
+/// Opens the file at `path` as soon as nobody holds it. Answers an error.
+DWORD openWhenFree(Patience& patience, const std::wstring& path, DWORD access, Handle& file) {
+  return patience.whenFree(path, [&] {
+    file = openFile(path, access);
+    return errorOfCall(file ? TRUE : FALSE);
+  });
 }
 
 /// Gives a file's name the spelling of `path`, where the system takes that for the name which the
@@ -162,10 +161,7 @@ CopyWay findCopyWay(std::string_view from, std::string_view to) {
 /// Flushes the file at `path`, unless somebody has taken it away. Answers an error.
 DWORD flushFile(const std::wstring& path, Patience& patience) {
   Handle file;
-  const DWORD opened = patience.whenFree(path, [&] {
-    file = openFile(path, GENERIC_WRITE);
-    return errorOfCall(file ? TRUE : FALSE);
-  });
+  const DWORD opened = openWhenFree(patience, path, GENERIC_WRITE, file);
   if (!file) {
     return opened == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : opened;
   }
@@ -303,7 +299,11 @@ void WindowsFileSystem::deleteFile(std::string_view path) {
   if ((attributesOfFile(file) & FILE_ATTRIBUTE_READONLY) != 0) {
     raise(ErrorNumber::kPermissionDenied);
   }
-  whenFree(patience_, file, [&] { return errorOfCall(::DeleteFileW(file.c_str())); });
+  const DWORD deleted =
+      patience_.whenFree(file, [&] { return errorOfCall(::DeleteFileW(file.c_str())); });
+  if (deleted != ERROR_SUCCESS) {
+    raiseSystemError(deleted, file);
+  }
 }
 
 std::string WindowsFileSystem::absolutePath(std::string_view path) {
@@ -330,10 +330,9 @@ std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {
   const std::wstring file = pathOfFile(path);
   attributesOfFile(file);
   Handle handle;
-  whenFree(patience_, file, [&] {
-    handle = openFile(file, GENERIC_READ);
-    return errorOfCall(handle ? TRUE : FALSE);
-  });
+  if (const DWORD error = openWhenFree(patience_, file, GENERIC_READ, handle); !handle) {
+    raiseSystemError(error, file);
+  }
   return std::make_unique<FileReader>(std::move(handle));
 }
 

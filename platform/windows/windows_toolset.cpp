@@ -79,8 +79,15 @@ class AutomatedFileCopy final : public FileCopy {
               Variant::ofShort(reservedDialog))
         .boolean();
   }
+  void flush() override {
+    if (object_.has(kFlush)) {
+      object_.call(kFlush);
+    }
+  }
 
  private:
+  static constexpr std::string_view kFlush = "flush";
+
   AutomationObject object_ = AutomationObject::create("Quor_FileCopy.clsFileCopy");
 };
 

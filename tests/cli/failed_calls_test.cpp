@@ -5,11 +5,6 @@
 namespace quorbind::testing {
 namespace {
 
-struct FailingSystemCall {
-  const char* name;
-  std::vector<const char*> errors;
-};
-
 const std::vector<FailingSystemCall> kFailing{
     {"openat", {"EACCES", "ENOSPC"}},
     {"mkdir", {"EACCES", "ENOSPC"}},
@@ -22,50 +17,24 @@ const std::vector<FailingSystemCall> kFailing{
     {"renameat2", {"EACCES"}},
 };
 
-class FailedCall : public InterruptedCommand {
- protected:
-  struct Point {
-    SystemCall call;
-    std::string event;
-  };
+bool isForWriting(const SystemCall& call) {
+  return call.name != "openat" || call.text.find("O_CREAT") != std::string::npos;
+}
 
-  [[nodiscard]] static std::vector<Point> pointsIn(const std::vector<SystemCall>& calls) {
-    std::vector<Point> points;
-    for (const SystemCall& call : calls) {
-      for (const FailingSystemCall& failing : kFailing) {
-        if (call.name == failing.name && !isForReading(call)) {
-          for (const char* error : failing.errors) {
-            points.push_back({call, std::string("error=") + error});
-          }
-        }
-      }
-    }
-    return points;
-  }
-
- private:
-  static bool isForReading(const SystemCall& call) {
-    return call.name == "openat" && call.text.find("O_CREAT") == std::string::npos;
-  }
-};
+using FailedCall = InterruptedCommand;
 
 TEST_P(FailedCall, LeavesOldOrNewFilesNoLitterAndNoSuccessThatIsNone) {
-  const std::vector<Point> points = pointsIn(callsOfAWholeRun());
+  const auto points = failurePointsIn(callsOfAWholeRun(), kFailing, isForWriting);
   const Tree after = contents();
   ASSERT_GT(points.size(), 20U);
-  for (const Point& point : pointsToTry(points)) {
+  for (const FailurePoint& point : pointsToTry(points)) {
     SCOPED_TRACE(point.call.text + ": " + point.event);
-    restore();
-    const Outcome outcome = run(withEventAt(point.call, point.event, command()));
+    const Outcome outcome = runWith(point);
     const Tree now = contents();
     for (const auto& [name, content] : now) {
       EXPECT_TRUE(isOldOrNew(name, content, after)) << name << "\n" << content;
     }
-    if (outcome.status == 0) {
-      EXPECT_EQ(now, after) << outcome.err;
-    } else {
-      EXPECT_NE(outcome.err, "");
-    }
+    expectNoFalseSuccess(outcome, now, after);
   }
   RecordProperty("points", static_cast<int>(pointsToTry(points).size()));
 }

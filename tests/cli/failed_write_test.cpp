@@ -197,6 +197,33 @@ TEST_F(WithoutPermission, ATableThatCanNotBeReadIsMissingInput) {
                 "quorbind: toc.txt: nothing was added\n");
 }
 
+TEST_F(WithoutPermission, ADocumentThatCanNotBeReadIsMissingInputAndItsBookIsAdded) {
+  allow("server");
+  fs::permissions(disk.path() / "Manual/alarms.htm", fs::perms::owner_all);
+  expectThatAPlainReadIsRefused("Manual/alarms.htm");
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(
+      outcome.err,
+      "quorbind: toc.txt: the book was added, but DISK/Manual/alarms.htm could not be read\n");
+  EXPECT_FALSE(disk.has("server/Docs/Plant/Manual/alarms.htm"));
+  EXPECT_TRUE(disk.has("server/Docs/Plant/Manual/trends.htm"));
+}
+
+TEST_F(WithoutPermission, AFileInAFolderThatCanNotBeEnteredIsMissingInputAndItsBookIsAdded) {
+  disk.write("Manual/alarms.htm", "<img src=\"pictures/a.png\">");
+  disk.write("Manual/pictures/a.png", "picture");
+  allow("server");
+  fs::permissions(disk.path() / "Manual/pictures", fs::perms::owner_all);
+  expectThatAPlainReadIsRefused("Manual/pictures/a.png");
+  const Outcome outcome = addAsNobody();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(
+      outcome.err,
+      "quorbind: toc.txt: the book was added, but DISK/Manual/pictures/a.png could not be read\n");
+  EXPECT_TRUE(disk.has("server/Docs/Plant/Manual/alarms.htm"));
+}
+
 TEST_F(WithoutPermission, ACatalogueThatCanNotBeReadIsMissingInput) {
   allow("server");
   fs::permissions(disk.path() / "server/Docs/Plant/Quor_TOC.xml", fs::perms::owner_all);

@@ -12,6 +12,7 @@
 #include "tests/support/raised_error.h"
 #include "tests/support/read_only_files.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/unreadable_files.h"
 
 namespace quorbind::testing {
 namespace {
@@ -89,6 +90,32 @@ TEST_F(Journal, RemembersTheLastCopyOfASeriesThatCouldNotBeFlushed) {
   copies->copy(at("a.txt"), at("c.txt"));
   EXPECT_EQ(errorRaisedBy([&] { copies->flush(); }), 57);
   EXPECT_EQ(journal.failedWrite(), "C:\\c.txt");
+}
+
+TEST_F(Journal, RemembersTheFirstReadThatFailed) {
+  folder_.write("b.txt", "second");
+  UnreadableFiles unreadable(disk_, at("b.txt"));
+  FileJournal journal(unreadable);
+  char byte = 0;
+  EXPECT_EQ(journal.open(at("a.txt"))->read(&byte, 1), 1U);
+  EXPECT_FALSE(journal.failedRead());
+  EXPECT_EQ(errorRaisedBy([&] { journal.open(at("b.txt"))->read(&byte, 1); }), 57);
+  EXPECT_EQ(journal.failedRead(), "C:\\b.txt");
+  EXPECT_FALSE(journal.failedWrite());
+}
+
+TEST_F(Journal, TakesAFileThatIsNotThereForNoFailedRead) {
+  EXPECT_EQ(errorRaisedBy([&] { static_cast<void>(journal_.open(at("b.txt"))); }), 53);
+  EXPECT_FALSE(journal_.failedRead());
+}
+
+TEST_F(Journal, TakesACopyWhoseSourceCanNotBeReadForAFailedRead) {
+  UnreadableFiles unreadable(disk_, at("a.txt"));
+  unreadable.failToCopy();
+  FileJournal journal(unreadable);
+  EXPECT_EQ(errorRaisedBy([&] { journal.copyFile(at("a.txt"), at("b.txt")); }), 57);
+  EXPECT_EQ(journal.failedRead(), "C:\\a.txt");
+  EXPECT_FALSE(journal.failedWrite());
 }
 
 TEST_F(Journal, WhatIsInTheWayIsNoFailedWrite) {

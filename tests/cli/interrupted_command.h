@@ -7,9 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/portable_file_system.h"
 #include "platform/portable/sibling_replacement.h"
+#include "platform/portable/xml_library.h"
 #include "tests/cli/library_subcommands.h"
 #include "tests/cli/system_calls.h"
+#include "tests/support/dates.h"
 
 namespace quorbind::testing {
 
@@ -31,16 +34,34 @@ inline const std::vector<Subcommand> kInterrupted{
     {"keywords_add", {"keywords", "add", "Alarms", "horn"}},
 };
 
-/// A text whose dates with a time of the day read MOMENT.
-inline std::string withoutMoments(std::string text) {
-  for (const std::string_view half : {" AM", " PM"}) {
-    for (auto end = text.find(half); end != std::string::npos; end = text.find(half, end)) {
-      const std::size_t begin = text.find_last_not_of("0123456789/: ", end - 1) + 1;
-      text.replace(begin, end + half.size() - begin, "MOMENT");
-      end = begin;
+/// A system call and the errors that it is made to end with.
+struct FailingSystemCall {
+  const char* name;
+  std::vector<const char*> errors;
+};
+
+/// One call of a run, and what happens to it in the tracer's words.
+struct FailurePoint {
+  SystemCall call;
+  std::string event;
+};
+
+/// Each of the calls that are `failing` and `isTried`, with each of its errors.
+template <typename Filter>
+std::vector<FailurePoint> failurePointsIn(const std::vector<SystemCall>& calls,
+                                          const std::vector<FailingSystemCall>& failing,
+                                          Filter isTried) {
+  std::vector<FailurePoint> points;
+  for (const SystemCall& call : calls) {
+    for (const FailingSystemCall& kind : failing) {
+      if (call.name == kind.name && isTried(call)) {
+        for (const char* error : kind.errors) {
+          points.push_back({call, std::string("error=") + error});
+        }
+      }
     }
   }
-  return text;
+  return points;
 }
 
 /// A subcommand on a library that is put back as often as wanted.
@@ -51,9 +72,14 @@ class InterruptedCommand : public CompleteLibrary {
     GTEST_SKIP() << "a sanitizer makes system calls of its own, which would be disturbed as well";
 #endif
     CompleteLibrary::SetUp();
-    writeBook();
+    writeInput();
     before_ = contents();
     onDisk_ = disk.contents();
+  }
+
+  /// What the subcommand reads beside the library.
+  virtual void writeInput() const {
+    writeBook();
   }
 
   [[nodiscard]] const Tree& before() const {
@@ -83,7 +109,7 @@ class InterruptedCommand : public CompleteLibrary {
     for (auto& [name, content] : tree) {
       if (std::filesystem::path(name).filename().string().starts_with("Book_")) {
         const bool isUtf16 = content.starts_with("\xFF\xFE");
-        content = withoutMoments(isUtf16 ? fromUtf16File(content) : content);
+        content = withoutDates(isUtf16 ? fromUtf16File(content) : content);
       }
       content = replaceAll(content, "\r\n", "\n");
     }
@@ -101,12 +127,33 @@ class InterruptedCommand : public CompleteLibrary {
     return callsSince(disk.path().string(), callsOf(command(), (trace_.path() / "trace").string()));
   }
 
+  /// From the library as it was, with this failure.
+  [[nodiscard]] Outcome runWith(const FailurePoint& point) const {
+    restore();
+    return run(withEventAt(point.call, point.event, command()));
+  }
+
+  /// A run ends with 0 only where everything is as it should be, and else tells something.
+  static void expectNoFalseSuccess(const Outcome& outcome, const Tree& now, const Tree& after) {
+    if (outcome.status == 0) {
+      EXPECT_EQ(now, after) << outcome.err;
+    } else {
+      EXPECT_NE(outcome.err, "");
+    }
+  }
+
   /// A file of the system's own that a process leaves which had no time to clean up: what was to
   /// replace a file, or the prepared copy of a table of contents.
   [[nodiscard]] static bool isTemporary(const std::string& name) {
     return (name.find(kTemporaryInfix) != std::string::npos &&
             name.ends_with(kTemporaryExtension)) ||
            name.starts_with("quorbind-");
+  }
+
+  /// Whether a file on the disk is an XML document.
+  [[nodiscard]] bool parses(const std::string& name) const {
+    PortableFileSystem files;
+    return PortableXmlLibrary(files).createDocument()->load((disk.path() / name).string()).loaded;
   }
 
   [[nodiscard]] bool isOldOrNew(const std::string& name,

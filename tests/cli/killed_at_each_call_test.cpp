@@ -4,8 +4,6 @@
 
 #include <ostream>
 
-#include "platform/portable/portable_file_system.h"
-#include "platform/portable/xml_library.h"
 #include "tests/cli/interrupted_command.h"
 
 namespace quorbind::testing {
@@ -29,12 +27,6 @@ class KilledAtEachCall : public InterruptedCommand {
     for (const auto& [name, content] : before()) {
       EXPECT_TRUE(disk.has(name) || !after.contains(name)) << name;
     }
-  }
-
- private:
-  [[nodiscard]] bool parses(const std::string& name) const {
-    PortableFileSystem files;
-    return PortableXmlLibrary(files).createDocument()->load((disk.path() / name).string()).loaded;
   }
 };
 

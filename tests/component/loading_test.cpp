@@ -11,6 +11,13 @@
 namespace quorbind::testing {
 namespace {
 
+/// Of the slots for what belongs to a thread, of which a process has about a thousand.
+DWORD nextFreeSlot() {
+  const DWORD slot = ::TlsAlloc();
+  ::TlsFree(slot);
+  return slot;
+}
+
 void loadUseAndUnload() {
   const ServedDll component(L"Quorbind.dll");
   auto book = component.create<_Quor_Book>(CLSID_Quor_Book);
@@ -37,8 +44,10 @@ TEST(Loading, LeavesNothingBehindHoweverOften) {
   ASSERT_EQ(toolset.registerServer(), S_OK);
   goThroughRounds(100);
   const Footprint before = footprint();
+  const DWORD slot = nextFreeSlot();
   goThroughRounds(rounds);
   const Footprint after = footprint();
+  EXPECT_EQ(nextFreeSlot(), slot);
   EXPECT_EQ(after.handles, before.handles);
   EXPECT_LT(after.bytes, before.bytes + static_cast<SIZE_T>(rounds) * kLeftByARound);
   EXPECT_EQ(toolset.unregisterServer(), S_OK);

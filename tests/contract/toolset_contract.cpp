@@ -413,6 +413,16 @@ TEST_F(FileCopyContract, SucceedsWithoutAnyWorkWhenTheFileIsInPlace) {
   EXPECT_EQ(disk_.contents(), asItStands);
 }
 
+TEST_F(FileCopyContract, FlushesWhatItHasCopiedAndNothingAsWell) {
+  writeBook({"page.htm"});
+  disk_.write("in/Manual/page.htm", "");
+  const auto copying = toolset_->createFileCopy();
+  copying->flush();
+  EXPECT_TRUE(copying->mbCopyFiles("C:\\lib\\Manual", "C:\\in\\Manual\\Book_B.xml", 0, 0));
+  copying->flush();
+  EXPECT_THAT(filesBelow("lib/Manual/"), ElementsAre("Book_B.xml", "page.htm"));
+}
+
 TEST_F(FileCopyContract, FailsWithoutASourceAndMakesNoFolder) {
   EXPECT_FALSE(copy("C:\\lib\\Manual", "C:\\in\\Book_B.xml"));
   EXPECT_FALSE(copy("C:\\lib\\Manual", ""));

@@ -48,7 +48,7 @@ class OperationsTest : public ::testing::TestWithParam<std::string> {
   const std::unique_ptr<ComponentHost> host_ = makeHost(GetParam());
 };
 
-/// The bytes of a file as tests compare them: the date of its making reads DATE.
+/// The bytes of a file as tests compare them: the dates of its making read DATE.
 std::string withoutDateOfMaking(const std::string& bytes);
 
 /// The bytes of a saved document whose lines end with LF here.

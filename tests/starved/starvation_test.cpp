@@ -71,11 +71,6 @@ Files filesAmong(const Files& tree) {
   return files;
 }
 
-/// A book file tells the date of its making twice.
-std::string withoutDates(const std::string& bytes) {
-  return withoutDateOfMaking(withoutDateOfMaking(bytes));
-}
-
 bool isAmong(const Files& files, const std::string& bytes) {
   return std::ranges::any_of(files, [&](const auto& entry) { return entry.second == bytes; });
 }
@@ -130,7 +125,7 @@ class StarvedHost {
   [[nodiscard]] Files files() const {
     Files files = filesAmong(host_->disk().contents());
     for (auto& [name, bytes] : files) {
-      bytes = withoutDates(bytes);
+      bytes = withoutDateOfMaking(bytes);
     }
     return files;
   }

@@ -89,6 +89,7 @@ class ToolsetWithDoubles final : public Toolset {
       return copying_(
           std::string(destination), std::string(source), reservedOverwrite, reservedDialog);
     }
+    void flush() override {}
 
    private:
     Copying copying_;

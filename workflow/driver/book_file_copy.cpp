@@ -50,6 +50,7 @@ class BookFileCopy {
     }
   }
 
+  /// Raises what their flush raises.
   void copyDocumentsOf(const XmlDocument& book) {
     std::unique_ptr<FileCopy> copy;
     ignoringErrors([&] { copy = platform_.toolset.createFileCopy(); });
@@ -59,6 +60,7 @@ class BookFileCopy {
     for (const XmlNode& document : book.elementsByName(book_names::kHeadingFile)) {
       ignoringErrors([&] { copyDocument(*copy, document.text()); });
     }
+    copy->flush();
   }
 
  private:

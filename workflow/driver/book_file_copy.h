@@ -25,8 +25,9 @@ struct BookFileWay {
 /// catalogue will know it, and replaces what stood there. Beside the catalogue nothing arrives
 /// under a name that the library's own files have.
 ///
-/// All errors are ignored, and a file that does not load brings nothing. Names in it that lead out
-/// of the folder are never looked at.
+/// All errors of copying are ignored, and a file that does not load brings nothing. Raises 61 or 57
+/// when the documents that came could not be flushed. Names in the file that lead out of the folder
+/// are never looked at.
 void copyBookFile(const Platform& platform,
                   const BookFileWay& way,
                   const std::string& bookFileName);

@@ -179,7 +179,8 @@ void BookValuator::convert(const BookValuatorArguments& arguments) {
 
 void BookValuator::copyToLibrary(const BookValuatorArguments& arguments) {
   const std::string generated = workingFolder_ + "\\" + bookFileName();
-  platform_.toolset.createFileCopy()->mbCopyFiles(destination(), generated, 0, 0);
+  const auto copy = platform_.toolset.createFileCopy();
+  copy->mbCopyFiles(destination(), generated, 0, 0);
   // A table of contents kept inside the library has its book file made where it belongs. The next
   // book of a workbook does not wait for one that is gone.
   const bool isExpected =
@@ -187,6 +188,8 @@ void BookValuator::copyToLibrary(const BookValuatorArguments& arguments) {
   if (isExpected && !platform_.files.sameFile(generated, destination() + "\\" + bookFileName())) {
     platform_.files.deleteFile(generated);
   }
+  // The catalogue names no book whose documents may be gone after the next failure of the machine.
+  copy->flush();
 }
 
 void BookValuator::installBookFile(const BookValuatorArguments& arguments) {

@@ -4,13 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 #include <string>
 
 #include "platform/runtime_error.h"
 #include "tests/contract/adapters.h"
 #include "tests/support/failing_files.h"
+#include "tests/support/raised_error.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/unreadable_files.h"
 
 namespace quorbind::testing {
 namespace {
@@ -230,6 +233,25 @@ TEST_F(FileCopyTest, SucceedsWhenOnlyADocumentCouldNotBeCopied) {
   EXPECT_TRUE(disk_.has("lib/setup.htm"));
 }
 
+TEST_F(FileCopyTest, RaisesWhatItMeetsWhereTheNamesOfTheDocumentsCanNotBeRead) {
+  disk_.write("in/Book_B.xml", "<Book_Master><HFile>intro.htm</HFile></Book_Master>");
+  disk_.write("in/intro.htm", "");
+  UnreadableFiles files(adapters_->files(), "C:\\in\\Book_B.xml");
+  ReferenceFileCopy copy(files, adapters_->xml(), adapters_->locale());
+  EXPECT_EQ(errorRaisedBy([&] { copy.mbCopyFiles("C:\\lib", "C:\\in\\Book_B.xml", 0, 0); }), 57);
+  EXPECT_EQ(disk_.read("lib/Book_B.xml"), disk_.read("in/Book_B.xml"));
+}
+
+TEST_F(FileCopyTest, PassesOverWhatAPageLinksToThatCanNotBeRead) {
+  disk_.write("in/one.htm", "<img src=logo.png>");
+  disk_.write("in/logo.png", "");
+  UnreadableFiles files(adapters_->files(), "C:\\in\\one.htm");
+  ReferenceFileCopy copy(files, adapters_->xml(), adapters_->locale());
+  EXPECT_TRUE(copy.mbCopyFiles("C:\\lib", "C:\\in\\one.htm", 0, 0));
+  EXPECT_TRUE(disk_.has("lib/one.htm"));
+  EXPECT_FALSE(disk_.has("lib/logo.png"));
+}
+
 /// What one object changes until it goes, with a book file and a page handed over.
 class FlushedFileCopy : public FileCopyTest {
  protected:
@@ -243,8 +265,13 @@ class FlushedFileCopy : public FileCopyTest {
     disk_.write("in/setup.htm", "");
   }
 
-  void copyAll() {
+  /// Answers the error of the flush, 0 when it ended well.
+  std::int32_t copyAllAndFlush() {
     ReferenceFileCopy copy(calls_, adapters_->xml(), adapters_->locale());
+    copyAll(copy);
+    return errorRaisedBy([&] { copy.flush(); });
+  }
+  static void copyAll(ReferenceFileCopy& copy) {
     EXPECT_TRUE(copy.mbCopyFiles("C:\\lib", "C:\\in\\Book_B.xml", 0, 0));
     EXPECT_TRUE(copy.mbCopyFiles("C:\\lib", "C:\\in\\setup.htm", 0, 0));
   }
@@ -253,7 +280,7 @@ class FlushedFileCopy : public FileCopyTest {
 };
 
 TEST_F(FlushedFileCopy, FlushesABookFileAtOnceAndAllDocumentsTogether) {
-  copyAll();
+  EXPECT_EQ(copyAllAndFlush(), 0);
   EXPECT_EQ(calls_.calls(),
             (std::vector<ChangingCall>{{Kind::kCopyFile, "C:\\lib\\Book_B.xml"},
                                        {Kind::kCopy, "C:\\lib\\intro.htm"},
@@ -262,10 +289,19 @@ TEST_F(FlushedFileCopy, FlushesABookFileAtOnceAndAllDocumentsTogether) {
                                        {Kind::kFlush, ""}}));
 }
 
-TEST_F(FlushedFileCopy, DoesNotTryAFailedFlushAgain) {
+TEST_F(FlushedFileCopy, RaisesAFailedFlushAndDoesNotTryItAgain) {
   calls_.failAt(4, faultsOf(Kind::kFlush).front());
-  copyAll();
+  EXPECT_EQ(copyAllAndFlush(), 57);
   EXPECT_EQ(calls_.calls().size(), 5U);
+}
+
+TEST_F(FlushedFileCopy, FlushesWhenItGoesWhatNobodyHasFlushed) {
+  {
+    ReferenceFileCopy copy(calls_, adapters_->xml(), adapters_->locale());
+    copyAll(copy);
+    EXPECT_EQ(calls_.calls().size(), 4U);
+  }
+  EXPECT_EQ(calls_.calls().back(), (ChangingCall{Kind::kFlush, ""}));
 }
 
 }  // namespace

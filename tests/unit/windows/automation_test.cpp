@@ -37,6 +37,11 @@ TEST_F(AutomationTest, MembersAreMethodsOrProperties) {
   EXPECT_TRUE(dictionary_.call("Exists", Variant::ofText("PST")).boolean());
 }
 
+TEST_F(AutomationTest, TellsWhichMembersThereAre) {
+  EXPECT_TRUE(dictionary_.has("Count"));
+  EXPECT_FALSE(dictionary_.has("NoSuchMember"));
+}
+
 TEST_F(AutomationTest, AMissingMemberRaises438) {
   EXPECT_EQ(errorRaisedBy([&] { dictionary_.call("NoSuchMember"); }), 438);
 }
