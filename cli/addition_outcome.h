@@ -28,7 +28,7 @@ class AdditionOutcome {
   [[nodiscard]] bool hasArrived(const ListedBook& book, const TocFile& toc);
   [[nodiscard]] std::optional<std::string> lookForBooks();
   [[nodiscard]] std::string countOfBooks() const;
-  [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
+  [[nodiscard]] ExitStatus judgeWithoutEntry(const TocFile& toc, bool finished);
   [[nodiscard]] bool hadError() const;
   [[nodiscard]] std::string bookFileBeingMade() const;
   bool takeOut(const ListedBook& book, const std::vector<ListedBook>& books);

@@ -52,6 +52,7 @@ Offer<Arguments> offer(CLI::App& parent,
 CLI::App& offerGroup(CLI::App& app, const std::string& name, const std::string& description);
 
 /// Refusals of values, empty when the value will do.
+std::string refusalOfLibraryName(const std::string& name);
 std::string refusalOfEmptyText(const std::string& text);
 std::string refusalOfBlankText(const std::string& text);
 
@@ -71,6 +72,9 @@ void addWord(CLI::App& command,
              const std::string& name,
              std::string& value,
              const std::string& description);
+
+/// Declares the whole command, which is the groups below and what stands beside them.
+void declareCommand(CLI::App& app, Task& task);
 
 // The groups. Each declares its subcommands; see the files of the same names.
 void offerTocSubcommands(CLI::App& app, Task& task);
