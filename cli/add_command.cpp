@@ -1,16 +1,66 @@
 #include "cli/add_command.h"
 
+#include <nlohmann/json.hpp>
+
 #include "cli/addition.h"
+#include "cli/addition_batch.h"
+#include "cli/addition_run.h"
+#include "cli/failure.h"
+#include "cli/job_file.h"
+#include "cli/json_text.h"
+#include "cli/report.h"
+#include "cli/wiring.h"
 
 namespace quorbind {
 
-ExitStatus runAdd(const AddArguments& arguments) {
-  const LibraryPaths library(arguments.place.server, arguments.place.library);
-  Wiring wiring(
-      library.serverRoot, processTerminal(!arguments.noInput), Addition::answersOf(arguments));
-  const AdditionReport report = Addition(arguments, library, wiring).run();
-  printAddition(report, wiring.ui.shown(), arguments.json);
+namespace {
+
+std::vector<AddArguments> additionsOf(const AddRequest& request) {
+  std::vector<AddArguments> additions;
+  for (const std::string& toc : request.tocs) {
+    additions.push_back(static_cast<const AddArguments&>(request));
+    additions.back().toc = toc;
+  }
+  return additions;
+}
+
+ExitStatus addOne(const AddArguments& arguments) {
+  std::vector<ShownMessage> messages;
+  const AdditionReport report = addBook(arguments, messages);
+  tellAddition(report, messages);
+  if (arguments.json) {
+    printJson(toJson(report, messages));
+  } else {
+    printAddedBooks(report);
+  }
   return report.status;
+}
+
+ExitStatus runJob(const AddRequest& request) {
+  Wiring wiring("", processTerminal(/*mayAsk=*/false));
+  Job job;
+  const ExitStatus status = reportingFailures(wiring.ui, [&] {
+    job = readJobFile(wiring.files, *request.job, request);
+    return ExitStatus::kDone;
+  });
+  if (status == ExitStatus::kDone) {
+    return addAll(job.additions, request.stopsAtFirst || job.stopsAtFirst, request.json);
+  }
+  if (request.json) {
+    printFailure(status, wiring.ui.shown(), std::string(kNothingAdded));
+  }
+  return status;
+}
+
+}  // namespace
+
+ExitStatus runAdd(const AddRequest& request) {
+  if (request.job) {
+    return runJob(request);
+  }
+  const std::vector<AddArguments> additions = additionsOf(request);
+  return additions.size() == 1 ? addOne(additions.front())
+                               : addAll(additions, request.stopsAtFirst, request.json);
 }
 
 }  // namespace quorbind

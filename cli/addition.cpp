@@ -184,4 +184,13 @@ void Addition::evtGetFolderName(std::string_view sFolderName) {
   run_.report.folder = sFolderName;
 }
 
+AdditionReport addBook(const AddArguments& arguments, std::vector<ShownMessage>& messages) {
+  const LibraryPaths library(arguments.place.server, arguments.place.library);
+  Wiring wiring(
+      library.serverRoot, processTerminal(!arguments.noInput), Addition::answersOf(arguments));
+  AdditionReport report = Addition(arguments, library, wiring).run();
+  messages = wiring.ui.shown();
+  return report;
+}
+
 }  // namespace quorbind

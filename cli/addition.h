@@ -44,4 +44,8 @@ class Addition final : private QuorBookEvents {
   AdditionRun run_;
 };
 
+/// Runs one addition as a process of its own would: with a component that has kept nothing of
+/// another. `messages` receives every box.
+AdditionReport addBook(const AddArguments& arguments, std::vector<ShownMessage>& messages);
+
 }  // namespace quorbind

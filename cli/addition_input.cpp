@@ -7,6 +7,7 @@
 #include "cli/book_file_survey.h"
 #include "cli/failure.h"
 #include "cli/page_survey.h"
+#include "cli/point_of_need.h"
 #include "cli/prepared_toc.h"
 #include "cli/required_document.h"
 #include "cli/side_file_reader.h"
@@ -45,9 +46,16 @@ AdditionInput::Ready AdditionInput::makeReady(const TocFile& toc) {
 }
 
 std::string AdditionInput::readyText(const TocFile& toc) {
-  const TocSurvey survey = surveyTextToc(run_.wiring.module.platform, toc);
+  std::optional<LinePlace> mainFile;
+  const TocSurvey survey = surveyTextToc(
+      run_.wiring.module.platform, toc, [&](const TextTocLine& line, const TextTocEntry& entry) {
+        if (!mainFile) {
+          mainFile = placeOfField(line, entry.file);
+        }
+      });
+  run_.mainFilePlace = mainFile.value_or(LinePlace{});
   if (survey.refusal) {
-    run_.report.line = survey.refusal->line;
+    run_.blame(toc, survey.refusal->place);
     // It goes on as it stands, so that the boxes show the author's own line.
     return toc.path;
   }
@@ -79,13 +87,14 @@ std::string AdditionInput::preparedCopyOf(const TocFile& toc) {
 AdditionInput::Ready AdditionInput::readyPage(const TocFile& toc) {
   const PageSurvey survey = surveyHtmlToc(run_.wiring.module.platform, toc);
   if (survey.rules.refusal) {
-    return refuse(*survey.rules.refusal, ExitStatus::kRefused);
+    return refuse(toc, *survey.rules.refusal, ExitStatus::kRefused);
   }
   requireReadableDepth(survey.rules, toc.name);
   run_.statedPlace = survey.place;
   if (run_.statedPlace.refusal) {
-    return refuse({.violation = {.message = *run_.statedPlace.refusal, .offersLine = false},
-                   .line = run_.statedPlace.line},
+    return refuse(toc,
+                  {.violation = {.message = *run_.statedPlace.refusal, .offersLine = false},
+                   .place = {.line = run_.statedPlace.line}},
                   ExitStatus::kRefused);
   }
   tellNotes(run_.wiring.ui, survey, toc);
@@ -107,7 +116,7 @@ AdditionInput::Ready AdditionInput::readyPage(const TocFile& toc) {
 AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
   const BookFileSurvey survey = surveyBookFile(run_.wiring.module.platform, toc);
   if (survey.refusal) {
-    return refuse(*survey.refusal, survey.status);
+    return refuse(toc, *survey.refusal, survey.status);
   }
   if (survey.missingElement) {
     throw missingElement(toc.path, *survey.missingElement);
@@ -185,9 +194,8 @@ void AdditionInput::requireUsableSideFilesOfBooks() {
   }
 }
 
-ExitStatus AdditionInput::refuse(const TocRefusal& refusal, ExitStatus status) {
-  run_.report.line = refusal.line;
-  run_.report.column = refusal.column;
+ExitStatus AdditionInput::refuse(const TocFile& toc, const TocRefusal& refusal, ExitStatus status) {
+  run_.blame(toc, refusal.place);
   tellRefusal(run_.wiring.ui, refusal);
   return status;
 }

@@ -37,7 +37,7 @@ class AdditionInput {
   [[nodiscard]] Ready readyWorkbook(const TocFile& toc);
   [[nodiscard]] bool isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations);
   void requireUsableSideFilesOfBooks();
-  [[nodiscard]] ExitStatus refuse(const TocRefusal& refusal, ExitStatus status);
+  [[nodiscard]] ExitStatus refuse(const TocFile& toc, const TocRefusal& refusal, ExitStatus status);
   [[nodiscard]] bool askForNames(const TocFile& toc);
   void tellOfUnusedFolder();
   void requireFolder();

@@ -19,7 +19,7 @@ namespace quorbind {
 ExitStatus AdditionOutcome::judge(const TocFile& toc, bool finished) {
   const auto books = readCatalogue(run_.wiring.module.platform, run_.library.catalogue);
   if (books.size() <= run_.booksBefore.size()) {
-    return judgeWithoutEntry(finished);
+    return judgeWithoutEntry(toc, finished);
   }
   const ListedBook& book = books.back();
   if (!hasArrived(book, toc)) {
@@ -107,7 +107,7 @@ std::string AdditionOutcome::countOfBooks() const {
                           counted(run_.survey.books.size(), "book", "books") + " added";
 }
 
-ExitStatus AdditionOutcome::judgeWithoutEntry(bool finished) {
+ExitStatus AdditionOutcome::judgeWithoutEntry(const TocFile& toc, bool finished) {
   const std::string beingWritten =
       finished ? run_.library.catalogue
                : run_.wiring.files.failedWrite().value_or(bookFileBeingMade());
@@ -116,7 +116,7 @@ ExitStatus AdditionOutcome::judgeWithoutEntry(bool finished) {
     return failed->status;
   }
   if (wasPlaceRefused()) {
-    run_.report.line = run_.statedPlace.line;
+    run_.blame(toc, run_.mainFilePlace);
   }
   return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
 }

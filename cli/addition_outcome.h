@@ -29,7 +29,7 @@ class AdditionOutcome {
   [[nodiscard]] bool hasArrived(const ListedBook& book, const TocFile& toc);
   [[nodiscard]] std::optional<std::string> lookForBooks();
   [[nodiscard]] std::string countOfBooks() const;
-  [[nodiscard]] ExitStatus judgeWithoutEntry(bool finished);
+  [[nodiscard]] ExitStatus judgeWithoutEntry(const TocFile& toc, bool finished);
   /// A file that the run was to write or to read and could not.
   struct FileFailure {
     std::string file;

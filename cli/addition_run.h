@@ -8,8 +8,10 @@
 
 #include "cli/arguments.h"
 #include "cli/catalogue_reader.h"
+#include "cli/line_place.h"
 #include "cli/paths.h"
 #include "cli/report.h"
+#include "cli/toc_file.h"
 #include "cli/wiring.h"
 #include "cli/workbook_survey.h"
 #include "toc/book_place.h"
@@ -25,10 +27,15 @@ struct AdditionRun {
   std::vector<ListedBook> booksBefore = {};
   std::int16_t kind = 0;
   StatedPlace statedPlace = {};
+  /// Where a text names the document of its first entry, and with it the folder.
+  LinePlace mainFilePlace = {};
   /// Of a workbook.
   WorkbookSurvey survey = {};
   /// The run makes the library's categories file.
   bool createsCategories = false;
+
+  /// Puts the place that is refused into the report, with the line.
+  void blame(const TocFile& toc, const LinePlace& place);
 
   /// Runs a step that writes; `what` names the file, also in the note of a failure.
   void writing(const std::string& what, const std::function<void()>& step);

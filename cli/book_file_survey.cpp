@@ -6,6 +6,7 @@
 #include "bookxml/names.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
+#include "toc/book_place.h"
 #include "toc/xml_toc.h"
 
 namespace quorbind {
@@ -38,8 +39,31 @@ class LineScan final : public XmlScanHandler {
 
  private:
   std::map<std::string_view, std::vector<std::size_t>> lines_{{book_names::kBookFile, {}},
-                                                              {book_names::kHeadingFile, {}}};
+                                                              {book_names::kHeadingFile, {}},
+                                                              {book_names::kPath, {}},
+                                                              {book_names::kAcro, {}}};
 };
+
+/// The line of the name that the file states and that is refused.
+std::size_t lineOfStatedName(const Platform& platform,
+                             const TocFile& toc,
+                             const XmlDocument& book) {
+  LineScan lines;
+  static_cast<void>(platform.xml.scan(toc.path, lines));
+  const XmlNode path = book.select(book_names::kPathPath);
+  const bool isPath = path && refusalOfStatedFolder(folderInBookPath(path.text()), path.text());
+  return lines.lineOf(isPath ? book_names::kPath : book_names::kAcro, 0);
+}
+
+/// The line at fault; 0 where none is, as in a file without headings.
+std::size_t lineOf(const XmlTocRefusal& refusal,
+                   const Platform& platform,
+                   const TocFile& toc,
+                   const XmlDocument& book) {
+  const bool statesName =
+      !refusal.isNotLoaded && !book.elementsByName(book_names::kHeadingFile).empty();
+  return statesName ? lineOfStatedName(platform, toc, book) : refusal.line;
+}
 
 }  // namespace
 
@@ -49,7 +73,7 @@ BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
   if (auto refusal = loadXmlToc(*book, toc.path)) {
     survey.status = statusOf(*refusal);
     survey.refusal = {.violation = refusal->violation,
-                      .line = refusal->line,
+                      .place = {.line = lineOf(*refusal, platform, toc, *book)},
                       .text = std::move(refusal->offered)};
     return survey;
   }

@@ -13,6 +13,7 @@
 #include "cli/json_text.h"
 #include "cli/listing.h"
 #include "cli/paths.h"
+#include "cli/point_of_need.h"
 #include "cli/text_list.h"
 #include "cli/text_table.h"
 #include "cli/toc_file.h"

@@ -19,4 +19,13 @@ std::string placeIn(const std::string& file, const CellPlace& cell) {
   return place;
 }
 
+std::string cellName(const CellPlace& cell) {
+  constexpr std::int32_t kLetters = 26;
+  std::string letters;
+  for (std::int32_t rest = cell.column; rest > 0; rest = (rest - 1) / kLetters) {
+    letters.insert(letters.begin(), static_cast<char>('A' + (rest - 1) % kLetters));
+  }
+  return letters + std::to_string(cell.row);
+}
+
 }  // namespace quorbind

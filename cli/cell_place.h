@@ -16,4 +16,7 @@ struct CellPlace {
 /// `FILE: sheet 1, row 5, column 3`, as far as the place is known.
 std::string placeIn(const std::string& file, const CellPlace& cell);
 
+/// The cell as spreadsheet programs call it: `C5`. Of a place with a row and a column.
+std::string cellName(const CellPlace& cell);
+
 }  // namespace quorbind

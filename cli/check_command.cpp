@@ -7,6 +7,7 @@
 #include "cli/book_file_survey.h"
 #include "cli/failure.h"
 #include "cli/page_survey.h"
+#include "cli/point_of_need.h"
 #include "cli/report.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
@@ -61,8 +62,7 @@ class DocumentSearch {
 };
 
 void reportRefusal(CheckReport& report, const TocRefusal& refusal, Wiring& wiring) {
-  report.line = refusal.line;
-  report.column = refusal.column;
+  report.place = refusal.place;
   tellRefusal(wiring.ui, refusal);
 }
 
@@ -126,13 +126,7 @@ ExitStatus checkWorkbook(CheckReport& report, const TocFile& toc, Wiring& wiring
   return survey.status;
 }
 
-ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& wiring) {
-  const TocFile toc(wiring.files, arguments.toc);
-  wiring.ui.showPathAs(toc.path, toc.name);
-  const std::int16_t kind = kindOf(toc.name, arguments.kind);
-  if (!bCheckForValidInput(wiring.module, toc.path, kind)) {
-    return ExitStatus::kRefused;
-  }
+ExitStatus checkKind(std::int16_t kind, CheckReport& report, const TocFile& toc, Wiring& wiring) {
   switch (kind) {
     case TocCheck::kText:
       return checkText(report, toc, wiring);
@@ -143,6 +137,18 @@ ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& w
     default:
       return checkWorkbook(report, toc, wiring);
   }
+}
+
+ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& wiring) {
+  const TocFile toc(wiring.files, arguments.toc);
+  wiring.ui.showPathAs(toc.path, toc.name);
+  const std::int16_t kind = kindOf(toc.name, arguments.kind);
+  if (!bCheckForValidInput(wiring.module, toc.path, kind)) {
+    return ExitStatus::kRefused;
+  }
+  const ExitStatus status = checkKind(kind, report, toc, wiring);
+  report.lineText = lineOfFile(wiring.module.platform, toc.path, report.place.line);
+  return status;
 }
 
 }  // namespace

@@ -1,8 +1,29 @@
 #include "cli/command_line.h"
 
+#include <string>
+#include <vector>
+
 #include "cli/grammar.h"
+#include "cli/unknown_word.h"
+#include "platform/portable/visible_text.h"
 
 namespace quorbind {
+
+namespace {
+
+/// A word that is not known is told instead of what is missing because of it.
+int tellOf(const CLI::ParseError& error,
+           const CLI::App& app,
+           const std::vector<std::string>& words) {
+  if (error.get_exit_code() != 0) {
+    if (const auto unknown = unknownWordIn(app, words)) {
+      return app.exit(CLI::ParseError(visibleText(*unknown), CLI::ExitCodes::ExtrasError));
+    }
+  }
+  return app.exit(error);
+}
+
+}  // namespace
 
 void declareCommand(CLI::App& app, Task& task) {
   app.name("quorbind");
@@ -32,7 +53,8 @@ std::variant<Task, ExitStatus> readCommandLine(int count, const char* const* arg
     app.parse(count, arguments);
     return task;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? ExitStatus::kDone : ExitStatus::kWrongUsage;
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    return tellOf(error, app, words) == 0 ? ExitStatus::kDone : ExitStatus::kWrongUsage;
   }
 }
 

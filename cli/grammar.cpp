@@ -6,21 +6,17 @@
 
 namespace quorbind {
 
-namespace {
+CLI::App& offerGroup(CLI::App& app, const std::string& name, const std::string& description) {
+  CLI::App& group = *app.add_subcommand(name, description);
+  group.require_subcommand(1);
+  return group;
+}
 
 std::string refusalOfLibraryName(const std::string& name) {
   if (!staysInFolder(name) || refusalOfFolder(name) || trimBlanks(name) != name) {
     return "a library is a folder, and '" + name + "' can not be the name of one";
   }
   return {};
-}
-
-}  // namespace
-
-CLI::App& offerGroup(CLI::App& app, const std::string& name, const std::string& description) {
-  CLI::App& group = *app.add_subcommand(name, description);
-  group.require_subcommand(1);
-  return group;
 }
 
 std::string refusalOfEmptyText(const std::string& text) {

@@ -52,6 +52,7 @@ Offer<Arguments> offer(CLI::App& parent,
 CLI::App& offerGroup(CLI::App& app, const std::string& name, const std::string& description);
 
 /// Refusals of values, empty when the value will do.
+std::string refusalOfLibraryName(const std::string& name);
 std::string refusalOfEmptyText(const std::string& text);
 std::string refusalOfBlankText(const std::string& text);
 

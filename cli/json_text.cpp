@@ -7,8 +7,10 @@ namespace quorbind {
 
 // Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
 // report.
-void printJson(const Json& object) {
+void printJson(const Json& members) {
   constexpr int kIndent = 2;
+  Json object = {{"format", kJsonFormat}};
+  object.update(members);
   std::cout << object.dump(kIndent, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 

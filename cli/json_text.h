@@ -10,8 +10,12 @@ namespace quorbind {
 /// An object that keeps its members in the order in which they were set.
 using Json = nlohmann::ordered_json;
 
-/// Puts one object on the standard output.
-void printJson(const Json& object);
+/// The number of the form that the objects have. It grows when a member goes, or changes its type
+/// or its meaning; a member that is new leaves it as it is.
+inline constexpr int kJsonFormat = 1;
+
+/// Puts one object on the standard output: the number of its form, then `members`.
+void printJson(const Json& members);
 
 /// The boxes of a run.
 Json toJson(const std::vector<ShownMessage>& messages);

@@ -62,6 +62,26 @@ std::vector<Explanation> explanationsFor(std::string_view question) {
   return explanationsByText(question);
 }
 
+std::string_view acceptedInsteadOf(std::string_view box) {
+  // What the table of contents itself says stands in front of the rule, on lines of its own.
+  while (!box.empty()) {
+    const std::size_t lineEnd = box.find_last_of("\r\n");
+    const std::string_view line = lineEnd == std::string_view::npos ? box : box.substr(lineEnd + 1);
+    const Explanation* longest = nullptr;
+    for (const Explanation& explanation : kExplanations) {
+      const bool isRule = !explanation.accepted.empty() && isShownIn(explanation.text, line);
+      if (isRule && (longest == nullptr || explanation.text.size() > longest->text.size())) {
+        longest = &explanation;
+      }
+    }
+    if (longest != nullptr) {
+      return longest->accepted;
+    }
+    box = box.substr(0, lineEnd == std::string_view::npos ? 0 : lineEnd);
+  }
+  return {};
+}
+
 std::string shownBox(const Explanation& explanation) {
   std::string shown = replaceAll(explanation.shown, "{}", explanation.text);
   for (const Explanation& other : kExplanations) {

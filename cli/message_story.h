@@ -14,6 +14,10 @@ namespace quorbind {
 /// of the table.
 std::vector<Explanation> explanationsFor(std::string_view question);
 
+/// What would be accepted instead of what the box `box` refuses, one sentence; empty where the box
+/// refuses nothing that the table knows.
+std::string_view acceptedInsteadOf(std::string_view box);
+
 /// The whole box that shows the message, lines separated by LF, with words in capitals for what
 /// differs from box to box.
 std::string shownBox(const Explanation& explanation);

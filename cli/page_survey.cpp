@@ -49,14 +49,20 @@ class LineCounter {
   std::size_t line_ = 1;
 };
 
-/// In characters, from 1.
-std::size_t columnAt(std::string_view page, std::size_t position) {
+std::string_view upToLineEnd(std::string_view text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  return line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0));
+}
+
+/// The line of `page` in which `position` lies.
+std::string_view lineAround(std::string_view page, std::size_t position) {
   // On the first line there is no line end, and npos is one before the beginning.
-  const std::size_t start = page.substr(0, position).rfind('\n') + 1;
-  const std::string_view before = page.substr(start, position - start);
-  const auto characters = std::count_if(
-      before.begin(), before.end(), [](unsigned char byte) { return (byte & 0xC0U) != 0x80U; });
-  return static_cast<std::size_t>(characters) + 1;
+  return upToLineEnd(page.substr(page.substr(0, position).rfind('\n') + 1));
+}
+
+/// What a mark consists of: everything up to its end.
+std::string_view tagOf(std::string_view text) {
+  return text.substr(0, text.find('>') + 1);
 }
 
 class PageSurveyor final : public HtmlTocListener {
@@ -76,7 +82,7 @@ class PageSurveyor final : public HtmlTocListener {
   bool heading(const HtmlTocPiece& block) override {
     std::int16_t level = 0;
     if (const auto violation = checkHtmlLevel(block.text, previousLevel_, level)) {
-      return refuse(block, lines_, *violation);
+      return refuse(block, lines_, *violation, tagOf(block.text).size());
     }
     const auto title = acceptedTitle(block, lines_);
     if (!title) {
@@ -182,12 +188,20 @@ class PageSurveyor final : public HtmlTocListener {
     }
   }
 
-  bool refuse(const HtmlTocPiece& piece, LineCounter& lines, const TocViolation& violation) {
+  /// What is to blame begins where the piece does.
+  bool refuse(const HtmlTocPiece& piece,
+              LineCounter& lines,
+              const TocViolation& violation,
+              std::size_t blamedLength) {
+    const std::string_view line = lineAround(page_, piece.position);
+    const std::string_view blamed = upToLineEnd(page_.substr(piece.position, blamedLength));
     survey_.rules.refusal = {.violation = violation,
-                             .line = lines.lineAt(piece.position),
-                             .text = std::string(piece.text),
-                             .column = columnAt(page_, piece.position)};
+                             .place = placeOfPart(lines.lineAt(piece.position), line, blamed),
+                             .text = std::string(piece.text)};
     return false;
+  }
+  bool refuse(const HtmlTocPiece& piece, LineCounter& lines, const TocViolation& violation) {
+    return refuse(piece, lines, violation, piece.text.size());
   }
 
   const Platform& platform_;

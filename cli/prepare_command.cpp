@@ -7,6 +7,7 @@
 
 #include "cli/failure.h"
 #include "cli/paths.h"
+#include "cli/point_of_need.h"
 #include "cli/prepared_toc.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
@@ -53,7 +54,9 @@ void writeFile(Wiring& wiring,
 
 ExitStatus refuse(Wiring& wiring, const TocFile& toc, const TocRefusal& refusal) {
   tellRefusal(wiring.ui, refusal);
-  std::cerr << "quorbind: " << visibleText(placeIn(toc.name, refusal.line))
+  const auto line = lineOfFile(wiring.module.platform, toc.path, refusal.place.line);
+  std::cerr << helpWith(wiring.ui.shown(), refusal.place, line) << "quorbind: "
+            << visibleText(placeIn(toc.name, refusal.place.line, refusal.place.column))
             << "nothing was written\n";
   return ExitStatus::kRefused;
 }

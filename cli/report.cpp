@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "cli/json_text.h"
+#include "cli/message_story.h"
+#include "cli/point_of_need.h"
 #include "cli/text_list.h"
 #include "cli/text_table.h"
 #include "cli/toc_file.h"
@@ -16,6 +18,15 @@ namespace quorbind {
 namespace {
 
 constexpr const char* kNotAccepted = "not accepted";
+
+/// Whether the last box refused what was handed in. Violations of a workbook have been told one by
+/// one.
+template <typename Report>
+bool isRefusal(const Report& report) {
+  return report.violations.empty() &&
+         (report.status == ExitStatus::kRefused || report.status == ExitStatus::kInputMissing ||
+          report.status == ExitStatus::kNotParseable);
+}
 
 Json toJson(const ListedBook& book) {
   Json object = {{"acronym", readableName(book.acronym)},
@@ -36,15 +47,30 @@ void addNumber(Json& object, const char* name, std::size_t number) {
   }
 }
 
-void addPlace(Json& object, std::size_t line, std::size_t column, const char* lineName = "line") {
-  addNumber(object, lineName, line);
-  addNumber(object, "column", column);
+void addText(Json& object, const char* name, std::string_view text) {
+  if (!text.empty()) {
+    object[name] = text;
+  }
+}
+
+/// What was refused, and what would have been accepted.
+template <typename Report>
+void addRefusal(Json& object, const Report& report, const std::vector<ShownMessage>& messages) {
+  addNumber(object, "line", report.place.line);
+  addNumber(object, "column", report.place.column);
+  addNumber(object, "length", report.place.length);
+  if (report.lineText) {
+    object["text"] = *report.lineText;
+  }
+  if (isRefusal(report) && !messages.empty()) {
+    addText(object, "expected", acceptedInsteadOf(messages.back().text));
+  }
 }
 
 void addPlace(Json& object, const CellPlace& cell) {
   addNumber(object, "sheet", static_cast<std::size_t>(cell.sheet));
-  addPlace(
-      object, static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column), "row");
+  addNumber(object, "row", static_cast<std::size_t>(cell.row));
+  addNumber(object, "column", static_cast<std::size_t>(cell.column));
 }
 
 void addViolations(Json& object, const std::vector<WorkbookViolation>& violations) {
@@ -56,6 +82,10 @@ void addViolations(Json& object, const std::vector<WorkbookViolation>& violation
     Json entry = Json::object();
     addPlace(entry, violation.cell);
     entry["text"] = violation.box.text;
+    if (violation.clipboard) {
+      entry["cell"] = *violation.clipboard;
+    }
+    addText(entry, "expected", acceptedInsteadOf(violation.box.text));
     list.push_back(std::move(entry));
   }
   object["violations"] = std::move(list);
@@ -68,12 +98,6 @@ void printAddedBook(const AddedBook& added, const std::string& library) {
   std::cout << visibleText(what) << '\n';
   for (const std::string& document : added.missing) {
     std::cout << "missing: " << visibleText(document) << '\n';
-  }
-}
-
-void printAdditionAsText(const AdditionReport& report) {
-  for (const AddedBook& book : report.books) {
-    printAddedBook(book, report.library);
   }
 }
 
@@ -98,18 +122,6 @@ void addBooks(Json& object, const AdditionReport& report) {
   object["folder"] = report.folder;
   object["files"] = book.files;
   object["missing"] = book.missing;
-}
-
-void printAdditionAsJson(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
-  Json object = {{"status", static_cast<int>(report.status)}, {"added", report.added}};
-  addBooks(object, report);
-  object["messages"] = toJson(messages);
-  addPlace(object, report.line, report.column);
-  addViolations(object, report.violations);
-  if (!report.note.empty()) {
-    object["note"] = report.note;
-  }
-  printJson(object);
 }
 
 void printCheckAsText(const CheckReport& report) {
@@ -142,7 +154,7 @@ void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>
   object["entries"] = report.entries;
   object["missing"] = missing;
   object["messages"] = toJson(messages);
-  addPlace(object, report.line, report.column);
+  addRefusal(object, report, messages);
   addViolations(object, report.violations);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
@@ -214,9 +226,14 @@ void printBookAsJson(const ListedBook& book,
 }
 
 template <typename Report>
-void tellFailure(const Report& report, const std::string& note) {
-  std::cerr << "quorbind: " << visibleText(placeIn(report.toc, report.line, report.column) + note)
-            << '\n';
+void tellFailure(const Report& report,
+                 const std::vector<ShownMessage>& messages,
+                 const std::string& note) {
+  if (isRefusal(report)) {
+    std::cerr << helpWith(messages, report.place, report.lineText);
+  }
+  const std::string place = placeIn(report.toc, report.place.line, report.place.column);
+  std::cerr << "quorbind: " << visibleText(place + note) << '\n';
 }
 
 }  // namespace
@@ -227,22 +244,33 @@ void printFailure(ExitStatus status,
   printJson({{"status", static_cast<int>(status)}, {"messages", toJson(messages)}, {"note", note}});
 }
 
-void printAddition(const AdditionReport& report,
-                   const std::vector<ShownMessage>& messages,
-                   bool json) {
+void tellAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report, report.note);
+    tellFailure(report, messages, report.note);
   }
-  if (json) {
-    printAdditionAsJson(report, messages);
-  } else {
-    printAdditionAsText(report);
+}
+
+void printAddedBooks(const AdditionReport& report) {
+  for (const AddedBook& book : report.books) {
+    printAddedBook(book, report.library);
   }
+}
+
+Json toJson(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
+  Json object = {{"status", static_cast<int>(report.status)}, {"added", report.added}};
+  addBooks(object, report);
+  object["messages"] = toJson(messages);
+  addRefusal(object, report, messages);
+  addViolations(object, report.violations);
+  if (!report.note.empty()) {
+    object["note"] = report.note;
+  }
+  return object;
 }
 
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json) {
   if (report.status != ExitStatus::kDone) {
-    tellFailure(report, kNotAccepted);
+    tellFailure(report, messages, kNotAccepted);
   }
   if (json) {
     printCheckAsJson(report, messages);

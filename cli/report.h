@@ -11,7 +11,9 @@
 #include "cli/catalogue_reader.h"
 #include "cli/cell_place.h"
 #include "cli/exit_status.h"
+#include "cli/json_text.h"
 #include "cli/library_model.h"
+#include "cli/line_place.h"
 #include "cli/workbook_survey.h"
 #include "platform/portable/terminal_user_interface.h"
 
@@ -28,11 +30,11 @@ struct AddedBook {
 /// How an addition ended.
 struct AdditionReport {
   ExitStatus status = ExitStatus::kInternal;
-  /// The table of contents as the user named it, and the line and the character in it that were
-  /// refused; 0 for none.
+  /// The table of contents as the user named it, and what was refused in it: its place and the
+  /// whole line.
   std::string toc;
-  std::size_t line = 0;
-  std::size_t column = 0;
+  LinePlace place = {};
+  std::optional<std::string> lineText;
   /// Why the status is not 0; empty when it is.
   std::string note;
   /// Whether the book, or every book of a workbook, was added.
@@ -59,9 +61,9 @@ struct MissingDocument {
 struct CheckReport {
   ExitStatus status = ExitStatus::kInternal;
   std::string toc;
-  /// The line and the character in it that were refused; 0 for none.
-  std::size_t line = 0;
-  std::size_t column = 0;
+  /// What was refused: its place and the whole line.
+  LinePlace place = {};
+  std::optional<std::string> lineText;
   std::size_t entries = 0;
   std::vector<MissingDocument> missing;
   /// How many books a workbook has; nothing for another kind.
@@ -76,10 +78,13 @@ void printFailure(ExitStatus status,
                   const std::vector<ShownMessage>& messages,
                   const std::string& note);
 
-/// Each tells of a failure on the error output as well.
-void printAddition(const AdditionReport& report,
-                   const std::vector<ShownMessage>& messages,
-                   bool json);
+/// Tells on the error output of an addition that failed.
+void tellAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages);
+/// The books that it added, as text.
+void printAddedBooks(const AdditionReport& report);
+Json toJson(const AdditionReport& report, const std::vector<ShownMessage>& messages);
+
+/// Tells of a failure on the error output as well.
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json);
 
 void printBooks(const std::vector<ListedBook>& books, bool json);

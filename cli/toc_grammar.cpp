@@ -16,6 +16,38 @@ void addToc(CLI::App& command, std::string& toc) {
       ->option_text("FILE");
 }
 
+void addTocs(CLI::App& command, AddRequest& request) {
+  CLI::Option* tocs = command.add_option("TOC", request.tocs, "The tables of contents")
+                          ->check(refusalOfEmptyText)
+                          ->option_text("FILE...");
+  command
+      .add_option("--job",
+                  request.job,
+                  "File that names the tables of contents, each with flags of its own")
+      ->check(refusalOfEmptyText)
+      ->excludes(tocs)
+      ->option_text("FILE");
+  command.add_flag("--stop-at-first",
+                   request.stopsAtFirst,
+                   "Of several tables of contents, try none behind the first that fails");
+}
+
+void requireUse(const AddRequest& request) {
+  if (!request.job && request.tocs.empty()) {
+    throw CLI::RequiredError("TOC");
+  }
+  if (!request.job && request.place.server.empty()) {
+    throw CLI::RequiredError("--server");
+  }
+  if (!request.job && request.place.library.empty()) {
+    throw CLI::RequiredError("--library");
+  }
+  if ((request.job || request.tocs.size() > 1) && (request.name || request.acronym)) {
+    throw CLI::ValidationError(
+        "--name and --acro are for a single table of contents; a job file names each book");
+  }
+}
+
 void addKind(CLI::App& command, std::optional<std::string>& kind) {
   command
       .add_option("--kind",
@@ -60,9 +92,12 @@ void addRecords(CLI::App& command, AddArguments& arguments) {
 }
 
 void offerAdd(CLI::App& app, Task& task) {
-  auto [command, arguments] = offer(app, task, "add", "Add a book to a library", runAdd);
-  addToc(command, arguments.toc);
+  auto [command, arguments] = offer(app, task, "add", "Add books to a library", runAdd);
+  addTocs(command, arguments);
   addPlace(command, arguments.place);
+  for (const char* flag : {"--server", "--library"}) {
+    command.get_option(flag)->required(false);
+  }
   addKind(command, arguments.kind);
   addAnswers(command, arguments);
   addRecords(command, arguments);
@@ -71,6 +106,8 @@ void offerAdd(CLI::App& app, Task& task) {
       "What is needed and not given is asked on the terminal. Without one the run ends with\n"
       "status 6 and names the flag. A value that is refused, or that the catalogue has already,\n"
       "ends it with status 1.");
+  // What a job file can say is missing only where there is none.
+  command.parse_complete_callback([&request = arguments] { requireUse(request); });
 }
 
 void offerPrepare(CLI::App& app, Task& task) {

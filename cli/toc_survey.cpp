@@ -10,6 +10,9 @@ namespace quorbind {
 
 namespace {
 
+/// Of the pieces of a line that is cut at its quotation marks.
+constexpr std::size_t kLevelPiece = 1;
+
 class Surveyor final : public TextTocListener {
  public:
   Surveyor(TocSurvey& survey, const EntryVisitor& visitor) : survey_(survey), visitor_(visitor) {}
@@ -17,7 +20,11 @@ class Surveyor final : public TextTocListener {
   bool entry(const TextTocLine& line, const Pieces& pieces) override {
     TextTocEntry entry;
     if (const auto violation = checkTextEntry(line.text, pieces, previousLevel_, entry)) {
-      refused(line, *violation);
+      // The fields are filled in when the level is accepted, and then it is the name that is not.
+      const bool isLevelAccepted = entry.name.data() != nullptr;
+      refuse(line,
+             *violation,
+             placeOfField(line, isLevelAccepted ? entry.name : pieces.at(kLevelPiece)));
       return false;
     }
     note(line, entry);
@@ -28,10 +35,14 @@ class Surveyor final : public TextTocListener {
   }
 
   void refused(const TextTocLine& line, const TocViolation& violation) override {
-    survey_.refusal = {.violation = violation, .line = line.number, .text = std::string(line.text)};
+    refuse(line, violation, {.line = line.number});
   }
 
  private:
+  void refuse(const TextTocLine& line, const TocViolation& violation, const LinePlace& place) {
+    survey_.refusal = {.violation = violation, .place = place, .text = std::string(line.text)};
+  }
+
   void note(const TextTocLine& line, const TextTocEntry& entry) {
     ++survey_.entries;
     survey_.hasMarks = survey_.hasMarks || contains(line.text, text_form::kMarker);
@@ -65,6 +76,10 @@ TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const Entr
   Surveyor surveyor(survey, visitor);
   readingInput(toc.name, [&] { walk(platform, toc, survey, surveyor); });
   return survey;
+}
+
+LinePlace placeOfField(const TextTocLine& line, std::string_view field) {
+  return placeOfPart(line.number, line.text, {field.data() - 1, field.size() + 2});
 }
 
 void tellRefusal(UserInterface& ui, const TocRefusal& refusal) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/line_place.h"
 #include "cli/toc_file.h"
 #include "platform/platform.h"
 #include "toc/text_toc.h"
@@ -15,12 +16,10 @@ namespace quorbind {
 /// Why a table of contents is refused.
 struct TocRefusal {
   TocViolation violation;
-  /// The line that breaks the rule; 0 when none does, because the file ends too early.
-  std::size_t line = 0;
+  /// What breaks the rule; no line when none does, because the file ends too early.
+  LinePlace place = {};
   /// What is offered on the clipboard, where something is.
   std::string text = {};
-  /// The character of the line at which the fault begins, counted from 1; 0 for the whole line.
-  std::size_t column = 0;
 };
 
 /// What a text table of contents looks like before the component is asked to take it.
@@ -42,6 +41,9 @@ using EntryVisitor = std::function<void(const TextTocLine&, const TextTocEntry&)
 TocSurvey surveyTextToc(const Platform& platform,
                         const TocFile& toc,
                         const EntryVisitor& visitor = {});
+
+/// The place of a field, a view into its line, together with its quotation marks.
+LinePlace placeOfField(const TextTocLine& line, std::string_view field);
 
 /// Shows the box of the rule, and offers the line where the rule does.
 void tellRefusal(UserInterface& ui, const TocRefusal& refusal);

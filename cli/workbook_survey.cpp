@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iostream>
 #include <limits>
 #include <memory>
 #include <tuple>
@@ -12,7 +11,6 @@
 #include "cli/book_flags.h"
 #include "cli/failure.h"
 #include "cli/taken_names.h"
-#include "platform/portable/visible_text.h"
 #include "platform/runtime_error.h"
 #include "platform/spreadsheets.h"
 #include "platform/text.h"
@@ -391,20 +389,6 @@ WorkbookSurvey surveyWorkbook(const Platform& platform,
                               const TocFile& toc,
                               const CellVisitor& visitor) {
   return Surveyor(platform, toc, visitor).run();
-}
-
-void tellViolations(UserInterface& ui,
-                    const std::string& name,
-                    const std::vector<WorkbookViolation>& violations) {
-  for (const WorkbookViolation& violation : violations) {
-    ui.show(violation.box);
-    if (violation.clipboard) {
-      ui.putOnClipboard(*violation.clipboard);
-    }
-    if (violation.cell.sheet > 0) {
-      std::cerr << "at " << visibleText(placeIn(name, violation.cell)) << std::endl;
-    }
-  }
 }
 
 }  // namespace quorbind

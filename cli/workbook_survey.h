@@ -63,9 +63,4 @@ WorkbookSurvey surveyWorkbook(const Platform& platform,
                               const TocFile& toc,
                               const CellVisitor& visitor = {});
 
-/// Shows the box of each rule, and under it the place. `name` is the user's name for the workbook.
-void tellViolations(UserInterface& ui,
-                    const std::string& name,
-                    const std::vector<WorkbookViolation>& violations);
-
 }  // namespace quorbind

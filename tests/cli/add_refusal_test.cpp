@@ -29,7 +29,7 @@ TEST_F(AddRefusal, ReportsARefusalAsOneObjectWithTheOffendingLine) {
   const Outcome outcome = addAlarms({"--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"added\": false,\n"
             "  \"folder\": \"\",\n"
@@ -45,6 +45,10 @@ TEST_F(AddRefusal, ReportsARefusalAsOneObjectWithTheOffendingLine) {
             "    }\n"
             "  ],\n"
             "  \"line\": 4,\n"
+            "  \"column\": 1,\n"
+            "  \"length\": 3,\n"
+            "  \"text\": \"\\\"x\\\" \\\"Alarms\\\" \\\"a.htm\\\" \\\"\\\"\",\n"
+            "  \"expected\": \"A whole number from 1.\",\n"
             "  \"note\": \"nothing was added\"\n"
             "}\n");
   EXPECT_NE(outcome.err.find("critical: Line: \"x\""), std::string::npos);
@@ -125,7 +129,7 @@ TEST_F(AddRefusal, AFolderOfTheTableThatLeadsOutIsRefused) {
   expectRefusal(asAlarms(),
                 1,
                 "critical: Error:Book Folder leads out of the library: ..\\cover.htm\n"
-                "quorbind: toc.txt:3: nothing was added\n");
+                "quorbind: toc.txt:3:22: nothing was added\n");
 }
 
 TEST_F(AddRefusal, NoLineIsNamedWhenSomethingElseIsRefusedBeforeTheFolderOfTheTable) {
@@ -190,7 +194,7 @@ TEST_F(AddRefusal, ABrokenRuleIsToldBeforeAFileInTheWay) {
             "critical: Line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
             "Error:Invalid Node Level Sequence \n"
             "offending line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
-            "quorbind: toc.txt:3: nothing was added\n");
+            "quorbind: toc.txt:3:1: nothing was added\n");
 }
 
 TEST_F(AddRefusal, ControlCharactersOfATableDoNotReachTheTerminal) {

@@ -237,7 +237,7 @@ TEST_F(AddWithRecords, ReportsWhatIsNotUsedInTheObjectToo) {
   const Outcome outcome = addAlarms({"--json", "--create-categories", "--keywords", "alarm"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"added\": true,\n"
             "  \"folder\": \"Manual\",\n"

@@ -134,7 +134,7 @@ TEST_F(Add, ReportsTheWholeRunAsOneObject) {
   const Outcome outcome = addAlarms({"--json", "--folder", "Other"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"added\": true,\n"
             "  \"folder\": \"Manual\",\n"

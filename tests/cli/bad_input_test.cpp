@@ -18,11 +18,14 @@ class BadInput : public CommandTest {
     EXPECT_EQ(disk.contents(), before);
   }
 
-  void expectEntryRefused(const std::string& line, const std::string& error) const {
+  /// `column` is where the fault begins, as the closing line names it.
+  void expectEntryRefused(const std::string& line,
+                          const std::string& error,
+                          const std::string& column = ":1") const {
     writeToc("\"1\" \"Alarm Handling\" \"Manual\\cover.htm\" \"\"\n" + line + "\n");
     expectRefusal(1,
                   "critical: Line: " + line + "\n" + error + "\noffending line: " + line +
-                      "\nquorbind: toc.txt:4: nothing was added\n");
+                      "\nquorbind: toc.txt:4" + column + ": nothing was added\n");
   }
 };
 
@@ -88,8 +91,8 @@ TEST_F(BadInput, AnExtensionThatIsNotTheKinds) {
 }
 
 TEST_F(BadInput, ALineWithoutEightQuotes) {
-  expectEntryRefused("\"2\" \"Alarms\" \"a.htm\"",
-                     "Error: Does not adhere to Quor TOC Content Spec");
+  expectEntryRefused(
+      "\"2\" \"Alarms\" \"a.htm\"", "Error: Does not adhere to Quor TOC Content Spec", "");
 }
 
 TEST_F(BadInput, AnEmptyLine) {
@@ -118,7 +121,7 @@ TEST_F(BadInput, ALevelThatJumpsByTwo) {
 }
 
 TEST_F(BadInput, AnEntryWithoutAName) {
-  expectEntryRefused("\"2\" \"\" \"a.htm\" \"\"", "Error:Node Name can not be Empty");
+  expectEntryRefused("\"2\" \"\" \"a.htm\" \"\"", "Error:Node Name can not be Empty", ":5");
 }
 
 TEST_F(BadInput, AFileOfZeros) {

@@ -171,7 +171,7 @@ TEST_F(BookFile, IsCheckedWithItsDocuments) {
             "book.xml:5: missing: b.htm#x\n"
             "book.xml: accepted, 2 entries.\n");
   EXPECT_EQ(quorbind({"check", "book.xml", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"accepted\": true,\n"
             "  \"entries\": 2,\n"
@@ -321,15 +321,18 @@ TEST_F(BookFile, WhoseOwnNamesLeadOutOfTheLibrary) {
     expectRefusal(
         bookFile("Alarms", "ALM", path, {"a.htm"}),
         1,
-        "critical: Error:Book Folder leads out of the library: " + std::string(path) + "\n");
+        "critical: Error:Book Folder leads out of the library: " + std::string(path) + "\n",
+        ":2");
   }
   expectRefusal(bookFile("Alarms", "ALM", "P\\C:", {"a.htm"}),
                 1,
-                "critical: Book Folder can not contain (/\\:*?\"<>)\n");
+                "critical: Book Folder can not contain (/\\:*?\"<>)\n",
+                ":2");
   for (const char* acronym : {"..\\..\\x", "/etc/x", "C:x"}) {
     expectRefusal(bookFile("Alarms", acronym, "P\\Manual", {"a.htm"}),
                   1,
-                  "critical: Book Acro can not contain  (/\\:*?\"<>)\n");
+                  "critical: Book Acro can not contain  (/\\:*?\"<>)\n",
+                  ":2");
   }
 }
 

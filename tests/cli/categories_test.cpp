@@ -34,7 +34,7 @@ TEST_F(CategoryList, IsATableOfTheCategoriesAndTheirBooks) {
 
 TEST_F(CategoryList, AsAnObject) {
   EXPECT_EQ(inPlant({"categories", "list", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"categories\": [\n"
             "    {\n"
             "      \"name\": \"Safety\",\n"

@@ -76,7 +76,7 @@ TEST_F(Check, RefusesALineWithTheBoxOfTheRule) {
             "critical: Line: \"3\" \"Alarms\" \"a.htm\" \"\"\n"
             "Error:Invalid Node Level Sequence \n"
             "offending line: \"3\" \"Alarms\" \"a.htm\" \"\"\n"
-            "quorbind: toc.txt:4: not accepted\n");
+            "quorbind: toc.txt:4:1: not accepted\n");
 }
 
 TEST_F(Check, RefusesAnEmptyTable) {
@@ -111,7 +111,7 @@ TEST_F(Check, ReportsAsOneObject) {
   const Outcome outcome = check({"--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"accepted\": true,\n"
             "  \"entries\": 1,\n"
@@ -129,31 +129,37 @@ TEST_F(Check, ReportsARefusalAsOneObject) {
   writeToc("\"2\" \"Book\" \"\" \"\"\n");
   const Outcome outcome = check({"--json"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.out,
-            "{\n"
-            "  \"status\": 1,\n"
-            "  \"accepted\": false,\n"
-            "  \"entries\": 0,\n"
-            "  \"missing\": [],\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"Line: \\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\\rError:Invalid Node "
-            "Level Sequence \",\n"
-            "      \"clipboard\": \"\\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"line\": 3,\n"
-            "  \"note\": \"not accepted\"\n"
-            "}\n");
+  EXPECT_EQ(
+      outcome.out,
+      "{\n  \"format\": 1,\n"
+      "  \"status\": 1,\n"
+      "  \"accepted\": false,\n"
+      "  \"entries\": 0,\n"
+      "  \"missing\": [],\n"
+      "  \"messages\": [\n"
+      "    {\n"
+      "      \"icon\": \"critical\",\n"
+      "      \"title\": \"Quorbind\",\n"
+      "      \"text\": \"Line: \\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\\rError:Invalid Node "
+      "Level Sequence \",\n"
+      "      \"clipboard\": \"\\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\"\n"
+      "    }\n"
+      "  ],\n"
+      "  \"line\": 3,\n"
+      "  \"column\": 1,\n"
+      "  \"length\": 3,\n"
+      "  \"text\": \"\\\"2\\\" \\\"Book\\\" \\\"\\\" \\\"\\\"\",\n"
+      "  \"expected\": \"1 in the first entry and nowhere else; below that at most one deeper "
+      "than the line before.\",\n"
+      "  \"note\": \"not accepted\"\n"
+      "}\n");
 }
 
 TEST_F(Check, ReportsATableThatIsNotThereAsOneObject) {
   const Outcome outcome = check({"--json"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 3,\n"
             "  \"accepted\": false,\n"
             "  \"entries\": 0,\n"
@@ -166,6 +172,7 @@ TEST_F(Check, ReportsATableThatIsNotThereAsOneObject) {
             "      \"clipboard\": null\n"
             "    }\n"
             "  ],\n"
+            "  \"expected\": \"The name of a file that is there.\",\n"
             "  \"note\": \"not accepted\"\n"
             "}\n");
 }

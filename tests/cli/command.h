@@ -15,6 +15,8 @@ struct Outcome {
   int signal = 0;
   std::string out;
   std::string err;
+  /// The lines of `err` that help to mend a table of contents, where a test looks at them apart.
+  std::string help = {};
 };
 
 /// A command to be run in a folder of its own choice, without a terminal.

@@ -21,7 +21,8 @@ class CatalogueUse : public CompleteLibrary {
     EXPECT_TRUE(outcome.err.starts_with(beginningOfErrors)) << outcome.err;
     const Outcome asObject = quorbind(words({"--json"}));
     EXPECT_EQ(asObject.status, status);
-    EXPECT_TRUE(asObject.out.starts_with("{\n  \"status\": " + std::to_string(status) + ",\n"))
+    EXPECT_TRUE(asObject.out.starts_with(
+        "{\n  \"format\": 1,\n  \"status\": " + std::to_string(status) + ",\n"))
         << asObject.out;
     EXPECT_EQ(disk.contents(), before);
   }

@@ -68,7 +68,7 @@ TEST_F(Explain, AnswersAnUnknownMessageWithJsonAsOneObject) {
   const Outcome outcome = quorbind({"explain", "999", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"messages\": [\n"
             "    {\n"
@@ -85,7 +85,7 @@ TEST_F(Explain, AnswersAnUnknownMessageWithJsonAsOneObject) {
 
 TEST_F(Explain, TellsWithJsonWhatEachPartOfTheStoryIs) {
   EXPECT_EQ(quorbind({"explain", "121", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"explanations\": [\n"
             "    {\n"
             "      \"number\": 121,\n"

@@ -140,7 +140,7 @@ TEST_F(HtmlPage, ListsTheDocumentsThatAReaderWouldNotFind) {
   const Outcome outcome = addPage({"--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"added\": true,\n"
             "  \"folder\": \"Manual\",\n"
@@ -427,7 +427,7 @@ TEST_F(HtmlPage, ReportsTheCharacterInItsObject) {
   disk.write("toc.htm", " <K0></K0>");
   const Outcome outcome = check({"--json"});
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"accepted\": false,\n"
             "  \"entries\": 0,\n"
@@ -442,6 +442,9 @@ TEST_F(HtmlPage, ReportsTheCharacterInItsObject) {
             "  ],\n"
             "  \"line\": 1,\n"
             "  \"column\": 2,\n"
+            "  \"length\": 4,\n"
+            "  \"text\": \" <K0></K0>\",\n"
+            "  \"expected\": \"A level from 1.\",\n"
             "  \"note\": \"not accepted\"\n"
             "}\n");
 }

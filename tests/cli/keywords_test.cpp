@@ -35,7 +35,7 @@ TEST_F(KeywordList, OfOneBook) {
 TEST_F(KeywordList, AsAnObject) {
   writeKeywords();
   EXPECT_EQ(inPlant({"keywords", "list", "Alarms", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"keywords\": [\n"
             "    {\n"
             "      \"book\": \"Alarms\",\n"
@@ -67,7 +67,7 @@ TEST_F(KeywordList, OfABookThatIsNowhereIsRefused) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: there is no book Else in Plant\n");
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"messages\": [\n"
             "    {\n"
@@ -101,7 +101,7 @@ TEST_F(KeywordFind, TakesTheWholeWordAsItIsTyped) {
 TEST_F(KeywordFind, AsAnObject) {
   writeKeywords();
   EXPECT_EQ(inPlant({"keywords", "find", "R&D", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"word\": \"R&D\",\n"
             "  \"books\": [\n"
             "    \"Alarms\"\n"

@@ -31,7 +31,7 @@ TEST_F(Libraries, AreListedInTheOrderOfTheServersList) {
 
 TEST_F(Libraries, AsAnObject) {
   EXPECT_EQ(libraries({"--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"libraries\": [\n"
             "    \"Plant\"\n"
             "  ]\n"
@@ -41,7 +41,7 @@ TEST_F(Libraries, AsAnObject) {
 TEST_F(Libraries, OfAServerWithoutAny) {
   writeSelection("");
   EXPECT_EQ(libraries().out, "");
-  EXPECT_EQ(libraries({"--json"}).out, "{\n  \"libraries\": []\n}\n");
+  EXPECT_EQ(libraries({"--json"}).out, "{\n  \"format\": 1,\n  \"libraries\": []\n}\n");
 }
 
 TEST_F(Libraries, WhereALibraryIsIsTheFullNameOfItsCatalogue) {
@@ -60,7 +60,7 @@ TEST_F(Libraries, WhereALibraryIsComesFromTheListAndNeedNotExist) {
 TEST_F(Libraries, WhereALibraryIsAsAnObject) {
   const Outcome outcome = where("Plant", {"--json"});
   EXPECT_EQ(replaceAll(outcome.out, disk.path().string(), "DISK"),
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"library\": \"Plant\",\n"
             "  \"catalogue\": \"DISK/server/Docs/Plant/Quor_TOC.xml\"\n"
             "}\n");
@@ -71,7 +71,7 @@ TEST_F(Libraries, ALibraryIsNamedInItsOwnLetterCase) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: Productplantis not present in Quor_TOC.xml\n");
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"messages\": [\n"
             "    {\n"
@@ -139,7 +139,7 @@ TEST_F(Books, AreListedByTheNamesThatWereTyped) {
 
 TEST_F(Books, AsAnObject) {
   EXPECT_EQ(inPlant({"books", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"books\": [\n"
             "    \"Alarms\",\n"
             "    \"A & B < C > D \\\" E ' F\"\n"
@@ -150,7 +150,7 @@ TEST_F(Books, AsAnObject) {
 TEST_F(Books, OfALibraryWithoutAny) {
   disk.write(kCatalogue, catalogueWith(""));
   EXPECT_EQ(inPlant({"books"}).out, "");
-  EXPECT_EQ(inPlant({"books", "--json"}).out, "{\n  \"books\": []\n}\n");
+  EXPECT_EQ(inPlant({"books", "--json"}).out, "{\n  \"format\": 1,\n  \"books\": []\n}\n");
 }
 
 }  // namespace

@@ -119,7 +119,7 @@ class LibraryTest : public CommandTest {
   static std::string changeObject(std::string_view summary,
                                   const std::vector<FileChange>& changes,
                                   bool isDryRun = false) {
-    std::string text = "{\n  \"status\": 0,\n";
+    std::string text = "{\n  \"format\": 1,\n  \"status\": 0,\n";
     text += isDryRun ? "  \"done\": false,\n  \"dryRun\": true,\n"
                      : "  \"done\": true,\n  \"dryRun\": false,\n";
     text.append("  \"summary\": \"").append(summary).append("\",\n  \"changes\": [");

@@ -38,7 +38,7 @@ TEST_F(LinkList, IsATableOfTheIdentifiersAsTyped) {
 TEST_F(LinkList, AsAnObject) {
   disk.write(kLinks, linksFile(resetLink("X1")));
   EXPECT_EQ(inPlant({"links", "list", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"links\": [\n"
             "    {\n"
             "      \"identifier\": \"X1\",\n"
@@ -52,7 +52,7 @@ TEST_F(LinkList, AsAnObject) {
 
 TEST_F(LinkList, OfALibraryWithoutTheFileIsEmpty) {
   EXPECT_EQ(inPlant({"links", "list"}).out, "IDENTIFIER  BOOK  SOURCE  FULL LINK\n");
-  EXPECT_EQ(inPlant({"links", "list", "--json"}).out, "{\n  \"links\": []\n}\n");
+  EXPECT_EQ(inPlant({"links", "list", "--json"}).out, "{\n  \"format\": 1,\n  \"links\": []\n}\n");
 }
 
 using LinkAdd = LinksCommand;
@@ -147,7 +147,7 @@ TEST_F(LinkCheck, AsAnObject) {
   const Outcome outcome = inPlant({"links", "check", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"duplicates\": [\n"
             "    {\n"
@@ -171,7 +171,7 @@ TEST_F(LinkCheck, AsAnObject) {
 
 TEST_F(LinkCheck, WithoutARepetitionAsAnObject) {
   EXPECT_EQ(inPlant({"links", "check", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"duplicates\": [],\n"
             "  \"messages\": []\n"

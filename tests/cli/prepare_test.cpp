@@ -82,7 +82,7 @@ TEST_F(Prepare, ATableThatBreaksARuleIsRefused) {
             "critical: Line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
             "Error:Invalid Node Level Sequence \n"
             "offending line: \"2\" \"Alarms\" \"a.htm\" \"\"\n"
-            "quorbind: toc.txt:3: nothing was written\n");
+            "quorbind: toc.txt:3:1: nothing was written\n");
   EXPECT_EQ(disk.read("out.txt"), "as it was");
 }
 

@@ -144,7 +144,7 @@ TEST_F(Rename, ReportsARefusalAsOneObject) {
       inPlant({"rename", "Alarms", "--name", "Alerts", "--acro", "mrk", "--yes", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"done\": false,\n"
             "  \"dryRun\": false,\n"

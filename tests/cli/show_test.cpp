@@ -41,7 +41,7 @@ TEST_F(Show, ABookIsItsHeadingTree) {
 TEST_F(Show, TheCatalogueAsAnObject) {
   EXPECT_EQ(addAlarms().status, 0);
   EXPECT_EQ(show({"--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"books\": [\n"
             "    {\n"
             "      \"acronym\": \"ALM\",\n"
@@ -61,7 +61,7 @@ TEST_F(Show, ABookAsAnObject) {
       "\"2\" \"A & B\" \"Manual\\a.htm\" \"#b\"\n");
   EXPECT_EQ(addAlarms().status, 0);
   EXPECT_EQ(show({"ALM", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"acronym\": \"ALM\",\n"
             "  \"name\": \"Alarms\",\n"
             "  \"folder\": \"Manual\",\n"
@@ -104,7 +104,7 @@ TEST_F(Show, ASingleDocumentIsNamedWithItsType) {
             "file: p.pdf of type map  (missing)\n"
             "link: L\n");
   EXPECT_EQ(show({"P", "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"acronym\": \"P\",\n"
             "  \"name\": \"Plan\",\n"
             "  \"folder\": \"P\",\n"
@@ -148,7 +148,7 @@ TEST_F(Show, ReportsARefusalAsOneObject) {
   const Outcome outcome = show({"ALM", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"messages\": [\n"
             "    {\n"
@@ -164,9 +164,9 @@ TEST_F(Show, ReportsARefusalAsOneObject) {
 
 TEST_F(Show, ReportsInputThatIsMissingOrDoesNotParseAsOneObject) {
   std::filesystem::remove(disk.path() / "server/Docs/Plant/Quor_TOC.xml");
-  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"status\": 3,\n", 0), 0U);
+  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"format\": 1,\n  \"status\": 3,\n", 0), 0U);
   disk.write("server/Docs/Plant/Quor_TOC.xml", "<Quor_Master>\n");
-  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"status\": 4,\n", 0), 0U);
+  EXPECT_EQ(show({"--json"}).out.rfind("{\n  \"format\": 1,\n  \"status\": 4,\n", 0), 0U);
 }
 
 TEST_F(Show, ABookFileThatIsNotThereIsMissingInput) {

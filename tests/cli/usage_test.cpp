@@ -132,7 +132,7 @@ TEST_F(InAFolderThatIsGone, AServerThatCanNotBeNamedIsAnInternalErrorToldAsOneOb
   const Outcome outcome = quorbindThere("show --server server --library Plant --json");
   EXPECT_EQ(outcome.status, 70);
   EXPECT_EQ(outcome.err.rfind("quorbind: internal error: ", 0), 0U) << outcome.err;
-  EXPECT_EQ(outcome.out.rfind("{\n"
+  EXPECT_EQ(outcome.out.rfind("{\n  \"format\": 1,\n"
                               "  \"status\": 70,\n"
                               "  \"messages\": [],\n"
                               "  \"note\": \"internal error: ",
@@ -146,7 +146,8 @@ TEST_F(InAFolderThatIsGone, ATableThatCanNotBeNamedIsAnInternalErrorToldAsOneObj
   EXPECT_EQ(outcome.status, 70);
   EXPECT_EQ(outcome.err.rfind("critical: internal error: ", 0), 0U) << outcome.err;
   EXPECT_TRUE(outcome.err.ends_with("\nquorbind: toc.txt: not accepted\n")) << outcome.err;
-  EXPECT_EQ(outcome.out.rfind("{\n  \"status\": 70,\n  \"accepted\": false,\n", 0), 0U)
+  EXPECT_EQ(
+      outcome.out.rfind("{\n  \"format\": 1,\n  \"status\": 70,\n  \"accepted\": false,\n", 0), 0U)
       << outcome.out;
   EXPECT_NE(outcome.out.find("\"text\": \"internal error: "), std::string::npos) << outcome.out;
 }

@@ -115,7 +115,7 @@ TEST_P(Workbook, IsReportedAsOneObjectWithItsBooks) {
   const Outcome outcome = addBooks({"--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"added\": true,\n"
             "  \"books\": [\n"
@@ -293,7 +293,7 @@ TEST_P(Workbook, IsCheckedWithTheWholeRunAsOneObject) {
   const Outcome outcome = run({"check", name(), "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"accepted\": false,\n"
             "  \"books\": 1,\n"
@@ -325,7 +325,9 @@ TEST_P(Workbook, IsCheckedWithTheWholeRunAsOneObject) {
             "      \"sheet\": 1,\n"
             "      \"row\": 4,\n"
             "      \"column\": 1,\n"
-            "      \"text\": \"Row: 4 Column:1\\rError:Node Level should be Integer\"\n"
+            "      \"text\": \"Row: 4 Column:1\\rError:Node Level should be Integer\",\n"
+            "      \"cell\": \"x\",\n"
+            "      \"expected\": \"A whole number from 1.\"\n"
             "    }\n"
             "  ],\n"
             "  \"note\": \"not accepted\"\n"
@@ -342,7 +344,7 @@ TEST_P(Workbook, HasItsBooksListed) {
             "LTH      Lathe    Lathe   3-4\n"
             "         The Saw  Saw     5-6\n");
   EXPECT_EQ(run({"books", "--in", name(), "--json"}).out,
-            "{\n"
+            "{\n  \"format\": 1,\n"
             "  \"books\": [\n"
             "    {\n"
             "      \"acronym\": \"LTH\",\n"
