@@ -94,8 +94,8 @@ void takeOver(const FileDescriptor& file, const std::string& oldPath, const Stat
 bool copyInKernel(const FileDescriptor& source, const FileDescriptor& target, off_t size) {
   off_t copied = 0;
   while (copied < size) {
-    const ssize_t count = ::copy_file_range(
-        source.number(), nullptr, target.number(), nullptr, kKernelCopySize, 0);
+    const ssize_t count =
+        ::copy_file_range(source.number(), nullptr, target.number(), nullptr, kKernelCopySize, 0);
     if (count <= 0) {
       return false;
     }

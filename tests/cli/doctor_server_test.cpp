@@ -19,6 +19,7 @@ TEST_F(DoctorReport, OfASoundLibraryAsAnObject) {
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.out,
             "{\n"
+            "  \"format\": 1,\n"
             "  \"status\": 0,\n"
             "  \"server\": \"DISK/server\",\n"
             "  \"errors\": 0,\n"
@@ -44,6 +45,7 @@ TEST_F(DoctorReport, OfFindingsAsAnObject) {
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.out,
             "{\n"
+            "  \"format\": 1,\n"
             "  \"status\": 1,\n"
             "  \"server\": \"DISK/server\",\n"
             "  \"errors\": 1,\n"
@@ -120,6 +122,7 @@ TEST_F(DoctorReport, OfALibraryThatIsNowhereIsNone) {
   EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Tools: Path not found\n");
   EXPECT_EQ(outcome.out,
             "{\n"
+            "  \"format\": 1,\n"
             "  \"status\": 3,\n"
             "  \"messages\": [\n"
             "    {\n"

@@ -37,13 +37,13 @@ class ManyDocuments : public LibraryTest {
     writeBookOf(documents);
     const TemporaryFolder trace;
     const std::string number = std::to_string(documents);
-    const std::vector<SystemCall> calls =
-        callsOf({.words = joined({quorbindExecutable()},
-                                 plantWords({"add", "toc.txt", "--name", number, "--acro", number})),
-                 .folder = disk.path().string(),
-                 .environment = environment},
-                (trace.path() / "trace").string(),
-                {"-e", "trace=openat"});
+    const std::vector<SystemCall> calls = callsOf(
+        {.words = joined({quorbindExecutable()},
+                         plantWords({"add", "toc.txt", "--name", number, "--acro", number})),
+         .folder = disk.path().string(),
+         .environment = environment},
+        (trace.path() / "trace").string(),
+        {"-e", "trace=openat"});
     EXPECT_TRUE(disk.has("server/Docs/Plant/Many/" + std::to_string(documents - 1) + ".htm"));
     return static_cast<std::size_t>(
         std::count_if(calls.begin(), calls.end(), [](const SystemCall& call) {

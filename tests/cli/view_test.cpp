@@ -113,6 +113,7 @@ TEST_F(CompleteView, TellsWhatWasWrittenAndWhatIsWrong) {
 TEST_F(CompleteView, TellsItAsAnObject) {
   EXPECT_EQ(view({"--json", "-o", "page.htm"}).out,
             "{\n"
+            "  \"format\": 1,\n"
             "  \"file\": \"page.htm\",\n"
             "  \"libraries\": [\n"
             "    {\n"

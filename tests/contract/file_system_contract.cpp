@@ -407,8 +407,7 @@ TEST_F(FileSystemContract, ASeriesLeavesAFileAloneThatIsThereAlready) {
   EXPECT_FALSE(copies->copy("C:\\a.txt", "C:\\A.TXT"));
   EXPECT_TRUE(copies->copy("C:\\a.txt", "C:\\b.txt"));
 
-  EXPECT_THAT(disk_.contents(),
-              ElementsAre(std::pair("a.txt"s, "a"s), std::pair("b.txt"s, "a"s)));
+  EXPECT_THAT(disk_.contents(), ElementsAre(std::pair("a.txt"s, "a"s), std::pair("b.txt"s, "a"s)));
 }
 
 TEST_F(FileSystemContract, ASeriesFindsWhatItHasCopiedInAnyLetterCase) {
