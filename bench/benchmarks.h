@@ -46,6 +46,7 @@ inline bool counted(long answer, std::size_t expected) {
 }
 
 void registerAdditions();
+void registerCopying();
 void registerLibraryOperations();
 void registerSideFileOperations();
 

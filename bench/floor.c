@@ -2,6 +2,7 @@
 
 #include "bench/floor.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
@@ -308,6 +309,40 @@ long floorCopy(const char* from, const char* to) {
     count = copy_file_range(source, NULL, output.file, NULL, 1U << 30U, 0);
   } while (count > 0);
   return close(source) == 0 && count == 0 && endOutput(&output) ? 0 : -1;
+}
+
+/// Copies the file `name` from one open folder into the other.
+static bool copyFile(int from, int to, const char* name) {
+  const int source = openat(from, name, O_RDONLY | O_CLOEXEC);
+  struct stat status;
+  if (source == -1 || fstat(source, &status) != 0) {
+    return false;
+  }
+  const int target = openat(to, name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, status.st_mode);
+  ssize_t count;
+  do {
+    count = copy_file_range(source, NULL, target, NULL, 1U << 30U, 0);
+  } while (count > 0);
+  return close(source) == 0 && target != -1 && close(target) == 0 && count == 0;
+}
+
+long floorCopyFolder(const char* from, const char* to) {
+  DIR* folder = opendir(from);
+  const int target = mkdir(to, 0777) == 0 ? open(to, O_RDONLY | O_DIRECTORY | O_CLOEXEC) : -1;
+  if (folder == NULL || target == -1) {
+    return -1;
+  }
+  long files = 0;
+  for (const struct dirent* entry; (entry = readdir(folder)) != NULL;) {
+    if (entry->d_type != DT_REG) {
+      continue;
+    }
+    if (!copyFile(dirfd(folder), target, entry->d_name)) {
+      return -1;
+    }
+    ++files;
+  }
+  return syncfs(target) == 0 && close(target) == 0 && closedir(folder) == 0 ? files : -1;
 }
 
 static void countHeadingFile(void* counter,

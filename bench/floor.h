@@ -27,6 +27,10 @@ long floorBookXml(const char* tocPath, const char* bookPath, const char* beginni
 /// Replaces the file `to` by a copy of the file `from`. Answers 0.
 long floorCopy(const char* from, const char* to);
 
+/// Copies the files of the folder `from` into the new folder `to`, as `cp -r` does, and flushes
+/// their disk once. Answers how many there are.
+long floorCopyFolder(const char* from, const char* to);
+
 /// Reads a book XML file once, element by element. Answers the number of headings' files in it.
 long floorScan(const char* bookPath);
 

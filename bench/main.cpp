@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   quorbind::bench::registerAdditions();
+  quorbind::bench::registerCopying();
   quorbind::bench::registerLibraryOperations();
   quorbind::bench::registerSideFileOperations();
   benchmark::RunSpecifiedBenchmarks();
