@@ -1,11 +1,11 @@
 #pragma once
 
-#include <compare>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "platform/read_through_files.h"
@@ -21,7 +21,7 @@ struct FileChange {
   /// Where a moved file went.
   std::string target = {};
 
-  auto operator<=>(const FileChange&) const = default;
+  bool operator==(const FileChange&) const = default;
 };
 
 /// A file system that remembers what was changed through it, and what could not be changed or read.
@@ -51,6 +51,12 @@ class FileJournal final : public ReadThroughFiles {
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override;
 
  private:
+  struct InAnyOrder {
+    bool operator()(const FileChange& left, const FileChange& right) const {
+      return std::tie(left.kind, left.path, left.target) <
+             std::tie(right.kind, right.path, right.target);
+    }
+  };
   class WatchedCopies;
   class WatchedReplacement;
   class WatchedReader;
@@ -68,7 +74,7 @@ class FileJournal final : public ReadThroughFiles {
   void note(FileChange change);
 
   std::vector<FileChange> changes_;
-  std::set<FileChange> known_;
+  std::set<FileChange, InAnyOrder> known_;
   std::optional<std::string> failedWrite_;
   std::optional<std::string> failedRead_;
 };

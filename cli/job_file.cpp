@@ -2,7 +2,9 @@
 
 #include <toml++/toml.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -28,9 +30,14 @@ constexpr std::string_view kServer = "server";
 constexpr std::string_view kLibrary = "library";
 constexpr std::string_view kKind = "kind";
 constexpr std::string_view kInstallType = "install-type";
+constexpr std::string_view kKeywords = "keywords";
 constexpr std::string_view kStopAtFirst = "stop-at-first";
 
-constexpr std::size_t kLargestJobFile = std::size_t{16} << 20U;
+// What a parsed file takes is a hundred times the file.
+constexpr std::size_t kLargestJobFile = std::size_t{1} << 20U;
+/// The parser follows the parts of a dotted key into the depth, and no key here has any.
+constexpr std::ptrdiff_t kMostDotsOfALine = 64;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 struct TextKey {
   std::string_view name;
@@ -45,7 +52,7 @@ struct ListKey {
   std::string AddArguments::*value;
 };
 constexpr std::array kLists{ListKey{"category", &AddArguments::category},
-                            ListKey{"keywords", &AddArguments::keywords},
+                            ListKey{kKeywords, &AddArguments::keywords},
                             ListKey{"categories", &AddArguments::categories}};
 struct FlagKey {
   std::string_view name;
@@ -70,7 +77,7 @@ std::string contentsOf(FileSystem& files, const std::string& name) {
       }
     }
   });
-  return contents;
+  return contents.starts_with(kByteOrderMark) ? contents.substr(kByteOrderMark.size()) : contents;
 }
 
 class JobReader {
@@ -94,10 +101,22 @@ class JobReader {
 
  private:
   toml::table parsed() {
+    refuseDeepKeys();
     try {
       return toml::parse(contents_);
     } catch (const toml::parse_error& error) {
       fail(error.source(), std::string(error.description()), ExitStatus::kNotParseable);
+    }
+  }
+
+  void refuseDeepKeys() const {
+    toml::source_index number = 0;
+    for (const std::string_view line : Pieces(contents_, "\n")) {
+      ++number;
+      if (std::count(line.begin(), line.end(), '.') > kMostDotsOfALine) {
+        const toml::source_position begin{number, 1};
+        fail({begin, begin, {}}, "there are too many dots in a line", ExitStatus::kNotParseable);
+      }
     }
   }
 
@@ -218,7 +237,7 @@ class JobReader {
     const auto number = valueOf<std::int64_t>(key, value, "a whole number");
     if (number < std::numeric_limits<std::int32_t>::min() ||
         number > std::numeric_limits<std::int32_t>::max()) {
-      fail(value.source(), std::string(key) + " is too large");
+      fail(value.source(), std::string(key) + " is out of range");
     }
     return static_cast<std::int32_t>(number);
   }
@@ -232,11 +251,29 @@ class JobReader {
     std::vector<std::string> texts;
     for (const toml::node& entry : *entries) {
       texts.push_back(valueOf<std::string>(key, entry, "a text or a list of texts"));
-      if (contains(texts.back(), kListSeparator)) {
-        fail(entry.source(), "an entry of " + std::string(key) + " must not hold ;");
-      }
+      requireNoneOf(separatorsOf(key), texts.back(), key, entry);
     }
     return joined(texts, kListSeparator);
+  }
+
+  /// Keywords are separated by `;` alone, other lists by `,` as well.
+  static std::vector<std::string> separatorsOf(std::string_view key) {
+    std::vector<std::string> separators{std::string(kListSeparator)};
+    if (key != kKeywords) {
+      separators.emplace_back(",");
+    }
+    return separators;
+  }
+
+  void requireNoneOf(const std::vector<std::string>& separators,
+                     std::string_view text,
+                     std::string_view key,
+                     const toml::node& entry) const {
+    for (const std::string& separator : separators) {
+      if (contains(text, separator)) {
+        fail(entry.source(), "an entry of " + std::string(key) + " must not hold " + separator);
+      }
+    }
   }
 
   void require(const std::string& refusal, const toml::node& value) {
@@ -266,7 +303,8 @@ class JobReader {
 
   [[nodiscard]] std::string_view textOfLine(std::size_t number) const {
     const Pieces lines(contents_, "\n");
-    return number <= lines.count() ? lines.at(number - 1) : std::string_view();
+    const std::string_view line = number <= lines.count() ? lines.at(number - 1) : "";
+    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
   }
 
   static constexpr std::string_view kListSeparator = ";";

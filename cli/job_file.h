@@ -17,9 +17,10 @@ struct Job {
 
 /// Reads the job file that the user knows as `name`. Its keys are the flags of `add` without their
 /// hyphens in front: those at the top are for all tables of contents, those of a `[[book]]` for the
-/// one that it names. What neither says is as in `given`. Folders and files are named as seen from
-/// the job file. One that can't be read, does not parse or has a key or a value that does not
-/// belong there is a CommandFailure with the place and the line; nothing of it is used then.
+/// one that it names. What neither says is as in `given`. The server and the tables of contents
+/// are named as seen from the job file. One that can't be read, does not parse or has a key or a
+/// value that does not belong there is a CommandFailure with the place and the line; nothing of it
+/// is used then.
 Job readJobFile(FileSystem& files, const std::string& name, const AddArguments& given);
 
 }  // namespace quorbind

@@ -3,6 +3,7 @@
 #include "cli/failure.h"
 #include "cli/required_document.h"
 #include "platform/file_system.h"
+#include "platform/folder_listings.h"
 #include "platform/paths.h"
 #include "platform/toolset.h"
 
@@ -15,7 +16,9 @@ std::vector<std::string> libraryNames(Wiring& wiring, const LibraryPaths& server
   std::vector<std::string> names;
   readingInput(nativeName(server.selection),
                [&] { names = wiring.toolset.createProductServices()->GetAvailableProducts(); });
-  std::erase_if(names, [](const std::string& name) { return !staysInFolder(name); });
+  NameSet known(wiring.module.platform.locale);
+  std::erase_if(names,
+                [&](const std::string& name) { return !staysInFolder(name) || !known.add(name); });
   return names;
 }
 

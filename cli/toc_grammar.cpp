@@ -34,7 +34,7 @@ void addTocs(CLI::App& command, AddRequest& request) {
 
 void requireUse(const AddRequest& request) {
   if (!request.job && request.tocs.empty()) {
-    throw CLI::RequiredError("TOC");
+    throw CLI::RequiredError("TOC or --job");
   }
   if (!request.job && request.place.server.empty()) {
     throw CLI::RequiredError("--server");

@@ -1,6 +1,7 @@
 #include "cli/unknown_word.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "cli/suggestion.h"
 

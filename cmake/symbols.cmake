@@ -22,8 +22,10 @@ function(quorbind_symbols_beside target)
   add_custom_command(
     TARGET ${target} POST_BUILD
     COMMAND ${timeless} ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
-    COMMAND ${timeless} ${CMAKE_STRIP} ${file}
-    COMMAND ${timeless} ${CMAKE_OBJCOPY} --add-gnu-debuglink=${file}.debug ${file}
+    COMMAND ${timeless} ${CMAKE_STRIP} -o ${file}.stripped ${file}
+    COMMAND ${timeless} ${CMAKE_OBJCOPY} --add-gnu-debuglink=${file}.debug ${file}.stripped
+    # Somebody may be running the program that was there.
+    COMMAND ${CMAKE_COMMAND} -E rename ${file}.stripped ${file}
     WORKING_DIRECTORY $<TARGET_FILE_DIR:${target}>
     VERBATIM)
 endfunction()

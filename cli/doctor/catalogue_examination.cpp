@@ -34,7 +34,7 @@ class EntryExamination {
     }
     compareNames();
     requireReplacedName();
-    if (!sharesBookFile()) {
+    if (earlierWithBookFile() == nullptr) {
       examineFile();
     }
   }
@@ -82,9 +82,10 @@ class EntryExamination {
     return other != nullptr && isSame(book_.acronym, other->acronym) && hasFileOf(*other);
   }
 
-  [[nodiscard]] bool sharesBookFile() const {
-    const ListedBook* other = earlierWithAcronym();
-    return other != nullptr && !book_.fileType && hasFileOf(*other);
+  /// An earlier entry whose book file this one has; null where there is none.
+  [[nodiscard]] const ListedBook* earlierWithBookFile() const {
+    return book_.fileType ? nullptr
+                          : earlier(library_.entries->withBookFileOf(book_), book_.bookFile);
   }
 
   void compareNames() {
@@ -93,14 +94,10 @@ class EntryExamination {
           {{"OTHER", titleOf(*other)}},
           library_.renamingOf(library_.entries->namesake(entry_)));
     }
-    const ListedBook* other = earlierWithAcronym();
-    if (other == nullptr) {
-      return;
-    }
-    if (sharesBookFile()) {
+    if (const ListedBook* other = earlierWithBookFile()) {
       add(Kind::kSharedBookFile, {{"OTHER", titleOf(*other)}}, library_.deletionOf(entry_));
-    } else {
-      add(Kind::kRepeatedAcronym, {{"OTHER", titleOf(*other)}}, renamingOfOneOf(*other));
+    } else if (const ListedBook* namesake = earlierWithAcronym()) {
+      add(Kind::kRepeatedAcronym, {{"OTHER", titleOf(*namesake)}}, renamingOfOneOf(*namesake));
     }
   }
 

@@ -25,6 +25,9 @@ EntryIndex::EntryIndex(const Platform& platform, const std::vector<ListedBook>& 
     typedNames_.emplace(readableName(book.name), entry);
     upperNames_.emplace(platform.locale.upperCase(book.name), entry);
     upperAcronyms_.emplace(platform.locale.upperCase(book.acronym), entry);
+    if (!book.fileType) {
+      bookFiles_.emplace(placeOf(book), entry);
+    }
   }
 }
 
@@ -34,6 +37,14 @@ std::optional<EntryIndex::Entry> EntryIndex::withName(std::string_view name) con
 
 std::optional<EntryIndex::Entry> EntryIndex::withAcronym(std::string_view acronym) const {
   return find(upperAcronyms_, platform_.locale.upperCase(acronym));
+}
+
+std::optional<EntryIndex::Entry> EntryIndex::withBookFileOf(const ListedBook& book) const {
+  return find(bookFiles_, placeOf(book));
+}
+
+std::string EntryIndex::placeOf(const ListedBook& book) const {
+  return platform_.locale.upperCase(book.folder + "\\" + book.bookFile);
 }
 
 std::optional<EntryIndex::Entry> EntryIndex::withExactName(const std::string& name) const {

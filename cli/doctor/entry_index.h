@@ -24,6 +24,9 @@ class EntryIndex {
   /// The first entry with that name or acronym in any letter case, each as it is stored.
   [[nodiscard]] std::optional<Entry> withName(std::string_view name) const;
   [[nodiscard]] std::optional<Entry> withAcronym(std::string_view acronym) const;
+  /// The first entry with the same book file in the same folder, in any letter case; `book` is none
+  /// of a single document.
+  [[nodiscard]] std::optional<Entry> withBookFileOf(const ListedBook& book) const;
   /// The same for exactly that text.
   [[nodiscard]] std::optional<Entry> withExactName(const std::string& name) const;
   [[nodiscard]] std::optional<Entry> withExactAcronym(const std::string& acronym) const;
@@ -37,6 +40,8 @@ class EntryIndex {
  private:
   using Entries = std::unordered_map<std::string, Entry>;
 
+  [[nodiscard]] std::string placeOf(const ListedBook& book) const;
+
   const Platform& platform_;
   const std::vector<ListedBook>& books_;
   /// The first entry of each text: as it is stored, as it is typed, and in upper case.
@@ -45,6 +50,8 @@ class EntryIndex {
   Entries typedNames_;
   Entries upperNames_;
   Entries upperAcronyms_;
+  /// By folder and file in upper case.
+  Entries bookFiles_;
 };
 
 }  // namespace quorbind

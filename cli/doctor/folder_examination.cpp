@@ -1,11 +1,14 @@
 #include "cli/doctor/folder_examination.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "cli/doctor/book_contents.h"
 #include "cli/doctor/examined_files.h"
 #include "cli/doctor/mending_command.h"
 #include "cli/failure.h"
+#include "cli/paths.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
 #include "toc/xml_toc.h"
@@ -16,8 +19,8 @@ namespace {
 
 using Kind = FindingKind;
 
-/// Links may lead in circles.
-constexpr int kDeepestFolder = 8;
+/// Folders of a book lie far less deep.
+constexpr int kDeepestFolder = 32;
 
 class FolderExamination {
  public:
@@ -51,10 +54,18 @@ class FolderExamination {
     }
     if (depth < kDeepestFolder) {
       for (const std::string& name : names.folders) {
-        walk(pathIn(folder, name), depth + 1);
+        if (!isLink(pathIn(folder, name))) {
+          walk(pathIn(folder, name), depth + 1);
+        }
       }
     }
     return names;
+  }
+
+  /// What a link leads to is examined where it lies, if it is the library's at all.
+  static bool isLink(const std::string& folder) {
+    std::error_code error;
+    return std::filesystem::is_symlink(nativeName(folder), error);
   }
 
   /// A folder beside those of the books. Where a book lies in the library's own folder, it may be

@@ -94,7 +94,8 @@ class ListExamination {
       return;
     }
     std::vector<ListedLibrary> list;
-    readingFile(findings_, paths_.selection, [&] { list = readList(platform_, paths_.selection); });
+    isReadable_ = readingFile(
+        findings_, paths_.selection, [&] { list = readList(platform_, paths_.selection); });
     for (std::size_t entry = 0; entry < list.size(); ++entry) {
       examineEntry(list[entry], entry);
     }
@@ -137,8 +138,11 @@ class ListExamination {
           entry,
           {{"NAME", library.name}, {"LOCATION", library.location}, {"FOLDER", paths.location}});
     }
-    if (!hasFolder && isThere) {
-      add(Kind::kMissingLibrary, entry, {{"NAME", library.name}}, initOf(library.name));
+    if (!hasFolder) {
+      add(Kind::kMissingLibrary,
+          entry,
+          {{"NAME", library.name}},
+          isThere ? initOf(library.name) : std::string());
     }
   }
 
@@ -153,8 +157,15 @@ class ListExamination {
       libraries_.push_back(name);
       if (isMeant(name)) {
         hasMeant_ = true;
-        findings_.add(Kind::kUnlistedLibrary, {paths_.selection}, {{"NAME", name}}, initOf(name));
+        tellUnlisted(name);
       }
+    }
+  }
+
+  /// A list that can't be read may have it.
+  void tellUnlisted(const std::string& name) {
+    if (isReadable_) {
+      findings_.add(Kind::kUnlistedLibrary, {paths_.selection}, {{"NAME", name}}, initOf(name));
     }
   }
 
@@ -185,6 +196,7 @@ class ListExamination {
   EntryLines lines_;
   NameSet known_;
   std::vector<std::string> libraries_;
+  bool isReadable_ = true;
   /// Whether what is to be examined is in the list or beside.
   bool hasMeant_ = false;
 };

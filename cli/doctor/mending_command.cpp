@@ -1,8 +1,10 @@
 #include "cli/doctor/mending_command.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cli/paths.h"
+#include "platform/portable/text_cells.h"
 #include "platform/text.h"
 
 namespace quorbind {
@@ -19,6 +21,16 @@ bool looksLikeFlag(std::string_view word) {
 /// A value that looks like a flag itself has to be tied to its own.
 std::string flagWords(std::string_view flag, std::string_view value) {
   return std::string(" ").append(flag).append(looksLikeFlag(value) ? "=" : " ") + shellWord(value);
+}
+
+/// Nothing for a command that would be shown with other characters than it has: what is copied from
+/// the report would do something else.
+std::string asShown(std::string command) {
+  std::string shown;
+  for (const TextCell& cell : cellsOf(command)) {
+    shown += cell.shown;
+  }
+  return shown == command ? std::move(command) : std::string();
 }
 
 std::string operandWords(const std::vector<std::string>& operands) {
@@ -49,11 +61,11 @@ std::string mendingCommand(std::string_view subcommand,
     command += flagWords(flag.flag, flag.value);
   }
   command += flagWords("--server", place.server) + flagWords("--library", place.library);
-  return needsMark ? command + " --" + operandWords(operands) : command;
+  return asShown(needsMark ? command + " --" + operandWords(operands) : command);
 }
 
 std::string deletingCommand(std::string_view file) {
-  return "rm " + shellWord(nativeName(file));
+  return asShown("rm " + shellWord(nativeName(file)));
 }
 
 }  // namespace quorbind

@@ -21,28 +21,29 @@ PathFinder::Place CopyTargets::find(const std::string& path) {
       return finder_.find(path);
     }
   }
-  const std::string* const spelling = folder->names->spellingOf(name);
-  return {pathIn(folder->path, spelling == nullptr ? name : *spelling), spelling != nullptr};
+  return findInListing(*folder, name);
 }
 
 void CopyTargets::add(const std::string& path) {
-  const auto folder = folders_.find(parentOf(path));
-  if (folder != folders_.end() && folder->second.names) {
-    folder->second.names->add(nameIn(path));
+  Folder* const folder = folderFor(path);
+  if (folder != nullptr && folder->names) {
+    folder->names->add(nameIn(path));
   }
 }
 
 /// Null when it does not stand.
 CopyTargets::Folder* CopyTargets::folderFor(const std::string& path) {
   std::string asked = parentOf(path);
-  if (const auto known = folders_.find(asked); known != folders_.end()) {
-    return &known->second;
+  if (const auto known = asked_.find(asked); known != asked_.end()) {
+    return known->second;
   }
   PathFinder::Place place = finder_.find(asked);
   if (!place.stands) {
     return nullptr;
   }
-  return &folders_.try_emplace(std::move(asked), Folder{std::move(place.path), {}}).first->second;
+  Folder& folder = folders_.try_emplace(place.path, Folder{place.path, {}}).first->second;
+  asked_.emplace(std::move(asked), &folder);
+  return &folder;
 }
 
 /// Answers whether it can be.
@@ -56,6 +57,21 @@ bool CopyTargets::list(Folder& folder) {
     folder.names->add(name);
   }
   return true;
+}
+
+// Of several spellings the listing has one; the one that was asked for comes first.
+PathFinder::Place CopyTargets::findInListing(const Folder& folder, const std::string& name) {
+  const std::string* const spelling = folder.names->spellingOf(name);
+  if (spelling == nullptr) {
+    return {pathIn(folder.path, name), false};
+  }
+  if (*spelling != name) {
+    PathFinder::Place asSpelled = PathFinder::findAsSpelled(pathIn(folder.path, name));
+    if (asSpelled.stands) {
+      return asSpelled;
+    }
+  }
+  return {pathIn(folder.path, *spelling), true};
 }
 
 }  // namespace quorbind

@@ -36,10 +36,13 @@ class CopyTargets {
 
   Folder* folderFor(const std::string& path);
   static bool list(Folder& folder);
+  static PathFinder::Place findInListing(const Folder& folder, const std::string& name);
 
   PathFinder& finder_;
-  /// Those that stand, each by the spelling asked for.
+  /// Those that stand, by how they are really spelled.
   std::unordered_map<std::string, Folder> folders_;
+  /// The same by the spellings asked for.
+  std::unordered_map<std::string, Folder*> asked_;
 };
 
 }  // namespace quorbind

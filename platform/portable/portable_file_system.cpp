@@ -275,6 +275,8 @@ std::vector<std::string> PortableFileSystem::list(std::string_view folder, Liste
     }
     raiseSystemError(errno, place.path);
   }
+  // What would be read as a path of several parts names nothing that can be asked for.
+  std::erase_if(*names, [](const std::string& name) { return contains(name, "\\"); });
   std::transform(names->begin(), names->end(), names->begin(), toValidUtf8);
   std::sort(names->begin(), names->end());
   return *std::move(names);

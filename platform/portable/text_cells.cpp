@@ -2,22 +2,14 @@
 
 #include <unicode/uchar.h>
 
+#include <utility>
+
 #include "platform/portable/visible_text.h"
 #include "platform/text_encoding.h"
 
 namespace quorbind {
 
 namespace {
-
-/// `\u{202E}`
-std::string writtenOut(char32_t character) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string code;
-  for (char32_t rest = character; rest > 0; rest >>= 4U) {
-    code.insert(code.begin(), kDigits[rest & 0xFU]);
-  }
-  return "\\u{" + code + "}";
-}
 
 TextCell asItIsShown(std::string shown) {
   const std::size_t width = shown.size();
@@ -46,6 +38,15 @@ TextCell cellOf(std::string_view bytes, char32_t character) {
 }
 
 }  // namespace
+
+std::string writtenOut(char32_t character) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string code;
+  for (char32_t rest = character; rest > 0; rest >>= 4U) {
+    code.insert(code.begin(), kDigits[rest & 0xFU]);
+  }
+  return "\\u{" + code + "}";
+}
 
 std::vector<TextCell> cellsOf(std::string_view text) {
   const std::string valid = toValidUtf8(text);

@@ -21,4 +21,7 @@ std::vector<TextCell> cellsOf(std::string_view text);
 
 inline constexpr std::size_t kTabWidth = 4;
 
+/// `\u{202E}`
+std::string writtenOut(char32_t character);
+
 }  // namespace quorbind

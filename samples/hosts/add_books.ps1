@@ -21,10 +21,11 @@ $catalogue = "$docs$Library\Quor_TOC.xml"
 $config = New-Object -ComObject Quorbind.Book_Config
 $failed = 0
 foreach ($entry in Import-Csv $List) {
+    $before = @($config.BookInfo($catalogue)).Count
     $book = New-Object -ComObject Quorbind.Quor_Book
     $null = $book.Book_Valuator($entry.Toc, $catalogue, $textToc, $Library, $entry.Name, $entry.Acro,
                                 '', '', '', '', '', '', 0, $false, $docs)
-    if ($config.BookInfo($catalogue) -contains $entry.Name) {
+    if (@($config.BookInfo($catalogue)).Count -gt $before) {
         Write-Host "Added $($entry.Name)."
     } else {
         Write-Host "Not added: $($entry.Name), from $($entry.Toc)"

@@ -153,6 +153,24 @@ TEST_P(XmlBombs, EndQuicklyAsABookFile) {
 
 INSTANTIATE_TEST_SUITE_P(Of, XmlBombs, ::testing::ValuesIn(xmlBombs()), kNameOf);
 
+// Job files
+
+std::vector<Bomb> jobFileBombs() {
+  return {{"KeyOfManyParts", [] { return repeated(50'000, "a.") + "a = 1"; }},
+          {"TableOfManyParts", [] { return "[" + repeated(50'000, "a.") + "a]"; }},
+          {"NestedLists", [] { return "a = " + repeated(50'000, "[") + repeated(50'000, "]"); }},
+          {"LongList", [] { return "a = [" + repeated(1'000'000, "1,") + "]"; }}};
+}
+
+class JobFileBombs : public BombTest {};
+
+TEST_P(JobFileBombs, EndQuickly) {
+  disk.write("job.toml", GetParam().bytes());
+  expectRefused({"add", "--job", "job.toml"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, JobFileBombs, ::testing::ValuesIn(jobFileBombs()), kNameOf);
+
 // Packed workbooks
 
 constexpr std::string_view kMain = "xl/workbook.xml";

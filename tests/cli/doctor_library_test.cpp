@@ -459,6 +459,35 @@ TEST_F(DoctorOfFolders, IsNotLedInCirclesByLinks) {
   std::filesystem::create_directory_symlink("..", disk.path() / "server/Docs/Plant/Manual/up");
   std::filesystem::create_directory_symlink(".", disk.path() / "server/Docs/Plant/Manual/here");
   expectSound();
+  disk.write("server/Docs/Plant/Manual/a.htm.quorbind-00000001.tmp", "");
+  expectInPlant(
+      "  warning: DISK/server/Docs/Plant/Manual/a.htm.quorbind-00000001.tmp: it is left from a run "
+      "that was killed [leftover]\n"
+      "    Delete it when nobody is working on the library.\n"
+      "    rm DISK/server/Docs/Plant/Manual/a.htm.quorbind-00000001.tmp\n",
+      "0 errors, 1 warning");
+}
+
+TEST_F(DoctorOfFolders, LooksAtNothingThatALinkLeadsTo) {
+  disk.write("elsewhere/a.htm.quorbind-00000001.tmp", "");
+  std::filesystem::create_directory_symlink(disk.path() / "elsewhere",
+                                            disk.path() / "server/Docs/Plant/Manual/out");
+  expectSound();
+}
+
+TEST_F(DoctorOfFolders, NamesNoFileOutsideThatANameWithSeparatorsWouldLeadTo) {
+  disk.makeFolder("server/Docs/Plant/x");
+  disk.write("server/Docs/Plant/x\\..\\..\\..\\precious.quorbind-00000001.tmp", "");
+  const Outcome outcome = doctor();
+  EXPECT_FALSE(contains(outcome.out, "precious")) << outcome.out;
+}
+
+TEST_F(DoctorOfFolders, HasNoCommandForANameThatIsShownOtherwise) {
+  disk.write("server/Docs/Plant/Manual/a\nb.quorbind-00000001.tmp", "");
+  disk.write("server/Docs/Plant/Manual/\xE2\x80\xAE.quorbind-00000001.tmp", "");
+  const Outcome outcome = doctor();
+  EXPECT_TRUE(contains(outcome.out, "0 errors, 2 warnings.")) << outcome.out;
+  EXPECT_FALSE(contains(outcome.out, "rm ")) << outcome.out;
 }
 
 }  // namespace

@@ -21,7 +21,13 @@ TEST(HtmlText, ThatIsNoUtf8ShowsSo) {
 }
 
 TEST(IsolatedText, KeepsItsDirectionToItself) {
-  EXPECT_EQ(isolatedText("<\xE2\x80\xAE>"), "<bdi>&lt;\xE2\x80\xAE&gt;</bdi>");
+  EXPECT_EQ(isolatedText("\xD7\x90<"), "<bdi>\xD7\x90&lt;</bdi>");
+}
+
+TEST(IsolatedText, WritesOutWhatWouldChangeTheDirectionOfThePage) {
+  EXPECT_EQ(isolatedText("\xE2\x80\xAA\xE2\x80\xAE"), "<bdi>\\u{202A}\\u{202E}</bdi>");
+  EXPECT_EQ(isolatedText("\xE2\x81\xA6\xE2\x81\xA9"), "<bdi>\\u{2066}\\u{2069}</bdi>");
+  EXPECT_EQ(isolatedText("\xE2\x80\x8D\xE2\x81\xAA"), "<bdi>\xE2\x80\x8D\xE2\x81\xAA</bdi>");
 }
 
 TEST(LinkPiece, WritesOutWhateverHasAMeaningInALink) {

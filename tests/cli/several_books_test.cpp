@@ -204,7 +204,7 @@ TEST_F(SeveralBooks, HaveNoNameInCommon) {
 
 TEST_F(SeveralBooks, NeedATableOfContentsAServerAndALibraryWithoutAJobFile) {
   const std::string more = "\nRun with --help for more information.\n";
-  EXPECT_EQ(quorbind({"add"}).err, "TOC is required" + more);
+  EXPECT_EQ(quorbind({"add"}).err, "TOC or --job is required" + more);
   EXPECT_EQ(quorbind({"add", "a.txt"}).err, "--server is required" + more);
   EXPECT_EQ(quorbind({"add", "a.txt", "--server", "server"}).err, "--library is required" + more);
   EXPECT_EQ(quorbind({"add", "a.txt", "--job", "job.toml"}).status, 2);
@@ -217,10 +217,28 @@ TEST_F(SeveralBooks, OfAJobFileThatIsNotThereAreMissingInput) {
 }
 
 TEST_F(SeveralBooks, OfAJobFileThatIsFarTooLargeAreNotAdded) {
-  disk.write("job.toml", std::string(std::size_t{17} << 20U, '#'));
+  disk.write("job.toml", std::string(std::size_t{2} << 20U, '#'));
   const Outcome outcome = quorbind({"add", "--job", "job.toml"});
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.err, "critical: job.toml: it is too large for a job file\n");
+}
+
+TEST_F(SeveralBooks, OfAJobFileWithAKeyOfFarTooManyPartsAreNotAdded) {
+  expectRefusal("a" + std::string(65, '.') + "a = 1\n",
+                4,
+                "job.toml:1:1: there are too many dots in a line\n"
+                "  1 | a" +
+                    std::string(65, '.') +
+                    "a = 1\n"
+                    "    | ^\n");
+}
+
+TEST_F(SeveralBooks, OfAJobFileWithAByteOrderMarkAndCrLfAreShownWithoutThem) {
+  expectRefusal("\xEF\xBB\xBFlibraryy = \"x\"\r\n",
+                1,
+                "job.toml:1:1: there is no key 'libraryy' here. Did you mean 'library'?\n"
+                "  1 | libraryy = \"x\"\n"
+                "    | ^^^^^^^^\n");
 }
 
 TEST_F(SeveralBooks, OfAJobFileThatDoesNotParseAreNotAdded) {
@@ -266,10 +284,12 @@ TEST_F(SeveralBooks, OfAJobFileWithAValueThatDoesNotBelongThereAreRefusedWithThe
            {"kind = \"word\"", "\"word\"", "kind has to be xml, html, excel or text"},
            {"folder = 7", "7", "folder has to be a text"},
            {"install-type = \"x\"", "\"x\"", "install-type has to be a whole number"},
-           {"install-type = 3000000000", "3000000000", "install-type is too large"},
+           {"install-type = 3000000000", "3000000000", "install-type is out of range"},
            {"no-input = \"yes\"", "\"yes\"", "no-input has to be true or false"},
            {"keywords = 7", "7", "keywords has to be a text or a list of texts"},
            {"keywords = [\"a;b\"]", "\"a;b\"", "an entry of keywords must not hold ;"},
+           {"category = [\"a, b\"]", "\"a, b\"", "an entry of category must not hold ,"},
+           {"categories = [\"a\", \"b,c\"]", "\"b,c\"", "an entry of categories must not hold ,"},
            {"server = \"\"", "\"\"", "server must not be empty"},
            {"library = \"..\"",
             "\"..\"",

@@ -231,7 +231,7 @@ TEST_F(View, NeverLeadsOutOfTheLibrary) {
 TEST_F(View, LetsNoTextOutOfItsPlace) {
   const std::string hostile =
       "&amp;lt;/script&amp;gt;&amp;lt;script&amp;gt;x()&amp;lt;/script&amp;gt;&amp;quot; "
-      "onload=&amp;apos;x&#x202E;&lt;img src=x&gt;";
+      "onload=&amp;apos;x&#x2069;&#x202E;&lt;img src=x&gt;";
   disk.write(kCatalogue,
              replaceAll(catalogueWith(bookEntry(hostile, "ALM")),
                         "<Book_Categories/>",
@@ -245,9 +245,10 @@ TEST_F(View, LetsNoTextOutOfItsPlace) {
   EXPECT_EQ(count(html, "</script>"), 1U);
   EXPECT_EQ(count(html, "<img"), 0U);
   EXPECT_EQ(count(html, "<bdi>"), count(html, "</bdi>"));
-  // Each stands apart, its change of direction with it.
-  EXPECT_EQ(count(html, "\xE2\x80\xAE"), count(html, "x\xE2\x80\xAE&lt;img src=x&gt;</bdi>"));
-  EXPECT_GE(count(html, "\xE2\x80\xAE"), 7U);
+  // Each stands apart, and changes no direction.
+  EXPECT_EQ(count(html, "\xE2\x80\xAE"), 0U);
+  EXPECT_EQ(count(html, "\xE2\x81\xA9"), 0U);
+  EXPECT_GE(count(html, "x\\u{2069}\\u{202E}&lt;img src=x&gt;</bdi>"), 7U);
 }
 
 TEST_F(View, NestsHeadingsAsDeepAsTheyComeAndClosesWhatItOpens) {

@@ -420,8 +420,10 @@ TEST_F(FileSystemContract, ASeriesFindsWhatItHasCopiedInAnyLetterCase) {
   copies->copy("C:\\b.txt", "C:\\Docs\\NEW.TXT");
   copies->copy("C:\\a.txt", "C:\\Docs\\OLD.txt");
   copies->copy("C:\\b.txt", "C:\\DOCS\\old.TXT");
+  copies->copy("C:\\a.txt", "C:\\docs\\Two.txt");
+  copies->copy("C:\\a.txt", "C:\\Docs\\TWO.txt");
 
-  EXPECT_THAT(files_.namesIn("C:\\Docs"), ElementsAre("New.txt", "Old.txt"));
+  EXPECT_THAT(files_.namesIn("C:\\Docs"), ElementsAre("New.txt", "Old.txt", "Two.txt"));
   EXPECT_EQ(disk_.read("Docs/New.txt"), "b");
   EXPECT_EQ(disk_.read("Docs/Old.txt"), "b");
 }

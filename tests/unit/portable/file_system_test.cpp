@@ -729,6 +729,27 @@ TEST_F(PortableFilesOnASmallDisk, ACopyBetweenDisksIsWhole) {
   EXPECT_EQ(disk_.read("small/a.bin"), bytes);
 }
 
+TEST_F(PortableFiles, ASeriesOfCopiesReplacesTheSpellingThatItNamesOfSeveral) {
+  disk_.write("new.png", "new");
+  disk_.write("Docs/C.png", "C");
+  disk_.write("Docs/c.png", "c");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  copies->copy("C:\\new.png", "C:\\Docs\\other.png");
+  copies->copy("C:\\new.png", "C:\\Docs\\c.png");
+
+  EXPECT_EQ(disk_.read("Docs/C.png"), "C");
+  EXPECT_EQ(disk_.read("Docs/c.png"), "new");
+}
+
+TEST_F(PortableFiles, AFileThatNoPathCanNameIsNotListed) {
+  disk_.write("Docs/a\\..\\b.txt", "");
+  disk_.write("Docs/b.txt", "");
+
+  EXPECT_THAT(files_.namesIn("C:\\Docs"), ElementsAre("b.txt"));
+  EXPECT_THAT(files_.fileNamesIn("C:\\Docs"), ElementsAre("b.txt"));
+}
+
 TEST_F(PortableFilesOnASmallDisk, ASeriesOfCopiesMayFillSeveralDisks) {
   disk_.write("a.bin", std::string(40'000, 'x'));
   const std::unique_ptr<CopySeries> copies = files_.beginCopies();
