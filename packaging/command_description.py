@@ -30,7 +30,7 @@ def read_command():
 
 
 def names_file(value):
-    return value["value"] in ("FILE", "OUT") or value.get("name") == "FILE"
+    return value["value"].removesuffix("...") in ("FILE", "OUT") or value.get("name") == "FILE"
 
 
 def names_folder(value):
