@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <regex>
 #include <set>
 
 #include "cli/doctor/finding.h"
@@ -61,7 +60,7 @@ TEST(FindingTable, HasAnIdentifierOfItsOwnForEachFinding) {
   std::set<std::string> ids;
   for (const FindingRow& row : kRows) {
     EXPECT_TRUE(ids.insert(row.id).second) << row.name;
-    EXPECT_TRUE(std::regex_match(row.id, std::regex("[a-z]+(-[a-z]+)*"))) << row.id;
+    EXPECT_THAT(row.id, ::testing::MatchesRegex("[a-z]+(-[a-z]+)*"));
   }
 }
 
