@@ -8,15 +8,15 @@ namespace quorbind {
 
 namespace {
 
-constexpr char kQuote = '"';
+constexpr char kAcronymQuote = '"';
 
 /// One text for both values; what stands between the marks can't hold them.
 std::string keyOf(std::string_view name, std::string_view acronym) {
-  return quotedForQuery(name, kQuote) + quotedForQuery(acronym, kQuote);
+  return quotedForQuery(name, kAcronymQuote) + quotedForQuery(acronym, kAcronymQuote);
 }
 
 bool canBeAskedFor(const std::string& value) {
-  return !contains(value, std::string_view(&kQuote, 1));
+  return !contains(value, std::string_view(&kAcronymQuote, 1));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@ namespace quorbind {
 
 namespace {
 
-void offerList(CLI::App& group, Task& task) {
+void offerCategoryList(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group,
                                     task,
                                     "list",
@@ -17,7 +17,7 @@ void offerList(CLI::App& group, Task& task) {
   addJson(command, arguments.json);
 }
 
-void offerAdd(CLI::App& group, Task& task) {
+void offerCategoryAdd(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group,
                                     task,
                                     "add",
@@ -28,7 +28,7 @@ void offerAdd(CLI::App& group, Task& task) {
   addChange(command, arguments.change);
 }
 
-void offerRename(CLI::App& group, Task& task) {
+void offerCategoryRename(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group, task, "rename", "Rename a category, which keeps its books", runRenameCategory);
   addWord(command, "OLD", arguments.oldName, "Its name");
@@ -41,7 +41,7 @@ void offerRename(CLI::App& group, Task& task) {
       "catalogue is not changed: books go on naming the old category there.");
 }
 
-void offerFile(CLI::App& group, Task& task) {
+void offerCategoryFile(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group,
             task,
@@ -57,7 +57,7 @@ void offerFile(CLI::App& group, Task& task) {
   addChange(command, arguments.change);
 }
 
-void offerRebuild(CLI::App& group, Task& task) {
+void offerCategoryRebuild(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group,
                                     task,
                                     "rebuild",
@@ -70,7 +70,7 @@ void offerRebuild(CLI::App& group, Task& task) {
       "Nothing is taken out.");
 }
 
-void offerCreate(CLI::App& group, Task& task) {
+void offerCategoryCreate(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group,
                                     task,
                                     "create",
@@ -87,12 +87,12 @@ void offerCreate(CLI::App& group, Task& task) {
 
 void offerCategorySubcommands(CLI::App& app, Task& task) {
   CLI::App& group = offerGroup(app, "categories", "The categories of a library");
-  offerList(group, task);
-  offerAdd(group, task);
-  offerRename(group, task);
-  offerFile(group, task);
-  offerRebuild(group, task);
-  offerCreate(group, task);
+  offerCategoryList(group, task);
+  offerCategoryAdd(group, task);
+  offerCategoryRename(group, task);
+  offerCategoryFile(group, task);
+  offerCategoryRebuild(group, task);
+  offerCategoryCreate(group, task);
 }
 
 }  // namespace quorbind

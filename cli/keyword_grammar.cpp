@@ -7,7 +7,7 @@ namespace quorbind {
 
 namespace {
 
-void offerList(CLI::App& group, Task& task) {
+void offerKeywordList(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group, task, "list", "List the keywords of a book, or of all books", runListKeywords);
   command.add_option("BOOK", arguments.book, "Name of the book, as 'books' shows it")
@@ -16,7 +16,7 @@ void offerList(CLI::App& group, Task& task) {
   addJson(command, arguments.json);
 }
 
-void offerFind(CLI::App& group, Task& task) {
+void offerKeywordFind(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group, task, "find", "List the books that have a keyword", runFindKeyword);
   addWord(command, "WORD", arguments.word, "The keyword, in any letter case");
@@ -24,7 +24,7 @@ void offerFind(CLI::App& group, Task& task) {
   addJson(command, arguments.json);
 }
 
-void offerAdd(CLI::App& group, Task& task) {
+void offerKeywordAdd(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group, task, "add", "Add keywords to a book", runAddKeywords);
   addWord(command, "BOOK", arguments.book, "Name of the book, as 'books' shows it");
   command.add_option("WORD", arguments.words, "The keywords")
@@ -38,7 +38,7 @@ void offerAdd(CLI::App& group, Task& task) {
       "the book has already is not added twice.");
 }
 
-void offerRename(CLI::App& group, Task& task) {
+void offerKeywordRename(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group, task, "rename", "Replace a keyword of a book", runRenameKeyword);
   addWord(command, "BOOK", arguments.book, "Name of the book, as 'books' shows it");
@@ -52,10 +52,10 @@ void offerRename(CLI::App& group, Task& task) {
 
 void offerKeywordSubcommands(CLI::App& app, Task& task) {
   CLI::App& group = offerGroup(app, "keywords", "The search keywords of a library's books");
-  offerList(group, task);
-  offerFind(group, task);
-  offerAdd(group, task);
-  offerRename(group, task);
+  offerKeywordList(group, task);
+  offerKeywordFind(group, task);
+  offerKeywordAdd(group, task);
+  offerKeywordRename(group, task);
 }
 
 }  // namespace quorbind

@@ -18,13 +18,13 @@ void addText(CLI::App& command,
       ->option_text(kind);
 }
 
-void offerList(CLI::App& group, Task& task) {
+void offerLinkList(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group, task, "list", "List the link identifiers", runListLinks);
   addPlace(command, arguments.place);
   addJson(command, arguments.json);
 }
 
-void offerAdd(CLI::App& group, Task& task) {
+void offerLinkAdd(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group, task, "add", "Record a link identifier of a book", runAddLink);
   addWord(command, "ID", arguments.identifier, "The identifier");
@@ -39,7 +39,7 @@ void offerAdd(CLI::App& group, Task& task) {
   addChange(command, arguments.change);
 }
 
-void offerCheck(CLI::App& group, Task& task) {
+void offerLinkCheck(CLI::App& group, Task& task) {
   auto [command, arguments] =
       offer(group,
             task,
@@ -51,7 +51,7 @@ void offerCheck(CLI::App& group, Task& task) {
   command.footer("Nothing is written. With one that does the run ends with status 1.");
 }
 
-void offerMerge(CLI::App& group, Task& task) {
+void offerLinkMerge(CLI::App& group, Task& task) {
   auto [command, arguments] = offer(group,
                                     task,
                                     "merge",
@@ -67,10 +67,10 @@ void offerMerge(CLI::App& group, Task& task) {
 
 void offerLinkSubcommands(CLI::App& app, Task& task) {
   CLI::App& group = offerGroup(app, "links", "The identifiers by which books link to each other");
-  offerList(group, task);
-  offerAdd(group, task);
-  offerCheck(group, task);
-  offerMerge(group, task);
+  offerLinkList(group, task);
+  offerLinkAdd(group, task);
+  offerLinkCheck(group, task);
+  offerLinkMerge(group, task);
 }
 
 }  // namespace quorbind

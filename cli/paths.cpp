@@ -28,7 +28,7 @@ fs::path resolved(const fs::path& folder) {
   return result.has_filename() ? result : result.parent_path();
 }
 
-std::string joined(std::string_view folder, std::string_view name) {
+std::string joinedPath(std::string_view folder, std::string_view name) {
   return std::string(folder).append(kSeparator).append(name);
 }
 
@@ -59,12 +59,12 @@ bool staysBelow(std::string_view name) {
 LibraryPaths::LibraryPaths(const std::string& server, const std::string& library)
     : serverRoot(componentFolder(server) + "\\"),
       docsFolder(serverRoot + std::string(server_names::kDocsFolder) + "\\"),
-      location(joined(server_names::kDocsFolder, library)),
+      location(joinedPath(server_names::kDocsFolder, library)),
       folder(docsFolder + library),
-      catalogue(joined(folder, catalogue_names::kFile)),
-      bookCategories(joined(folder, category_names::kFile)),
-      searchKeywords(joined(folder, keyword_names::kFile)),
-      linkIds(joined(folder, link_names::kFile)),
+      catalogue(joinedPath(folder, catalogue_names::kFile)),
+      bookCategories(joinedPath(folder, category_names::kFile)),
+      searchKeywords(joinedPath(folder, keyword_names::kFile)),
+      linkIds(joinedPath(folder, link_names::kFile)),
       selection(docsFolder + std::string(server_names::kSelectionFile)),
       defaultCategories(docsFolder + std::string(server_names::kDefaultCategoriesFile)) {}
 

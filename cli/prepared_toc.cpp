@@ -24,13 +24,13 @@ TextTocEntry withBookmarkMoved(TextTocEntry entry) {
   return entry;
 }
 
-std::string quoted(std::string_view field) {
+std::string quotedField(std::string_view field) {
   return "\"" + std::string(field) + "\" ";
 }
 
 std::string preparedLine(const TextTocEntry& entry) {
-  return quoted(std::to_string(entry.level)) + quoted(entry.name) + quoted(entry.file) +
-         quoted(entry.subLink) +
+  return quotedField(std::to_string(entry.level)) + quotedField(entry.name) +
+         quotedField(entry.file) + quotedField(entry.subLink) +
          text_form::lineOf({.level = entry.level,
                             .name = entry.name,
                             .file = entry.file,

@@ -13,9 +13,10 @@ namespace {
 /// Of the pieces of a line that is cut at its quotation marks.
 constexpr std::size_t kLevelPiece = 1;
 
-class Surveyor final : public TextTocListener {
+class TextSurveyor final : public TextTocListener {
  public:
-  Surveyor(TocSurvey& survey, const EntryVisitor& visitor) : survey_(survey), visitor_(visitor) {}
+  TextSurveyor(TocSurvey& survey, const EntryVisitor& visitor)
+      : survey_(survey), visitor_(visitor) {}
 
   bool entry(const TextTocLine& line, const Pieces& pieces) override {
     TextTocEntry entry;
@@ -57,7 +58,7 @@ class Surveyor final : public TextTocListener {
   std::int16_t previousLevel_ = 0;
 };
 
-void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, Surveyor& surveyor) {
+void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, TextSurveyor& surveyor) {
   try {
     TextReader reader(platform.files, platform.locale, toc.path);
     walkTextToc(reader, surveyor);
@@ -73,7 +74,7 @@ void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, Surve
 
 TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const EntryVisitor& visitor) {
   TocSurvey survey;
-  Surveyor surveyor(survey, visitor);
+  TextSurveyor surveyor(survey, visitor);
   readingInput(toc.name, [&] { walk(platform, toc, survey, surveyor); });
   return survey;
 }

@@ -88,9 +88,9 @@ std::unique_ptr<Worksheet> sheetOf(Workbook& workbook, std::int32_t number) {
   }
 }
 
-class Surveyor {
+class WorkbookSurveyor {
  public:
-  Surveyor(const Platform& platform, const TocFile& toc, const CellVisitor& visitor)
+  WorkbookSurveyor(const Platform& platform, const TocFile& toc, const CellVisitor& visitor)
       : platform_(platform), toc_(toc), visitor_(visitor) {}
 
   WorkbookSurvey run() {
@@ -162,7 +162,7 @@ class Surveyor {
   TakenNames taken_;
 };
 
-std::unique_ptr<Workbook> Surveyor::open() {
+std::unique_ptr<Workbook> WorkbookSurveyor::open() {
   try {
     return platform_.spreadsheets.open(toc_.path);
   } catch (const RunTimeError&) {
@@ -178,7 +178,7 @@ std::unique_ptr<Workbook> Surveyor::open() {
   }
 }
 
-void Surveyor::surveyHeadings(Worksheet& sheet) {
+void WorkbookSurveyor::surveyHeadings(Worksheet& sheet) {
   for (const ExcelColumn& column : kColumnsWithHeaders) {
     if (!hasExcelHeader(sheet, platform_.locale, column)) {
       refuse({kHeadingSheet, kHeaderRow, column.number}, boxOf(column.refusal));
@@ -199,7 +199,7 @@ void Surveyor::surveyHeadings(Worksheet& sheet) {
   }
 }
 
-std::int32_t Surveyor::surveyRows(Worksheet& sheet) {
+std::int32_t WorkbookSurveyor::surveyRows(Worksheet& sheet) {
   for (std::int32_t row = kFirstRow;; ++row) {
     const std::string level = sheet.cellText(row, kLevelColumn);
     if (isBlank(level)) {
@@ -216,7 +216,7 @@ std::int32_t Surveyor::surveyRows(Worksheet& sheet) {
   }
 }
 
-void Surveyor::surveyLevel(std::int32_t row, const std::string& cellText) {
+void WorkbookSurveyor::surveyLevel(std::int32_t row, const std::string& cellText) {
   const CellPlace cell{kHeadingSheet, row, kLevelColumn};
   std::int16_t level = 0;
   if (const auto violation = readExcelLevel(row, kLevelColumn, cellText, level)) {
@@ -240,7 +240,7 @@ void Surveyor::surveyLevel(std::int32_t row, const std::string& cellText) {
   deepestLevel_ = std::max(deepestLevel_, std::int32_t{level});
 }
 
-void Surveyor::beginBook(std::int32_t row) {
+void WorkbookSurveyor::beginBook(std::int32_t row) {
   if (!survey_.books.empty()) {
     survey_.books.back().lastRow = row - 1;
   }
@@ -249,7 +249,7 @@ void Surveyor::beginBook(std::int32_t row) {
 
 /// What the export makes of the cells of a row: one line, in which the cells that hold something
 /// follow each other.
-void Surveyor::surveyCells(Worksheet& sheet, std::int32_t row) {
+void WorkbookSurveyor::surveyCells(Worksheet& sheet, std::int32_t row) {
   constexpr std::array kEmptyColumns{kLevelColumn + 1, kNameColumn + 1};
   constexpr std::array kExportedColumns{kNameColumn, kFileColumn, kLastExportedColumn};
   for (const std::int32_t column : kEmptyColumns) {
@@ -269,7 +269,7 @@ void Surveyor::surveyCells(Worksheet& sheet, std::int32_t row) {
 }
 
 /// Looks at what stands below the last row: it would be left out without a word.
-void Surveyor::surveyEnd(Worksheet& sheet, std::int32_t row) {
+void WorkbookSurveyor::surveyEnd(Worksheet& sheet, std::int32_t row) {
   if (row > kLastRow) {
     return;
   }
@@ -286,7 +286,7 @@ void Surveyor::surveyEnd(Worksheet& sheet, std::int32_t row) {
   }
 }
 
-void Surveyor::surveyBook(Worksheet& sheet, SurveyedBook& book) {
+void WorkbookSurveyor::surveyBook(Worksheet& sheet, SurveyedBook& book) {
   const CellPlace first{kHeadingSheet, book.firstRow, kFileColumn};
   const std::string mainFile = sheet.cellText(book.firstRow, kFileColumn);
   book.place = statedPlaceOf(mainFile, static_cast<std::size_t>(book.firstRow));
@@ -309,7 +309,7 @@ void Surveyor::surveyBook(Worksheet& sheet, SurveyedBook& book) {
       rules_.mstrReplaceSpecialCharecters(trimBlanks(sheet.cellText(book.firstRow, kNameColumn)));
 }
 
-void Surveyor::surveyList(Worksheet* list) {
+void WorkbookSurveyor::surveyList(Worksheet* list) {
   if (list == nullptr && survey_.hasLinkIdentifiers) {
     refuse({kBookSheet}, criticalMessage(std::string(kNoList)));
   }
@@ -323,7 +323,7 @@ void Surveyor::surveyList(Worksheet* list) {
   }
 }
 
-void Surveyor::surveyListed(Worksheet& list, std::int32_t row, SurveyedBook& book) {
+void WorkbookSurveyor::surveyListed(Worksheet& list, std::int32_t row, SurveyedBook& book) {
   const CellPlace nameCell{kBookSheet, row, kBookNameColumn};
   const CellPlace acronymCell{kBookSheet, row, kBookAcroColumn};
   const std::string name =
@@ -346,9 +346,9 @@ void Surveyor::surveyListed(Worksheet& list, std::int32_t row, SurveyedBook& boo
   }
 }
 
-std::string Surveyor::acceptedText(const CellPlace& cell,
-                                   const std::string& cellText,
-                                   Message label) {
+std::string WorkbookSurveyor::acceptedText(const CellPlace& cell,
+                                           const std::string& cellText,
+                                           Message label) {
   const std::string_view value = trimBlanks(cellText);
   if (!rules_.CheckReplacedXMLCharacters(value, text(label))) {
     refuse(cell, boxes_.take().value_or(UserMessage{}), ExitStatus::kRefused, cellText);
@@ -356,7 +356,7 @@ std::string Surveyor::acceptedText(const CellPlace& cell,
   return rules_.mstrReplaceSpecialCharecters(value);
 }
 
-void Surveyor::surveyAcronym(const CellPlace& cell, const std::string& acronym) {
+void WorkbookSurveyor::surveyAcronym(const CellPlace& cell, const std::string& acronym) {
   if (const auto refusal = refusalOfAcronym(acronym)) {
     refuse(cell, criticalMessage(*refusal), ExitStatus::kRefused, acronym);
   } else if (book_names::fileOf(acronym).size() > kLongestName) {
@@ -364,7 +364,7 @@ void Surveyor::surveyAcronym(const CellPlace& cell, const std::string& acronym) 
   }
 }
 
-void Surveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook& book) {
+void WorkbookSurveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook& book) {
   for (const std::string& keyword : book.keywords) {
     if (const auto fault = findKeywordFault(trimBlanks(keyword))) {
       refuse(cell, fault->box, ExitStatus::kRefused, keyword);
@@ -372,7 +372,9 @@ void Surveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook& book) {
   }
 }
 
-void Surveyor::requireOwnNames(std::int32_t row, const SurveyedBook& book, bool isNamedByList) {
+void WorkbookSurveyor::requireOwnNames(std::int32_t row,
+                                       const SurveyedBook& book,
+                                       bool isNamedByList) {
   const CellPlace nameCell = isNamedByList ? CellPlace{kBookSheet, row, kBookNameColumn}
                                            : CellPlace{kHeadingSheet, book.firstRow, kNameColumn};
   if (const auto box = taken_.takeName(book.name)) {
@@ -388,7 +390,7 @@ void Surveyor::requireOwnNames(std::int32_t row, const SurveyedBook& book, bool 
 WorkbookSurvey surveyWorkbook(const Platform& platform,
                               const TocFile& toc,
                               const CellVisitor& visitor) {
-  return Surveyor(platform, toc, visitor).run();
+  return WorkbookSurveyor(platform, toc, visitor).run();
 }
 
 }  // namespace quorbind

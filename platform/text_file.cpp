@@ -19,7 +19,7 @@ constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
 constexpr std::size_t kLongestMark = kUtf8Mark.size();
 
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kTextLineEnd = "\r\n";
 
 }  // namespace
 
@@ -168,7 +168,7 @@ void TextWriter::write(std::string_view text) {
 
 void TextWriter::writeLine(std::string_view text) {
   write(text);
-  write(kLineEnd);
+  write(kTextLineEnd);
 }
 
 void TextWriter::close() {

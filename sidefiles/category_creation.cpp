@@ -36,7 +36,7 @@ std::optional<Names> readDefaults(const Platform& platform,
   return names;
 }
 
-void writeHeader(TextWriter& file, const Locale& locale) {
+void writeCategoryHeader(TextWriter& file, const Locale& locale) {
   const std::string indent(kIndent);
   file.writeLine(kUnicodeDeclaration);
   file.writeLine(std::string("<!-- ").append(file_comment::kMaker));
@@ -89,7 +89,7 @@ void CreateBookCateXmlFile(const Platform& platform,
     if (!blnCRM) {
       categories = readDefaults(platform, vstrServerPath, vlngInstallType);
     }
-    writeHeader(file, platform.locale);
+    writeCategoryHeader(file, platform.locale);
     if (categories) {
       if (!blnCRM) {
         categories->emplace_back(category_names::kOther);

@@ -26,7 +26,7 @@ std::string commentLine(std::string_view text) {
   return std::string("<!-- ").append(text).append("-->");
 }
 
-void writeHeader(TextWriter& file, const Locale& locale) {
+void writeKeywordHeader(TextWriter& file, const Locale& locale) {
   file.writeLine(kUnicodeDeclaration);
   file.writeLine(commentLine(file_comment::kMaker));
   file.writeLine(commentLine(std::string(file_comment::kFamily).append(kToolsComment)));
@@ -62,7 +62,7 @@ void addToNewFile(const Platform& platform,
 void CreateKeywordXmlFile(const Platform& platform, const std::string& vstrPath) {
   trapped(platform.ui, source::kCreateKeywordXmlFile, [&] {
     TextWriter file(platform.files, vstrPath);
-    writeHeader(file, platform.locale);
+    writeKeywordHeader(file, platform.locale);
     XmlWriter writer([&file](std::string_view text) { file.write(text); });
     writer.startElement(keyword_names::kBooks);
     writer.endDocument(XmlLastLine::kOpen);

@@ -16,7 +16,7 @@ namespace quorbind {
 
 namespace {
 
-constexpr char kQuote = '\'';
+constexpr char kIdentifierQuote = '\'';
 
 XmlNode nextElement(XmlNode node) {
   do {
@@ -156,7 +156,7 @@ void LinkFile::addToIndex(const XmlNode& linkId) {
 }
 
 XmlNode LinkFile::find(std::string_view identifier) {
-  requireFitsQuery(identifier, kQuote);
+  requireFitsQuery(identifier, kIdentifierQuote);
   requireIndex();
   const auto found = identifiers_.find(std::string(identifier));
   return found == identifiers_.end() ? XmlNode() : found->second;

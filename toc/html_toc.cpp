@@ -26,7 +26,7 @@ constexpr std::string_view kPathStart = "HREF=\"";
 constexpr std::string_view kFLinkStart = "FLINKVALUE=\"";
 constexpr char kTagStart = '<';
 constexpr char kTagEnd = '>';
-constexpr char kQuote = '"';
+constexpr char kAttributeQuote = '"';
 /// An end mark whose level has one digit, such as `</K1>`.
 constexpr std::size_t kUsualEndMarkLength = 5;
 
@@ -200,7 +200,7 @@ std::optional<std::string_view> valueBehind(std::string_view block, std::string_
     return std::nullopt;
   }
   const std::size_t begin = found + start.size();
-  const std::size_t end = block.find(kQuote, begin);
+  const std::size_t end = block.find(kAttributeQuote, begin);
   return end == kNowhere ? std::nullopt : std::optional(block.substr(begin, end - begin));
 }
 

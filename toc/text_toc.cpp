@@ -10,17 +10,17 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kQuote = "\"";
+constexpr std::string_view kFieldQuote = "\"";
 /// Four fields in eight quotes.
 constexpr std::size_t kPieces = 9;
-enum Piece : std::size_t { kLevel = 1, kName = 3, kFile = 5, kSubLink = 7 };
+enum Piece : std::size_t { kLevelAt = 1, kNameAt = 3, kFileAt = 5, kSubLinkAt = 7 };
 
 constexpr std::string_view kEmptyFile = text(RuleText::kTextTocEmpty);
 constexpr std::string_view kBadHeader = text(RuleText::kTextHeaderForm);
 constexpr std::string_view kBadLine = text(RuleText::kTextLineForm);
 constexpr std::string_view kEmptyLine = text(RuleText::kTextLineEmpty);
-constexpr std::string_view kLevelIsText = text(RuleText::kTextLevelIsText);
-constexpr std::string_view kLevelOutOfSequence = text(RuleText::kTextLevelOutOfSequence);
+constexpr std::string_view kTextLevelIsText = text(RuleText::kTextLevelIsText);
+constexpr std::string_view kTextLevelOutOfSequence = text(RuleText::kTextLevelOutOfSequence);
 constexpr std::string_view kNameIsEmpty = text(RuleText::kTextNameEmpty);
 
 bool follows(int level, int previousLevel) {
@@ -41,14 +41,14 @@ std::optional<TocViolation> checkForm(std::string_view line, const Pieces& piece
 
 bool walkTextToc(TextReader& reader, TextTocListener& listener) {
   TextTocLine line{1, reader.readLine()};
-  if (countPieces(line.text, kQuote) != kPieces) {
+  if (countPieces(line.text, kFieldQuote) != kPieces) {
     listener.refused(line, {std::string(kBadHeader)});
     return false;
   }
   reader.readLine();
   for (line.number = 3; !reader.atEnd(); ++line.number) {
     line.text = reader.readLine();
-    const Pieces pieces(line.text, kQuote);
+    const Pieces pieces(line.text, kFieldQuote);
     if (const auto violation = checkForm(line.text, pieces)) {
       listener.refused(line, *violation);
       return false;
@@ -69,17 +69,17 @@ std::optional<TocViolation> checkTextEntry(std::string_view line,
                                            std::int16_t& previousLevel,
                                            TextTocEntry& entry) {
   try {
-    entry.level = toInteger16(pieces.at(kLevel));
+    entry.level = toInteger16(pieces.at(kLevelAt));
   } catch (const RunTimeError&) {
-    return violationIn(line, kLevelIsText);
+    return violationIn(line, kTextLevelIsText);
   }
   if (!follows(entry.level, previousLevel)) {
-    return violationIn(line, kLevelOutOfSequence);
+    return violationIn(line, kTextLevelOutOfSequence);
   }
   previousLevel = entry.level;
-  entry.name = pieces.at(kName);
-  entry.file = pieces.at(kFile);
-  entry.subLink = pieces.at(kSubLink);
+  entry.name = pieces.at(kNameAt);
+  entry.file = pieces.at(kFileAt);
+  entry.subLink = pieces.at(kSubLinkAt);
   if (entry.name.empty()) {
     return violationIn(line, kNameIsEmpty);
   }

@@ -16,13 +16,14 @@ bool isSeparator(char c) {
   return c == kSeparator || c == '/';
 }
 
-bool isLetter(char c) {
+bool isDriveLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 /// The drive that `name` begins with; empty when it names none.
 std::string_view driveIn(std::string_view name) {
-  const bool hasDrive = name.size() >= kCurrentDrive.size() && isLetter(name[0]) && name[1] == ':';
+  const bool hasDrive =
+      name.size() >= kCurrentDrive.size() && isDriveLetter(name[0]) && name[1] == ':';
   return hasDrive ? name.substr(0, kCurrentDrive.size()) : std::string_view();
 }
 

@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBufferSize = 65'536;
+constexpr std::size_t kWriteSize = 65'536;
 constexpr std::size_t kKernelCopySize = 0x4000'0000;
 constexpr int kMaximumLinks = 40;
 constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
@@ -135,10 +135,10 @@ SiblingReplacement::~SiblingReplacement() {
 
 void SiblingReplacement::write(std::string_view bytes) {
   requireOpen();
-  if (buffer_.size() + bytes.size() > kBufferSize) {
+  if (buffer_.size() + bytes.size() > kWriteSize) {
     flushBuffer();
   }
-  if (bytes.size() >= kBufferSize) {
+  if (bytes.size() >= kWriteSize) {
     writeThrough(bytes);
   } else {
     buffer_.append(bytes);
@@ -177,7 +177,7 @@ void SiblingReplacement::copyFrom(const FileDescriptor& source) {
   }
   // Not every pair of file systems copies by itself. Whatever is left is copied from here, and an
   // error comes up again.
-  std::string chunk(kBufferSize, '\0');
+  std::string chunk(kWriteSize, '\0');
   while (const std::size_t count = readFrom(source, chunk.data(), chunk.size())) {
     write(std::string_view(chunk).substr(0, count));
   }

@@ -16,7 +16,7 @@ namespace {
 constexpr int kAttempts = 10;
 constexpr DWORD kPauseInMilliseconds = 50;
 
-void require(bool success) {
+void requireDone(bool success) {
   if (!success) {
     throw runTimeErrorOf(HRESULT_FROM_WIN32(::GetLastError()));
   }
@@ -36,13 +36,13 @@ using Memory = std::unique_ptr<void, MemoryDeleter>;
 Window makeInvisibleWindow() {
   Window window(
       ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
-  require(window != nullptr);
+  requireDone(window != nullptr);
   return window;
 }
 
 class OpenedClipboard {
  public:
-  explicit OpenedClipboard(HWND window) { require(isOpened(window)); }
+  explicit OpenedClipboard(HWND window) { requireDone(isOpened(window)); }
   ~OpenedClipboard() { ::CloseClipboard(); }
   OpenedClipboard(const OpenedClipboard&) = delete;
   OpenedClipboard& operator=(const OpenedClipboard&) = delete;
@@ -62,9 +62,9 @@ class OpenedClipboard {
 Memory inSharedMemory(const std::wstring& text) {
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   Memory memory(::GlobalAlloc(GMEM_MOVEABLE, bytes));
-  require(memory != nullptr);
+  requireDone(memory != nullptr);
   void* place = ::GlobalLock(memory.get());
-  require(place != nullptr);
+  requireDone(place != nullptr);
   std::memcpy(place, text.c_str(), bytes);
   ::GlobalUnlock(memory.get());
   return memory;
@@ -76,8 +76,8 @@ void putTextOnClipboard(std::string_view text) {
   Memory memory = inSharedMemory(toWide(text));
   const Window window = makeInvisibleWindow();
   const OpenedClipboard clipboard(window.get());
-  require(::EmptyClipboard() != FALSE);
-  require(::SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr);
+  requireDone(::EmptyClipboard() != FALSE);
+  requireDone(::SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr);
   static_cast<void>(memory.release());  // the clipboard's from now on
 }
 

@@ -19,9 +19,8 @@ namespace {
 constexpr std::wstring_view kTemporaryInfix = L".quorbind-";
 constexpr std::wstring_view kTemporaryExtension = L".tmp";
 
-constexpr std::size_t kBufferSize = 65'536;
+constexpr std::size_t kWriteSize = 65'536;
 constexpr std::size_t kLongestName = 255;
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kTemporaryAccess = GENERIC_WRITE | DELETE;
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                   FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
@@ -163,10 +162,10 @@ SiblingReplacement::~SiblingReplacement() {
 
 void SiblingReplacement::write(std::string_view bytes) {
   requireOpen();
-  if (buffer_.size() + bytes.size() > kBufferSize) {
+  if (buffer_.size() + bytes.size() > kWriteSize) {
     flushBuffer();
   }
-  if (bytes.size() >= kBufferSize) {
+  if (bytes.size() >= kWriteSize) {
     writeThrough(bytes);
   } else {
     buffer_.append(bytes);

@@ -11,6 +11,9 @@
 
 namespace quorbind {
 
+/// Others may go on doing with an opened file whatever they do.
+inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// Replaces a file by writing a temporary in the same folder and renaming it over the file.
 ///
 /// The temporary has the old file's attributes and access rights from its beginning; its owner is

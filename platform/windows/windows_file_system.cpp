@@ -18,8 +18,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
 struct CloseSearch {
   void operator()(HANDLE search) const { ::FindClose(search); }
 };

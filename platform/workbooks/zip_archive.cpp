@@ -24,7 +24,7 @@ constexpr std::size_t kEndDirectoryAt = 16;
 constexpr std::size_t kEndCommentAt = 20;
 
 constexpr std::string_view kEntryMark = "PK\x01\x02";
-constexpr std::size_t kEntrySize = 46;
+constexpr std::size_t kDirectoryEntrySize = 46;
 constexpr std::size_t kEntryFlagsAt = 8;
 constexpr std::size_t kEntryMethodAt = 10;
 constexpr std::size_t kEntryChecksumAt = 16;
@@ -50,8 +50,10 @@ constexpr int kRawDeflate = -MAX_WBITS;
   throw WorkbookRefusal(std::string(name).append(" ").append(reason));
 }
 
+}  // namespace
+
 /// zlib's state of unpacking.
-class Inflater {
+class ZipArchive::Inflater {
  public:
   explicit Inflater(std::string_view packed) {
     // zlib does not write to its input, though its type says so.
@@ -84,8 +86,6 @@ class Inflater {
   z_stream stream_{};
   bool atEnd_ = false;
 };
-
-}  // namespace
 
 /// Unpacks one part, holding it against the limits and at its end against its checksum.
 class ZipArchive::PartReader final : public ByteReader {
@@ -204,7 +204,7 @@ std::size_t ZipArchive::addPart(std::size_t position) {
     throw WorkbookRefusal("The list of the file's parts is damaged.");
   }
   const std::size_t nameLength = entry.shortAt(kEntryNameLengthAt);
-  Part part{.name = std::string(entry.part(kEntrySize, nameLength)),
+  Part part{.name = std::string(entry.part(kDirectoryEntrySize, nameLength)),
             .flags = entry.shortAt(kEntryFlagsAt),
             .method = entry.shortAt(kEntryMethodAt),
             .checksum = entry.longAt(kEntryChecksumAt),
@@ -215,7 +215,7 @@ std::size_t ZipArchive::addPart(std::size_t position) {
   if (!parts_.emplace(std::move(key), std::move(part)).second) {
     throw WorkbookRefusal("The list of the file's parts names one of them twice.");
   }
-  return position + kEntrySize + nameLength + entry.shortAt(kEntryExtraLengthAt) +
+  return position + kDirectoryEntrySize + nameLength + entry.shortAt(kEntryExtraLengthAt) +
          entry.shortAt(kEntryCommentLengthAt);
 }
 

@@ -42,6 +42,7 @@ class ZipArchive {
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view name);
 
  private:
+  class Inflater;
   class PartReader;
 
   struct Part {

@@ -1,0 +1,1 @@
+// Stands for the headers that every test includes; see CMakeLists.txt.
