@@ -9,169 +9,13 @@
 #include <libxml/xpath.h>
 #include <limits.h>
 #include <stdbool.h>
-#include <stdint.h>
-#include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-// Reading
-
-typedef struct {
-  char* bytes;
-  size_t size;
-} Text;
-
-static bool readText(const char* path, Text* text) {
-  const int file = open(path, O_RDONLY | O_CLOEXEC);
-  struct stat status;
-  if (file == -1 || fstat(file, &status) != 0) {
-    return false;
-  }
-  text->bytes = malloc((size_t)status.st_size + 1);
-  text->size = 0;
-  ssize_t count = 1;
-  while (count > 0 && text->size < (size_t)status.st_size) {
-    count = read(file, text->bytes + text->size, (size_t)status.st_size - text->size);
-    text->size += count > 0 ? (size_t)count : 0;
-  }
-  text->bytes[text->size] = '\0';
-  return close(file) == 0 && count >= 0;
-}
-
-/// Takes the next line off `rest`, without its end; false when there is none.
-static bool takeLine(Text* rest, Text* line) {
-  if (rest->size == 0) {
-    return false;
-  }
-  const char* feed = memchr(rest->bytes, '\n', rest->size);
-  const size_t taken = feed == NULL ? rest->size : (size_t)(feed - rest->bytes) + 1;
-  line->bytes = rest->bytes;
-  line->size = feed == NULL ? taken : taken - 1;
-  if (line->size > 0 && line->bytes[line->size - 1] == '\r') {
-    --line->size;
-  }
-  rest->bytes += taken;
-  rest->size -= taken;
-  return true;
-}
-
-/// Cuts `line` at every separator into at most `room` pieces. Answers how many there are in all.
-static size_t cut(Text line, const char* separator, Text* pieces, size_t room) {
-  const size_t width = strlen(separator);
-  size_t count = 0;
-  for (;;) {
-    const char* found = width == 1 ? memchr(line.bytes, separator[0], line.size)
-                                   : memmem(line.bytes, line.size, separator, width);
-    const size_t length = found == NULL ? line.size : (size_t)(found - line.bytes);
-    if (count < room) {
-      pieces[count] = (Text){line.bytes, length};
-    }
-    ++count;
-    if (found == NULL) {
-      return count;
-    }
-    line.bytes += length + width;
-    line.size -= length + width;
-  }
-}
-
-// Replacing
-
-typedef struct {
-  const char* path;
-  char temporary[PATH_MAX];
-  int file;
-  bool failed;
-  size_t used;
-  char buffer[64 * 1024];
-} Output;
-
-static bool beginOutput(Output* output, const char* path) {
-  output->path = path;
-  output->failed = false;
-  output->used = 0;
-  snprintf(output->temporary, sizeof output->temporary, "%s.floor.tmp", path);
-  output->file = open(output->temporary, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  return output->file != -1;
-}
-
-static void drain(Output* output) {
-  size_t written = 0;
-  while (written < output->used && !output->failed) {
-    const ssize_t count = write(output->file, output->buffer + written, output->used - written);
-    output->failed = count < 0;
-    written += count < 0 ? 0 : (size_t)count;
-  }
-  output->used = 0;
-}
-
-static bool flushFolderOf(const char* path) {
-  char folder[PATH_MAX];
-  snprintf(folder, sizeof folder, "%s", path);
-  *strrchr(folder, '/') = '\0';
-  const int file = open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  return file != -1 && fsync(file) == 0 && close(file) == 0;
-}
-
-static bool endOutput(Output* output) {
-  drain(output);
-  return !output->failed && fsync(output->file) == 0 && close(output->file) == 0 &&
-         rename(output->temporary, output->path) == 0 && flushFolderOf(output->path);
-}
-
-// Writing UTF-16
-
-static void putUnit(Output* output, unsigned unit) {
-  if (output->used + 2 > sizeof output->buffer) {
-    drain(output);
-  }
-  output->buffer[output->used++] = (char)(unit & 0xFFU);
-  output->buffer[output->used++] = (char)(unit >> 8U);
-}
-
-static void putAscii(Output* output, const char* text) {
-  for (; *text != '\0'; ++text) {
-    putUnit(output, (unsigned char)*text);
-  }
-}
-
-/// The character that `text` begins with; the text is known to be well formed and to stay below
-/// U+10000.
-static unsigned takeCharacter(Text* text) {
-  const unsigned char* bytes = (const unsigned char*)text->bytes;
-  const unsigned length = bytes[0] < 0x80 ? 1 : bytes[0] < 0xE0 ? 2 : 3;
-  unsigned character = length == 1 ? bytes[0] : bytes[0] & (0xFFU >> (length + 1));
-  for (unsigned at = 1; at < length; ++at) {
-    character = character << 6U | (bytes[at] & 0x3FU);
-  }
-  text->bytes += length;
-  text->size -= length;
-  return character;
-}
-
-static void putText(Output* output, Text text) {
-  while (text.size > 0) {
-    const unsigned character = takeCharacter(&text);
-    switch (character) {
-      case '&':
-        putAscii(output, "&amp;");
-        break;
-      case '<':
-        putAscii(output, "&lt;");
-        break;
-      case '>':
-        putAscii(output, "&gt;");
-        break;
-      case '"':
-        putAscii(output, "&quot;");
-        break;
-      default:
-        putUnit(output, character);
-    }
-  }
-}
+#include "bench/floor_files.h"
 
 static void putLineStart(Output* output, long depth) {
   putAscii(output, "\r\n");
@@ -180,10 +24,8 @@ static void putLineStart(Output* output, long depth) {
   }
 }
 
-// The stages
-
-long floorCheck(const char* tocPath) {
-  enum { kPieces = 9, kLevel = 1, kName = 3 };
+long floorCheck(const char* tocPath, const char* folder) {
+  enum { kPieces = 9, kLevel = 1, kName = 3, kFile = 5 };
   Text toc;
   if (!readText(tocPath, &toc)) {
     return -1;
@@ -203,6 +45,9 @@ long floorCheck(const char* tocPath) {
     const long level = strtol(pieces[kLevel].bytes, NULL, 10);
     valid = level >= 1 && level - previous <= 1 && (level != 1 || previous == 0) &&
             pieces[kName].size > 0;
+    if (folder != NULL) {
+      hasFile(folder, pieces[kFile]);
+    }
     previous = level;
     ++entries;
   }
@@ -219,37 +64,40 @@ long floorLookUps(const char* const* paths, size_t count) {
   return found;
 }
 
-static Text behindLast(Text text, char separator) {
-  const char* found = memrchr(text.bytes, separator, text.size);
-  if (found == NULL) {
-    return text;
-  }
-  return (Text){(char*)found + 1, text.size - (size_t)(found + 1 - text.bytes)};
+static bool isNoLink(Text link) {
+  static const char kNoLink[] = "#NoLink#";
+  return link.size == sizeof kNoLink - 1 && memcmp(link.bytes, kNoLink, link.size) == 0;
 }
 
 static void putHeading(Output* output, long depth, const Text* fields) {
-  enum { kLevel = 1, kName = 3, kFile = 5, kSubLink = 7 };
+  enum { kLevel = 1, kName = 3, kFile = 5, kSubLink = 7, kFLink = 9 };
   char level[32];
   snprintf(level, sizeof level, "H%ld", strtol(fields[kLevel].bytes, NULL, 10) - 1);
   putLineStart(output, depth);
   putAscii(output, "<Heading level=\"");
   putAscii(output, level);
   putAscii(output, "\" type=\"");
-  putText(output, behindLast(fields[kFile], '.'));
+  putEscaped(output, behindLast(fields[kFile], '.'));
   putAscii(output, "\">");
   putLineStart(output, depth + 1);
-  putAscii(output, "<HName>");
-  putText(output, fields[kName]);
+  putAscii(output, "<HName");
+  if (!isNoLink(fields[kFLink])) {
+    putAscii(output, " FLinkValue=\"");
+    putEscaped(output, fields[kFLink]);
+    putAscii(output, "\"");
+  }
+  putAscii(output, ">");
+  putEscaped(output, fields[kName]);
   putAscii(output, "</HName>");
   putLineStart(output, depth + 1);
   putAscii(output, "<HFile");
   if (fields[kSubLink].size > 0) {
     putAscii(output, " BookMark=\"");
-    putText(output, fields[kSubLink]);
+    putEscaped(output, fields[kSubLink]);
     putAscii(output, "\"");
   }
   putAscii(output, ">");
-  putText(output, behindLast(fields[kFile], '\\'));
+  putEscaped(output, behindLast(behindLast(fields[kFile], '\\'), '/'));
   putAscii(output, "</HFile>");
 }
 
@@ -345,15 +193,29 @@ long floorCopyFolder(const char* from, const char* to) {
   return syncfs(target) == 0 && close(target) == 0 && closedir(folder) == 0 ? files : -1;
 }
 
-static void countHeadingFile(void* counter,
-                             const xmlChar* name,
-                             const xmlChar* prefix,
-                             const xmlChar* uri,
-                             int namespaceCount,
-                             const xmlChar** namespaces,
-                             int attributeCount,
-                             int defaultedCount,
-                             const xmlChar** attributes) {
+/// What a scan of a book file knows.
+typedef struct {
+  /// Where the headings' files are looked for; NULL for nowhere.
+  const char* folder;
+  long files;
+  bool isInFile;
+  char name[NAME_MAX + 1];
+  size_t size;
+} Scan;
+
+static bool isHeadingFile(const xmlChar* name) {
+  return strcmp((const char*)name, "HFile") == 0;
+}
+
+static void beginElement(void* data,
+                         const xmlChar* name,
+                         const xmlChar* prefix,
+                         const xmlChar* uri,
+                         int namespaceCount,
+                         const xmlChar** namespaces,
+                         int attributeCount,
+                         int defaultedCount,
+                         const xmlChar** attributes) {
   (void)prefix;
   (void)uri;
   (void)namespaceCount;
@@ -361,22 +223,46 @@ static void countHeadingFile(void* counter,
   (void)attributeCount;
   (void)defaultedCount;
   (void)attributes;
-  *(long*)counter += strcmp((const char*)name, "HFile") == 0;
+  Scan* scan = data;
+  scan->isInFile = isHeadingFile(name);
+  scan->size = 0;
 }
 
-static void ignoreText(void* counter, const xmlChar* text, int length) {
-  (void)counter;
+static void endElement(void* data, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri) {
+  (void)prefix;
+  (void)uri;
+  Scan* scan = data;
+  if (isHeadingFile(name)) {
+    ++scan->files;
+    if (scan->folder != NULL) {
+      hasFile(scan->folder, (Text){scan->name, scan->size});
+    }
+  }
+  scan->isInFile = false;
+}
+
+static void takeText(void* data, const xmlChar* text, int length) {
+  Scan* scan = data;
+  if (scan->isInFile && scan->size + (size_t)length < sizeof scan->name) {
+    memcpy(scan->name + scan->size, text, (size_t)length);
+    scan->size += (size_t)length;
+  }
+}
+
+static void ignoreText(void* data, const xmlChar* text, int length) {
+  (void)data;
   (void)text;
   (void)length;
 }
 
-long floorScan(const char* bookPath) {
+long floorScan(const char* bookPath, const char* folder) {
   xmlSAXHandler handler = {.initialized = XML_SAX2_MAGIC,
-                           .startElementNs = countHeadingFile,
-                           .characters = ignoreText,
+                           .startElementNs = beginElement,
+                           .endElementNs = endElement,
+                           .characters = takeText,
                            .ignorableWhitespace = ignoreText};
-  long files = 0;
-  return xmlSAXUserParseFile(&handler, &files, bookPath) == 0 ? files : -1;
+  Scan scan = {.folder = folder};
+  return xmlSAXUserParseFile(&handler, &scan, bookPath) == 0 ? scan.files : -1;
 }
 
 static xmlNode* findChild(xmlNode* parent, const char* name) {
@@ -417,6 +303,30 @@ static long countEntries(xmlDoc* document) {
   return (long)xmlChildElementCount(list);
 }
 
+/// How many nodes a query finds, each of whose text is taken.
+static long countTexts(xmlDoc* document, const char* query) {
+  xmlXPathContext* context = xmlXPathNewContext(document);
+  context->node = (xmlNode*)document;
+  xmlXPathObject* found = xmlXPathEval((const xmlChar*)query, context);
+  long count = found == NULL ? -1 : 0;
+  const xmlNodeSet* nodes = found == NULL ? NULL : found->nodesetval;
+  for (; nodes != NULL && count < nodes->nodeNr; ++count) {
+    xmlFree(xmlNodeGetContent(nodes->nodeTab[count]));
+  }
+  xmlXPathFreeObject(found);
+  xmlXPathFreeContext(context);
+  return count;
+}
+
+long floorParse(const char* path) {
+  xmlDoc* document = xmlReadFile(path, NULL, 0);
+  if (document == NULL) {
+    return -1;
+  }
+  xmlFreeDoc(document);
+  return 0;
+}
+
 long floorLoad(const char* path) {
   xmlDoc* document = loadDocument(path);
   if (document == NULL) {
@@ -432,22 +342,56 @@ long floorQuery(const char* path, const char* query) {
   if (document == NULL) {
     return -1;
   }
-  xmlXPathContext* context = xmlXPathNewContext(document);
-  context->node = (xmlNode*)document;
-  xmlXPathObject* found = xmlXPathEval((const xmlChar*)query, context);
-  const long count = found == NULL ? -1 : xmlXPathNodeSetGetLength(found->nodesetval);
-  xmlXPathFreeObject(found);
-  xmlXPathFreeContext(context);
+  const long count = countTexts(document, query);
   xmlFreeDoc(document);
   return count;
 }
 
+/// Looks for every file that an element `HFile` below `node` names. Answers how many there are.
+static long lookUpFiles(const xmlNode* node, const char* folder) {
+  long files = 0;
+  for (; node != NULL; node = node->next) {
+    if (node->type != XML_ELEMENT_NODE) {
+      continue;
+    }
+    if (isHeadingFile(node->name)) {
+      xmlChar* name = xmlNodeGetContent(node);
+      hasFile(folder, (Text){(char*)name, strlen((const char*)name)});
+      xmlFree(name);
+      ++files;
+    } else {
+      files += lookUpFiles(node->children, folder);
+    }
+  }
+  return files;
+}
+
+long floorBookFile(const char* bookPath, const char* folder) {
+  static const char* const kTaken[] = {
+      "Book_Master/Book/Book_Name", "Book_Master/Book/Book_Acro", "Book_Master/Book/Book_Path"};
+  xmlDoc* document = loadDocument(bookPath);
+  if (document == NULL) {
+    return -1;
+  }
+  bool isWhole = true;
+  for (size_t i = 0; i < sizeof kTaken / sizeof *kTaken; ++i) {
+    isWhole = countTexts(document, kTaken[i]) == 1 && isWhole;
+  }
+  const long files = lookUpFiles(xmlDocGetRootElement(document), folder);
+  xmlFreeDoc(document);
+  return isWhole ? files : -1;
+}
+
 long floorLoadAndSave(const char* path) {
+  return floorLoadAndSaveAs(path, path);
+}
+
+long floorLoadAndSaveAs(const char* path, const char* as) {
   xmlDoc* document = loadDocument(path);
   if (document == NULL) {
     return -1;
   }
-  const long count = saveDocument(document, path) ? countEntries(document) : -1;
+  const long count = saveDocument(document, as) ? countEntries(document) : -1;
   xmlFreeDoc(document);
   return count;
 }
@@ -473,4 +417,20 @@ long floorCatalogue(const char* cataloguePath) {
   }
   xmlFreeDoc(document);
   return count;
+}
+
+static int compareTexts(const void* left, const void* right) {
+  return strcasecmp(*(const char* const*)left, *(const char* const*)right);
+}
+
+long floorSort(const char* const* texts, size_t count) {
+  const char** sorted = malloc((count + 1) * sizeof *sorted);
+  memcpy(sorted, texts, count * sizeof *sorted);
+  qsort(sorted, count, sizeof *sorted, compareTexts);
+  long ordered = count > 0 ? 1 : 0;
+  for (size_t i = 1; i < count; ++i) {
+    ordered += strcasecmp(sorted[i - 1], sorted[i]) <= 0;
+  }
+  free(sorted);
+  return ordered;
 }

@@ -14,14 +14,24 @@ extern "C" {
 #endif
 
 /// Reads a text table of contents, cuts every line at its quotes and holds the levels against their
-/// sequence. Answers the number of entries.
-long floorCheck(const char* tocPath);
+/// sequence. Answers the number of entries. With a `folder` every document is looked for in it.
+long floorCheck(const char* tocPath, const char* folder);
+
+/// Reads a page with its headings' marks, looks for every document in `folder` and writes the
+/// export, byte for byte the component's for a page whose headings differ from each other. Answers
+/// the number of headings.
+long floorPage(const char* pagePath, const char* exportPath, const char* folder);
+
+/// Loads a book file, takes what it tells of its book, and looks for every heading's file in
+/// `folder`. Answers the number of those files.
+long floorBookFile(const char* bookPath, const char* folder);
 
 /// Looks for files by name, one call of the system for each. Answers how many are there.
 long floorLookUps(const char* const* paths, size_t count);
 
-/// Turns a table of contents into the book XML file `bookPath`, byte for byte the component's, with
-/// the `beginning` in UTF-8 up to the first heading. Answers the number of headings.
+/// Turns a prepared table of contents, or an export, into the book XML file `bookPath`, byte for
+/// byte the component's, with the `beginning` in UTF-8 up to the first heading. Answers the number
+/// of headings.
 long floorBookXml(const char* tocPath, const char* bookPath, const char* beginning);
 
 /// Replaces the file `to` by a copy of the file `from`. Answers 0.
@@ -32,17 +42,27 @@ long floorCopy(const char* from, const char* to);
 long floorCopyFolder(const char* from, const char* to);
 
 /// Reads a book XML file once, element by element. Answers the number of headings' files in it.
-long floorScan(const char* bookPath);
+/// With a `folder` each is looked for in it.
+long floorScan(const char* bookPath, const char* folder);
 
-/// Loads a document and forgets it. Answers how many elements there are in its list, which is the
-/// root or the only element in the root.
+/// Parses a document as the library does by itself, with the nodes that only lay it out, and
+/// forgets it. Answers 0.
+long floorParse(const char* path);
+
+/// Loads a document without its layout and forgets it. Answers how many elements there are in its
+/// list, which is the root or the only element in the root.
 long floorLoad(const char* path);
 
-/// Loads a document and asks it one XPath query. Answers how many nodes that finds.
+/// Loads a document, asks it one XPath query and takes the text of every node that this finds.
+/// Answers how many there are.
 long floorQuery(const char* path, const char* query);
 
 /// Loads a document and saves it, laid out anew. Answers what floorLoad answers.
 long floorLoadAndSave(const char* path);
+long floorLoadAndSaveAs(const char* path, const char* as);
+
+/// Sorts texts in ASCII without regard to letter case. Answers how many stand in their order then.
+long floorSort(const char* const* texts, size_t count);
 
 /// Loads the catalogue, adds a book to it and saves it. Answers the number of books in it then.
 long floorCatalogue(const char* cataloguePath);

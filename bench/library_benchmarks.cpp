@@ -1,74 +1,17 @@
 // What a host does with a library's catalogue, and with the list of libraries.
 
 #include <array>
-#include <filesystem>
-#include <memory>
 #include <string>
 
 #include "bench/benchmarks.h"
-#include "bench/floor.h"
-#include "bench/library_sample.h"
-#include "catalogue/book_config.h"
-#include "catalogue/names.h"
+#include "bench/store.h"
 
 namespace quorbind::bench {
 
 namespace {
 
-constexpr std::array<std::size_t, 3> kSizes{100, 1'000, 10'000};
-constexpr std::size_t kCategoriesOfBook = 3;
-constexpr const char* kLink = "service.htm";
 constexpr const char* kNewName = "Renamed";
 constexpr const char* kNewAcronym = "REN";
-constexpr const char* kNewBookFolder = "Docs/Plant/REN";
-
-/// A server with as many libraries as one of them has books, and that library with its book files.
-class Library {
- public:
-  explicit Library(std::size_t bookCount)
-      : books(bookCount),
-        catalogue_(catalogueOf(books, kCategoriesOfBook, "")),
-        lastBookFile_(contentOfBook(lastBook())) {
-    world.disk.write(kSelectionListFile, selectionListOf(books));
-    world.disk.write(kOtherCatalogueFile, catalogueOf(books, kCategoriesOfBook, kLink));
-    world.disk.write(kDocumentFile, "");
-    for (std::size_t book = 0; book < books; ++book) {
-      world.disk.write(fileOfBook(book), contentOfBook(book));
-    }
-    reset();
-  }
-
-  void reset() {
-    std::filesystem::remove_all(systemPath(kLibraryFolder + acronymOfBook(lastBook())));
-    std::filesystem::remove_all(systemPath(kNewBookFolder));
-    world.disk.write(fileOfBook(lastBook()), lastBookFile_);
-    world.disk.write(kLibraryCatalogueFile, catalogue_);
-    world.user.forget();
-    world.state() = {};
-  }
-
-  /// The one that a search comes to last.
-  [[nodiscard]] std::size_t lastBook() const { return books - 1; }
-  [[nodiscard]] std::string lastName() const { return nameOfBook(lastBook()); }
-  [[nodiscard]] std::string systemPath(std::string_view name) const {
-    return systemPathOf(world, name);
-  }
-  [[nodiscard]] bool isQuiet() const { return world.user.messages().empty(); }
-  /// Whether the catalogue was saved, and nothing was told.
-  [[nodiscard]] bool wasChanged() const {
-    return isQuiet() && world.disk.read(kLibraryCatalogueFile) != catalogue_;
-  }
-
-  const std::size_t books;
-  testing::World world;
-  Book_Config config{world.module};
-
- private:
-  const std::string catalogue_;
-  const std::string lastBookFile_;
-};
-
-// The component's side
 
 bool bookInfo(Library& library) {
   return library.config.BookInfo(kLibraryCatalogue).size() == library.books + 1;
@@ -99,10 +42,32 @@ bool quorLocation(Library& library) {
   return library.config.QuorLocation(kLibrary) == kLibraryCatalogue;
 }
 
-bool renameBook(Library& library) {
+bool checkForBook(Library& library) {
+  return library.book.mbCheckQuorTOCForBook(kLibraryCatalogue, kNewName, kNewAcronym) &&
+         library.isQuiet();
+}
+
+/// Both are known, so that the dialog stays away.
+bool askForBook(Library& library) {
+  library.world.state().currentBookName = kNewName;
+  library.world.state().currentBookAcro = kNewAcronym;
+  return library.book.mbGetFormInput(kLibraryCatalogue, TocCheck::kText) && library.isQuiet();
+}
+
+void fillForm(Library& library) {
   frmBookInfo& form = library.world.module.bookInfo;
   form.txtBookName().setText(kNewName);
   form.txtBookAcro().setText(kNewAcronym);
+}
+
+bool renameInBookFile(Library& library) {
+  fillForm(library);
+  library.config.UpdateBookNameAcro(kLargeBook, nameOfBook(0), acronymOfBook(0));
+  return library.isQuiet();
+}
+
+bool renameBook(Library& library) {
+  fillForm(library);
   library.config.strBookAcroInfo(kLibraryCatalogue, library.lastName());
   return library.isQuiet();
 }
@@ -138,88 +103,30 @@ bool mergeBooks(Library& library) {
   return library.isQuiet();
 }
 
-// The floor's side
-
-bool loadCatalogue(Library& library) {
-  return counted(floorLoad(library.systemPath(kLibraryCatalogueFile).c_str()), library.books);
-}
-
-bool queryCatalogue(Library& library) {
-  const std::string query = std::string(catalogue_names::kBookPath) + "[" +
-                            std::string(catalogue_names::kName) + "=\"" + library.lastName() +
-                            "\"]";
-  return counted(floorQuery(library.systemPath(kLibraryCatalogueFile).c_str(), query.c_str()), 1);
-}
-
-bool saveCatalogue(Library& library) {
-  return counted(floorLoadAndSave(library.systemPath(kLibraryCatalogueFile).c_str()),
-                 library.books);
-}
-
-bool saveLastBook(Library& library) {
-  return floorLoadAndSave(library.systemPath(fileOfBook(library.lastBook())).c_str()) >= 0;
-}
-
-bool copyDocument(Library& library) {
-  return counted(floorCopy(library.systemPath(kDocumentFile).c_str(),
-                           library.systemPath(std::string(kLibraryFolder) + kDocumentFile).c_str()),
-                 0);
-}
-
-bool loadSelectionList(Library& library) {
-  return counted(floorLoad(library.systemPath(kSelectionListFile).c_str()), library.books);
-}
-
-/// Documents are found to be no XML.
-bool saveBooks(Library& library) {
-  for (std::size_t book = 0; book < library.books; ++book) {
-    const bool isSaved = floorLoadAndSave(library.systemPath(fileOfBook(book)).c_str()) >= 0;
-    if (isSaved != hasBookXml(book)) {
-      return false;
-    }
-  }
-  return true;
-}
-
-struct Operation {
-  const char* name;
-  bool (*run)(Library&);
-};
-
+using LibraryOperation = Operation<Library>;
 constexpr std::array kOperations{
-    Operation{"component/library/BookInfo", bookInfo},
-    Operation{"component/library/CategorieInfo", categorieInfo},
-    Operation{"component/library/strFolderLinkInfo", folderLinkInfo},
-    Operation{"component/library/GetBookAcro", getBookAcro},
-    Operation{"component/library/QuorNames", quorNames},
-    Operation{"component/library/QuorLocation", quorLocation},
-    Operation{"component/library/strBookAcroInfo", renameBook},
-    Operation{"component/library/DeleteQuorNode", deleteBook},
-    Operation{"component/library/mbsetQuorBookProperties", setProperties},
-    Operation{"component/library/CreateQuorBookNodeForSEntry", installBook},
-    Operation{"component/library/strMatchingBooksInfo", mergeBooks},
-    Operation{"floor/library/load", loadCatalogue},
-    Operation{"floor/library/query", queryCatalogue},
-    Operation{"floor/library/load-and-save", saveCatalogue},
-    Operation{"floor/library/book", saveLastBook},
-    Operation{"floor/library/books", saveBooks},
-    Operation{"floor/library/document", copyDocument},
-    Operation{"floor/library/selection", loadSelectionList},
+    LibraryOperation{"component/library/BookInfo", bookInfo},
+    LibraryOperation{"component/library/CategorieInfo", categorieInfo},
+    LibraryOperation{"component/library/strFolderLinkInfo", folderLinkInfo},
+    LibraryOperation{"component/library/GetBookAcro", getBookAcro},
+    LibraryOperation{"component/library/QuorNames", quorNames},
+    LibraryOperation{"component/library/QuorLocation", quorLocation},
+    LibraryOperation{"component/library/mbCheckQuorTOCForBook", checkForBook},
+    LibraryOperation{"component/library/mbGetFormInput", askForBook},
+    LibraryOperation{"component/library/strBookAcroInfo", renameBook},
+    LibraryOperation{"component/library/UpdateBookNameAcro",
+                     renameInBookFile,
+                     [](Library& library) { library.resetLargeBook(); }},
+    LibraryOperation{"component/library/DeleteQuorNode", deleteBook},
+    LibraryOperation{"component/library/mbsetQuorBookProperties", setProperties},
+    LibraryOperation{"component/library/CreateQuorBookNodeForSEntry", installBook},
+    LibraryOperation{"component/library/strMatchingBooksInfo", mergeBooks},
 };
 
 }  // namespace
 
-void registerLibraryOperations() {
-  const auto libraries = std::make_shared<MadeOnce<Library>>();
-  for (const Operation& operation : kOperations) {
-    for (const std::size_t books : kSizes) {
-      registerWork(
-          operation.name,
-          books,
-          {.reset = [libraries, books] { libraries->at(books).reset(); },
-           .run = [libraries, &operation, books] { return operation.run(libraries->at(books)); }});
-    }
-  }
+void registerLibraryOperations(const Store& store) {
+  registerOperations(store.libraries, kOperations, kSizes);
 }
 
 }  // namespace quorbind::bench

@@ -58,6 +58,29 @@ void writeBookEntry(XmlWriter& writer,
   writer.endElement();
 }
 
+std::string bookXmlOf(std::size_t book, std::size_t headings) {
+  using namespace book_names;
+  return fileWith([&](XmlWriter& writer) {
+    writer.startElement(kMaster);
+    writer.startElement(kBook);
+    writer.textElement(kName, nameOfBook(book));
+    writer.textElement(kAcro, acronymOfBook(book));
+    writer.startElement(kKey);
+    writer.attribute(kKeyId, "");
+    writer.endElement();
+    writer.startElement(kCategories);
+    writer.endElement();
+    writer.endElement();
+    writer.startElement(kHeadings);
+    for (std::size_t heading = 0; heading < headings; ++heading) {
+      writer.startElement(kHeading);
+      writer.textElement(kHeadingName, numbered("Setting ", heading));
+      writer.textElement(kHeadingFile, numbered("page", heading) + ".htm");
+      writer.endElement();
+    }
+  });
+}
+
 }  // namespace
 
 std::string nameOfBook(std::size_t book) {
@@ -69,7 +92,7 @@ std::string acronymOfBook(std::size_t book) {
 }
 
 bool hasBookXml(std::size_t book) {
-  constexpr std::size_t kBooksPerBookXml = 100;
+  constexpr std::size_t kBooksPerBookXml = 1'000;
   return book % kBooksPerBookXml == kBooksPerBookXml - 1;
 }
 
@@ -115,26 +138,11 @@ std::string catalogueOf(std::size_t books, std::size_t categoriesOfEach, std::st
 }
 
 std::string contentOfBook(std::size_t book) {
-  using namespace book_names;
-  if (!hasBookXml(book)) {
-    return "%PDF-1.7";
-  }
-  return fileWith([&](XmlWriter& writer) {
-    writer.startElement(kMaster);
-    writer.startElement(kBook);
-    writer.textElement(kName, nameOfBook(book));
-    writer.textElement(kAcro, acronymOfBook(book));
-    writer.startElement(kKey);
-    writer.attribute(kKeyId, "");
-    writer.endElement();
-    writer.startElement(kCategories);
-    writer.endElement();
-    writer.endElement();
-    writer.startElement(kHeadings);
-    writer.startElement(kHeading);
-    writer.textElement(kHeadingName, "Introduction");
-    writer.textElement(kHeadingFile, "intro.htm");
-  });
+  return hasBookXml(book) ? bookXmlOf(book, /*headings=*/1) : "%PDF-1.7";
+}
+
+std::string bookFileOf(std::size_t headings) {
+  return bookXmlOf(/*book=*/0, headings);
 }
 
 std::string categoriesFileOf(std::size_t books) {
@@ -151,6 +159,17 @@ std::string categoriesFileOf(std::size_t books) {
     }
     writer.startElement(kCategory);
     writer.textElement(kName, kOther);
+  });
+}
+
+std::string defaultCategoriesOf(std::size_t categories) {
+  using namespace default_category_names;
+  return fileWith([&](XmlWriter& writer) {
+    writer.startElement(kDefaults);
+    writer.startElement(kDeveloper);
+    for (std::size_t category = 0; category < categories; ++category) {
+      writer.textElement(kName, nameOfCategory(category));
+    }
   });
 }
 

@@ -9,7 +9,7 @@
 namespace quorbind::bench {
 
 /// How many categories the library has besides the one for books without any.
-inline constexpr std::size_t kCategoryCount = 50;
+inline constexpr std::size_t kCategoryCount = 10;
 
 // The files of a library, as the system has them, and as the component is told them.
 inline constexpr const char* kLibrary = "Plant";
@@ -19,6 +19,11 @@ inline constexpr const char* kLibraryCatalogueFile = "Docs/Plant/Quor_TOC.xml";
 inline constexpr const char* kLibraryCatalogue = R"(C:\Docs\Plant\Quor_TOC.xml)";
 inline constexpr const char* kOtherCatalogueFile = "Other.xml";
 inline constexpr const char* kOtherCatalogue = R"(C:\Other.xml)";
+inline constexpr const char* kLargeBookFile = "Book_B0.xml";
+inline constexpr const char* kLargeBook = R"(C:\Book_B0.xml)";
+inline constexpr const char* kDefaultsFile = "Docs/Quor_DefaultCategories.xml";
+inline constexpr const char* kDefaultsPath = R"(C:\Docs\Quor_DefaultCategories.xml)";
+inline constexpr const char* kServerFolder = R"(C:\Docs\)";
 inline constexpr const char* kCategoriesFile = "Docs/Plant/Quor_BookCategories.xml";
 inline constexpr const char* kCategoriesPath = R"(C:\Docs\Plant\Quor_BookCategories.xml)";
 inline constexpr const char* kKeywordsFile = "Docs/Plant/Quor_SearchKeywords.xml";
@@ -31,7 +36,7 @@ inline constexpr const char* kLinksPath = R"(C:\Docs\Plant\Quor_LinkID.xml)";
 // The texts of the n-th book, from 0.
 std::string nameOfBook(std::size_t book);
 std::string acronymOfBook(std::size_t book);
-/// Whether it has a book XML file: every hundredth has, the others are single documents. A merge
+/// Whether it has a book XML file: every thousandth has, the others are single documents. A merge
 /// that rewrote more of them would be a measure of flushing small files.
 bool hasBookXml(std::size_t book);
 /// Its file, as the system has it.
@@ -44,6 +49,10 @@ std::string identifierOf(std::size_t index);
 std::string selectionListOf(std::size_t libraries);
 std::string catalogueOf(std::size_t books, std::size_t categoriesOfEach, std::string_view link);
 std::string contentOfBook(std::size_t book);
+/// The book XML file of the first book, with so many headings.
+std::string bookFileOf(std::size_t headings);
+/// So many categories for a new library.
+std::string defaultCategoriesOf(std::size_t categories);
 std::string categoriesFileOf(std::size_t books);
 std::string keywordsFileOf(std::size_t keywords);
 std::string linksFileOf(std::size_t identifiers);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "bench/benchmarks.h"
+#include "bench/store.h"
 
 namespace quorbind::bench {
 
@@ -24,13 +25,22 @@ void measure(benchmark::State& state, const Work& work) {
   }
 }
 
+/// How often a work is done for one time. A number of seconds would not do: what waits for the disk
+/// takes none of the processor's, and would be done again and again.
+benchmark::IterationCount iterationsOf(std::size_t size) {
+  constexpr std::size_t kSmall = 1'000;
+  constexpr std::size_t kMiddle = 30'000;
+  return size <= kSmall ? 8 : size <= kMiddle ? 2 : 1;
+}
+
 }  // namespace
 
 void registerWork(std::string_view name, std::size_t entries, Work work) {
   const std::string fullName = std::string(name) + "/" + std::to_string(entries);
-  benchmark::RegisterBenchmark(fullName.c_str(), [work = std::move(work)](benchmark::State& state) {
-    measure(state, work);
-  })->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark(
+      fullName.c_str(), [work = std::move(work)](benchmark::State& state) { measure(state, work); })
+      ->Iterations(iterationsOf(entries))
+      ->Unit(benchmark::kMillisecond);
 }
 
 }  // namespace quorbind::bench
@@ -40,10 +50,7 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
     return 1;
   }
-  quorbind::bench::registerAdditions();
-  quorbind::bench::registerCopying();
-  quorbind::bench::registerLibraryOperations();
-  quorbind::bench::registerSideFileOperations();
+  quorbind::bench::registerBenchmarks(quorbind::bench::Store());
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   return 0;

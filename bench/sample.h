@@ -1,8 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
+#include <memory>
 #include <string>
+#include <utility>
 
+#include "bench/toc_texts.h"
 #include "tests/support/world.h"
 
 namespace quorbind::bench {
@@ -11,7 +15,8 @@ namespace quorbind::bench {
 enum class Documents { kMissing, kStanding };
 
 /// What one addition starts from, on a disk of its own: a table of contents as it reaches the
-/// component, with one document for each entry, and a library with one book in it.
+/// component, and a library with one book in it. Where the documents are missing, there are also a
+/// page and a book file with the same headings, and pages that are hard to read.
 ///
 /// The copy to the library finds no document, whatever the check found: the check looks from the
 /// root of the drive, the copy beside the table. So what is measured is looking documents up, and
@@ -23,28 +28,18 @@ class Sample {
   [[nodiscard]] std::size_t entries() const { return entries_; }
   [[nodiscard]] std::size_t headings() const { return entries_ - 1; }
   [[nodiscard]] Documents documents() const { return documents_; }
-  /// The document of the entry that is the `index`-th from 0, without its folder.
-  [[nodiscard]] static std::string documentOf(std::size_t index);
-  /// The size of the table of contents in bytes.
-  [[nodiscard]] std::size_t tocSize() const;
 
   /// The system's path of a file on the disk, named with `/`.
   [[nodiscard]] std::string systemPath(std::string_view name) const;
 
-  /// Writes the same headings as an HTML page.
-  void writePage() const;
-  /// Writes as many headings that read alike from their last start mark on, as an HTML page.
-  void writePageOfLikeEnds() const;
-  /// Writes a single heading with as many tags in its title that read alike from their last bracket
-  /// on, as an HTML page.
-  void writePageOfTags() const;
   /// Puts the library back to one book.
-  void resetLibrary() const;
+  void resetLibrary();
 
   testing::World world;
 
  private:
-  void writeToc() const;
+  void write(const char* name, void (*text)(std::ostream&, std::size_t)) const;
+  void writeOtherKinds();
   void writeDocuments() const;
 
   std::size_t entries_;
@@ -60,7 +55,8 @@ inline constexpr const char* kPageOfLikeEndsFile = "in/ends.htm";
 inline constexpr const char* kPageOfLikeEnds = R"(C:\in\ends.htm)";
 inline constexpr const char* kPageOfTagsFile = "in/tags.htm";
 inline constexpr const char* kPageOfTags = R"(C:\in\tags.htm)";
-inline constexpr const char* kBookFolder = "Manual";
+inline constexpr const char* kBookTocFile = "in/book.xml";
+inline constexpr const char* kBookToc = R"(C:\in\book.xml)";
 inline constexpr const char* kGeneratedFile = "in/Book_BEN.xml";
 inline constexpr const char* kCatalogueFile = "library/Quor_TOC.xml";
 inline constexpr const char* kCatalogue = R"(C:\library\Quor_TOC.xml)";
@@ -69,8 +65,26 @@ inline constexpr const char* kBookName = "Bench";
 inline constexpr const char* kBookAcro = "BEN";
 inline constexpr const char* kProduct = "Prod";
 
-/// Adds the book to the library, as a host does. Answers whether the run came to its end without a
-/// message to the user.
+/// Samples by size and documents; each is made when it is first asked for and stays until the end.
+class Samples {
+ public:
+  Sample& at(std::size_t entries, Documents documents);
+
+ private:
+  std::map<std::pair<std::size_t, Documents>, std::unique_ptr<Sample>> samples_;
+};
+
+// What the component does with a sample. Each answers whether it was done, without a message to the
+// user.
+
+/// Checks the text.
+bool checkText(Sample& sample);
+/// Checks a page and exports it; its documents would stand beside it.
+bool exportPage(Sample& sample, const std::string& page, std::size_t headings);
+bool checkBookFile(Sample& sample);
+/// Writes the book file of the text.
+bool generateBook(Sample& sample);
+/// Adds the book to the library, as a host does.
 bool addBook(Sample& sample);
 
 }  // namespace quorbind::bench

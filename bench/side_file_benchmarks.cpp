@@ -2,113 +2,24 @@
 // categories.
 
 #include <array>
-#include <map>
-#include <memory>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "bench/benchmarks.h"
-#include "bench/floor.h"
-#include "bench/library_sample.h"
-#include "catalogue/book_config.h"
+#include "bench/store.h"
+#include "bookxml/c_sort.h"
 #include "sidefiles/keyword_file.h"
 #include "sidefiles/keyword_list.h"
 #include "sidefiles/link_file.h"
 #include "sidefiles/link_identifiers.h"
+#include "sidefiles/names.h"
 
 namespace quorbind::bench {
 
 namespace {
 
-constexpr const char* kExportFile = "toc_Temp.txt";
-constexpr const char* kExport = R"(C:\toc_Temp.txt)";
 constexpr const char* kNew = "new";
-
-/// What an operation starts from: files of this size, or the same without an entry.
-enum class Start { kFilled, kEmpty };
-
-/// A library's side files with so many keywords, identifiers, or books in each category.
-class SideFiles {
- public:
-  explicit SideFiles(std::size_t entryCount)
-      : entries(entryCount),
-        keywords_{kKeywordsFile, keywordsFileOf(entries), keywordsFileOf(0)},
-        links_{kLinksFile, linksFileOf(entries), linksFileOf(0)} {
-    world.disk.write(kSelectionListFile, selectionListOf(1));
-    world.disk.write(kExportFile, exportWithIdentifiers(entries));
-    for (std::size_t index = 0; index < entries; ++index) {
-      words_.texts.push_back(keywordOf(index));
-    }
-  }
-
-  void reset(Start start) {
-    for (const File* file : {&keywords_, &links_}) {
-      world.disk.write(file->name, start == Start::kFilled ? file->filled : file->empty);
-    }
-    world.user.forget();
-    world.state() = {};
-    world.state().currentBookName = nameOfBook(0);
-    world.state().currentProductName = kLibrary;
-  }
-
-  [[nodiscard]] const TextArray& words() const { return words_; }
-  [[nodiscard]] const Platform& platform() const { return world.platform(); }
-  [[nodiscard]] bool isQuiet() const { return world.user.messages().empty(); }
-  [[nodiscard]] std::string systemPath(std::string_view name) const {
-    return systemPathOf(world, name);
-  }
-  [[nodiscard]] bool hasAllKeywords() const { return isFilled(keywords_); }
-  [[nodiscard]] bool hasAllLinks() const { return isFilled(links_); }
-
-  const std::size_t entries;
-  testing::World world;
-
- private:
-  struct File {
-    const char* name;
-    std::string filled;
-    std::string empty;
-  };
-
-  [[nodiscard]] bool isFilled(const File& file) const {
-    return world.disk.read(file.name) == file.filled;
-  }
-
-  const File keywords_;
-  const File links_;
-  TextArray words_;
-};
-
-/// A library all of whose books are in every category.
-class Categories {
- public:
-  explicit Categories(std::size_t bookCount)
-      : books(bookCount), filled_(categoriesFileOf(books)), empty_(categoriesFileOf(0)) {
-    world.disk.write(kLibraryCatalogueFile, catalogueOf(books, kCategoryCount, ""));
-  }
-
-  void reset(Start start) {
-    world.disk.write(kCategoriesFile, start == Start::kFilled ? filled_ : empty_);
-    world.user.forget();
-    world.state() = {};
-  }
-
-  [[nodiscard]] bool isQuiet() const { return world.user.messages().empty(); }
-  [[nodiscard]] bool isFilled() const { return world.disk.read(kCategoriesFile) == filled_; }
-  [[nodiscard]] std::string systemPath(std::string_view name) const {
-    return systemPathOf(world, name);
-  }
-
-  const std::size_t books;
-  testing::World world;
-  Book_Config config{world.module};
-
- private:
-  const std::string filled_;
-  const std::string empty_;
-};
-
-// The component's side
 
 bool addAllKeywords(SideFiles& files) {
   AddKeywords(files.platform(), files.world.state(), files.words(), kKeywordsPath);
@@ -159,97 +70,94 @@ bool renameCategory(Categories& categories) {
   return categories.isQuiet();
 }
 
+bool fileNewBook(Categories& categories) {
+  categories.book.AddCategoryNode(nameOfCategory(kCategoryCount - 1), kNew, kCategoriesPath);
+  return categories.isQuiet();
+}
+
+bool fileOtherBooks(Categories& categories) {
+  categories.config.Addothercategory(
+      std::string(category_names::kOther), categories.acronyms(), kCategoriesPath);
+  return categories.isQuiet();
+}
+
+bool seeWhetherEmpty(Categories& categories) {
+  return !categories.config.bCheckCategoryinQuorBookCategories(kCategoriesPath) &&
+         categories.isQuiet();
+}
+
+bool createCategories(SideFiles& files) {
+  files.config.CreateBookCateXmlFile(kServerFolder, kCategoriesPath, /*vlngInstallType=*/0);
+  return files.isQuiet();
+}
+
+bool findDefault(SideFiles& files) {
+  return files.config.bCheckIfDefaultCategory(
+             kDefaultsPath, nameOfCategory(files.entries - 1), /*vlngInstallType=*/0) &&
+         files.isQuiet();
+}
+
+bool sortWithAcronyms(Categories& categories) {
+  TextArray names = categories.acronyms();
+  TextArray acronyms = categories.acronyms();
+  return categories.config.SortArray(names, acronyms).texts == names.texts;
+}
+
+bool sortNames(Categories& categories) {
+  std::vector<std::string> names = categories.acronyms().texts;
+  cSort sort(categories.world.platform());
+  const auto last = static_cast<std::int32_t>(names.size()) - 1;
+  return sort.mQuickSort(names, 1, last) == names && categories.isQuiet();
+}
+
 bool fileBook(Categories& categories) {
   categories.config.AddBookAcro(
       nameOfCategory(kCategoryCount - 1), {{"", kNew}, 0}, kCategoriesPath);
   return categories.isQuiet();
 }
 
-// The floor's side
-
-bool saveKeywords(SideFiles& files) {
-  // One book.
-  return counted(floorLoadAndSave(files.systemPath(kKeywordsFile).c_str()), 1);
-}
-
-bool saveLinks(SideFiles& files) {
-  return counted(floorLoadAndSave(files.systemPath(kLinksFile).c_str()), files.entries);
-}
-
-bool saveCategories(Categories& categories) {
-  // With the one for books without any.
-  return counted(floorLoadAndSave(categories.systemPath(kCategoriesFile).c_str()),
-                 kCategoryCount + 1);
-}
-
-bool loadCatalogue(Categories& categories) {
-  return counted(floorLoad(categories.systemPath(kLibraryCatalogueFile).c_str()), categories.books);
-}
-
-template <typename Data>
-struct Operation {
-  const char* name;
-  bool (*run)(Data&);
-  Start start = Start::kFilled;
-  /// What the files have to be behind it.
-  bool (Data::*check)() const = &Data::isQuiet;
-};
-
 using FileOperation = Operation<SideFiles>;
+constexpr auto emptyFiles = [](SideFiles& files) { files.empty(); };
 constexpr std::array kFileOperations{
     FileOperation{"component/keywords/AddKeywords",
                   addAllKeywords,
-                  Start::kEmpty,
-                  &SideFiles::hasAllKeywords},
+                  emptyFiles,
+                  [](const SideFiles& files) { return files.hasAllKeywords(); }},
     FileOperation{"component/keywords/AddKeywordsToXmlFile", addKeyword},
     FileOperation{"component/keywords/EditKeywordsToXmlFile", renameKeyword},
-    FileOperation{
-        "component/links/GenerateBookLinkID", addAllLinks, Start::kEmpty, &SideFiles::hasAllLinks},
+    FileOperation{"component/links/GenerateBookLinkID",
+                  addAllLinks,
+                  emptyFiles,
+                  [](const SideFiles& files) { return files.hasAllLinks(); }},
     FileOperation{"component/links/AddToLinkIDFile", addLink},
-    FileOperation{"floor/keywords", saveKeywords},
-    FileOperation{"floor/links", saveLinks},
+    FileOperation{"component/defaults/CreateBookCateXmlFile", createCategories},
+    FileOperation{"component/defaults/bCheckIfDefaultCategory", findDefault},
 };
-constexpr std::array<std::size_t, 3> kFileSizes{100, 1'000, 10'000};
 
 using CategoryOperation = Operation<Categories>;
+constexpr auto emptyCategories = [](Categories& categories) { categories.empty(); };
+constexpr auto areFilled = [](const Categories& categories) { return categories.isFilled(); };
 constexpr std::array kCategoryOperations{
-    CategoryOperation{"component/categories/GetBookAcroInfo/first",
-                      rebuild,
-                      Start::kEmpty,
-                      &Categories::isFilled},
-    CategoryOperation{"component/categories/GetBookAcroInfo/again",
-                      rebuild,
-                      Start::kFilled,
-                      &Categories::isFilled},
+    CategoryOperation{
+        "component/categories/GetBookAcroInfo/first", rebuild, emptyCategories, areFilled},
+    CategoryOperation{
+        .name = "component/categories/GetBookAcroInfo/again", .run = rebuild, .check = areFilled},
     CategoryOperation{"component/categories/GetBookAcroValue", readCategory},
     CategoryOperation{"component/categories/AddBookCateToXMLFile", addCategory},
     CategoryOperation{"component/categories/EditBookCateToXMLFile", renameCategory},
     CategoryOperation{"component/categories/AddBookAcro", fileBook},
-    CategoryOperation{"floor/categories", saveCategories},
-    CategoryOperation{"floor/categories/catalogue", loadCatalogue},
+    CategoryOperation{"component/categories/AddCategoryNode", fileNewBook},
+    CategoryOperation{"component/categories/Addothercategory", fileOtherBooks},
+    CategoryOperation{"component/categories/bCheckCategoryinQuorBookCategories", seeWhetherEmpty},
+    CategoryOperation{"component/sort/SortArray", sortWithAcronyms},
+    CategoryOperation{"component/sort/mQuickSort", sortNames},
 };
-constexpr std::array<std::size_t, 3> kCategorySizes{100, 1'000, 10'000};
-
-template <typename Data, typename Operations, typename Sizes>
-void registerAll(const Operations& operations, const Sizes& sizes) {
-  const auto made = std::make_shared<MadeOnce<Data>>();
-  for (const auto& operation : operations) {
-    for (const std::size_t size : sizes) {
-      registerWork(
-          operation.name,
-          size,
-          {.reset = [made, &operation, size] { made->at(size).reset(operation.start); },
-           .run = [made, &operation, size] { return operation.run(made->at(size)); },
-           .check = [made, &operation, size] { return (made->at(size).*operation.check)(); }});
-    }
-  }
-}
 
 }  // namespace
 
-void registerSideFileOperations() {
-  registerAll<SideFiles>(kFileOperations, kFileSizes);
-  registerAll<Categories>(kCategoryOperations, kCategorySizes);
+void registerSideFileOperations(const Store& store) {
+  registerOperations(store.sideFiles, kFileOperations, kSizes);
+  registerOperations(store.categories, kCategoryOperations, kSizes);
 }
 
 }  // namespace quorbind::bench

@@ -1,7 +1,15 @@
 // A program of its own: nothing else here may hold the component.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
 #include "platform/windows/com_types.h"
 #include "quorbind_com.h"
 #include "tests/component/footprint.h"
@@ -10,6 +18,75 @@
 
 namespace quorbind::testing {
 namespace {
+
+using ::testing::ElementsAre;
+
+std::vector<HMODULE> modules() {
+  std::vector<HMODULE> found(1024);
+  DWORD bytes = 0;
+  ::EnumProcessModules(::GetCurrentProcess(),
+                       found.data(),
+                       static_cast<DWORD>(found.size() * sizeof(HMODULE)),
+                       &bytes);
+  found.resize(bytes / sizeof(HMODULE));
+  return found;
+}
+
+/// The modules of this process, by their names in capital letters.
+std::set<std::string> moduleNames() {
+  std::set<std::string> names;
+  for (const HMODULE module : modules()) {
+    std::wstring name(MAX_PATH, L'\0');
+    name.resize(::GetModuleBaseNameW(
+        ::GetCurrentProcess(), module, name.data(), static_cast<DWORD>(name.size())));
+    names.insert(upperCaseAscii(toUtf8(name)));
+  }
+  return names;
+}
+
+template <typename Structure>
+const Structure* at(HMODULE module, DWORD offset) {
+  return reinterpret_cast<const Structure*>(reinterpret_cast<const char*>(module) + offset);
+}
+
+/// The import table of a DLL, read without attaching it.
+std::vector<std::string> importsOf(const std::wstring& name) {
+  const HMODULE module =
+      ::LoadLibraryExW(inBuildFolder(name).c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+  std::vector<std::string> names;
+  if (module != nullptr) {
+    const auto start = static_cast<DWORD>(at<IMAGE_DOS_HEADER>(module, 0)->e_lfanew);
+    const auto& headers = *at<IMAGE_NT_HEADERS>(module, start);
+    const DWORD table =
+        headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+    for (const auto* entry = at<IMAGE_IMPORT_DESCRIPTOR>(module, table); entry->Name != 0;
+         ++entry) {
+      names.emplace_back(at<char>(module, entry->Name));
+    }
+    ::FreeLibrary(module);
+  }
+  return names;
+}
+
+/// What is in this process once a DLL is loaded, and was not while only its imports were.
+std::vector<std::string> broughtBy(const std::wstring& name) {
+  const std::vector<std::string> imports = importsOf(name);
+  EXPECT_FALSE(imports.empty());
+  for (const std::string& import : imports) {
+    EXPECT_NE(::LoadLibraryA(import.c_str()), nullptr) << import;
+  }
+  const std::set<std::string> before = moduleNames();
+  const ServedDll dll(name);
+  const std::set<std::string> after = moduleNames();
+  std::vector<std::string> brought;
+  std::ranges::set_difference(after, before, std::back_inserter(brought));
+  return brought;
+}
+
+TEST(Loading, AttachesADllAndLoadsNothingElse) {
+  EXPECT_THAT(broughtBy(L"Quorbind.dll"), ElementsAre("QUORBIND.DLL"));
+  EXPECT_THAT(broughtBy(L"QuorToolset.dll"), ElementsAre("QUORTOOLSET.DLL"));
+}
 
 /// Of the slots for what belongs to a thread, of which a process has about a thousand.
 DWORD nextFreeSlot() {

@@ -1,0 +1,52 @@
+#include "bench/copied_folder.h"
+
+#include <iterator>
+
+#include "toolset/file_copy.h"
+
+namespace quorbind::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kBookFile = "Book_BEN.xml";
+/// As long as short pages are.
+constexpr std::size_t kDocumentSize = 2'000;
+
+}  // namespace
+
+CopiedFolder::CopiedFolder(std::size_t documents, const std::string& extension)
+    : files_(documents + 1) {
+  std::string book = "<Book_Master><Book_Headings>";
+  for (std::size_t i = 0; i < documents; ++i) {
+    const std::string name = "document" + std::to_string(i) + extension;
+    world_.disk.write("in/" + name, std::string(kDocumentSize, 'x'));
+    book += "<Heading><HFile>" + name + "</HFile></Heading>";
+  }
+  world_.disk.write(std::string("in/") + kBookFile, book + "</Book_Headings></Book_Master>");
+  world_.disk.makeFolder("library");
+}
+
+bool CopiedFolder::copy() {
+  const Platform& platform = world_.platform();
+  ReferenceFileCopy copy(platform.files, platform.xml, platform.locale);
+  const bool isCopied =
+      copy.mbCopyFiles("C:\\library\\" + folder_, std::string("C:\\in\\") + kBookFile, 0, 0);
+  copy.flush();
+  return isCopied;
+}
+
+bool CopiedFolder::areCopied() const {
+  return static_cast<std::size_t>(std::distance(fs::directory_iterator(target()), {})) == files_;
+}
+
+fs::path CopiedFolder::source() const {
+  return world_.disk.path() / "in";
+}
+
+fs::path CopiedFolder::target() const {
+  return world_.disk.path() / "library" / folder_;
+}
+
+}  // namespace quorbind::bench

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+#include "tests/support/world.h"
+
+namespace quorbind::bench {
+
+/// A folder with a book file and its documents, which have one extension.
+class CopiedFolder {
+ public:
+  CopiedFolder(std::size_t documents, const std::string& extension);
+
+  /// Every copy goes to a folder that is new: one that was emptied takes files more slowly.
+  void reset() { folder_ = "copy" + std::to_string(++copies_); }
+
+  bool copy();
+  [[nodiscard]] bool areCopied() const;
+
+  /// With the book file.
+  [[nodiscard]] std::size_t files() const { return files_; }
+  [[nodiscard]] std::filesystem::path source() const;
+  [[nodiscard]] std::filesystem::path target() const;
+
+ private:
+  testing::World world_;
+  std::size_t files_;
+  std::size_t copies_ = 0;
+  std::string folder_;
+};
+
+class PlainFolder : public CopiedFolder {
+ public:
+  explicit PlainFolder(std::size_t documents) : CopiedFolder(documents, ".pdf") {}
+};
+
+class PageFolder : public CopiedFolder {
+ public:
+  explicit PageFolder(std::size_t documents) : CopiedFolder(documents, ".htm") {}
+};
+
+}  // namespace quorbind::bench

@@ -1,0 +1,434 @@
+"""What is measured beside what, the bounds that it has to keep, and the tables of it.
+
+Figures are a dictionary of Times by name and size, such as ("component/generate", 1000).
+"""
+
+from math import log
+from typing import NamedTuple, Optional
+
+
+class Time(NamedTuple):
+    """In milliseconds; the processor's with the system's share. The peak is in KiB, where one was
+    measured."""
+    processor: float
+    elapsed: float
+    peak: int = 0
+
+
+class Bound(NamedTuple):
+    text: str
+    limit: float
+
+
+class Row(NamedTuple):
+    name: str
+    measured: str
+    # Its sum is the floor; nothing where the work has no floor of its own.
+    floor: tuple = ()
+    # The name of a bound; none where the ratio is only of interest.
+    bound: Optional[str] = None
+
+
+class Table(NamedTuple):
+    name: str
+    first_column: str
+    size_column: str
+    sizes: tuple
+    rows: tuple
+
+
+BOUNDS = {
+    "text check": Bound("the check of a text takes at most 1.5 times its floor", 1.5),
+    "generate": Bound("generating the book file of a text takes at most 1.3 times its floor", 1.3),
+    "page": Bound("the check and export of a page take at most twice their floor", 2),
+    "book file": Bound("the check of a book file takes at most 1.5 times its floor", 1.5),
+    "add": Bound("the whole addition of a text takes at most 1.6 times its floor", 1.6),
+    "workbook": Bound("reading a packed workbook, and checking it, take at most twice their floor",
+                      2),
+    "copy": Bound("copying documents takes at most 1.3 times `cp -r` and one flush", 1.3),
+    "page copy": Bound("copying pages, which are read for what they need, takes at most twice that",
+                       2),
+    "query": Bound("a query takes at most 1.2 times loading the file and the same query", 1.2),
+    "change": Bound("a change takes at most 1.2 times loading and saving the files", 1.2),
+    "list": Bound("a list of changes takes at most 1.5 times one loading and saving", 1.5),
+}
+GROWTH = Bound("the exponent of growth is at most that of the floor and 0.05", 0.05)
+STREAMED = Bound("a text of 1,000,000 entries takes at most 128 MiB to check, and to add", 128)
+DOCUMENT = Bound("listing and changing a catalogue of 100,000 books take at most 1.2 times the "
+                 "memory of its parsed document", 1.2)
+START = Bound("`quorbind --version` takes at most 3 ms more than an empty program", 3)
+
+# Below, opening and replacing files is most of what is measured.
+BOUNDS_FROM = 3_000
+
+SIZES = (1_000, 10_000, 100_000)
+FOLDER_SIZES = (1_000, 10_000)
+WORKBOOK_SIZES = (3_000, 30_000)
+PROCESS_SIZES = {
+    "text": (1_000, 10_000, 100_000, 1_000_000),
+    "html": SIZES,
+    "xml": SIZES,
+    "xlsx": WORKBOOK_SIZES,
+    "xls": WORKBOOK_SIZES,
+}
+
+AFTER_CHECK = ("book-xml", "copy", "scan", "heading-look-ups", "catalogue")
+FLOOR_PARTS = ("rules", "look-ups/missing", "look-ups/standing", "page", "book-file") + AFTER_CHECK
+
+
+def row(name, measured, floor=(), bound=None):
+    return Row(name, "component/" + measured, tuple("floor/" + part for part in floor), bound)
+
+
+STAGES = Table("stages", "stage", "entries", SIZES, (
+    row("check of a text, documents missing", "check/missing", ("rules", "look-ups/missing"),
+        "text check"),
+    row("check of a text, documents standing", "check/standing", ("rules", "look-ups/standing"),
+        "text check"),
+    row("check and export of a page", "page", ("page",), "page"),
+    row("the same, headings that end alike", "page-of-like-ends"),
+    row("the same, a title of tags that end alike", "page-of-tags"),
+    row("check of a book file", "book-file", ("book-file",), "book file"),
+    row("generate", "generate", ("book-xml",), "generate"),
+    row("whole add of a text, documents missing", "add/missing",
+        ("rules", "look-ups/missing") + AFTER_CHECK, "add"),
+    row("whole add of a text, documents standing", "add/standing",
+        ("rules", "look-ups/standing") + AFTER_CHECK, "add"),
+))
+
+WORKBOOKS = Table("workbooks", "stage", "rows", WORKBOOK_SIZES, (
+    row("read, `.xlsx`", "read/xlsx", ("unpack-and-parse",), "workbook"),
+    row("read, `.xls`", "read/xls"),
+    row("`getExcelBookCount`, `.xlsx`", "count/xlsx", ("unpack-and-parse",), "workbook"),
+    row("check and export, documents missing, `.xlsx`", "check/xlsx/missing",
+        ("unpack-and-parse", "workbook-look-ups/missing", "exports"), "workbook"),
+    row("check and export, documents standing, `.xlsx`", "check/xlsx/standing",
+        ("unpack-and-parse", "workbook-look-ups/standing", "exports"), "workbook"),
+    row("check and export, documents missing, `.xls`", "check/xls/missing",
+        ("workbook-look-ups/missing", "exports")),
+))
+
+COPIES = Table("copies", "copy", "documents", FOLDER_SIZES, (
+    row("documents", "copy/documents", ("copy/documents",), "copy"),
+    row("pages", "copy/pages", ("copy/pages",), "page copy"),
+))
+
+
+def library(operation, floor, bound):
+    return row(operation, "library/" + operation, tuple("library/" + part for part in floor), bound)
+
+
+CATALOGUE = Table("catalogue", "operation", "books", SIZES, (
+    *(library(name, (name,), "query") for name in (
+        "BookInfo", "CategorieInfo", "strFolderLinkInfo", "GetBookAcro", "mbCheckQuorTOCForBook")),
+    library("mbGetFormInput", ("mbCheckQuorTOCForBook",), "query"),
+    *(library(name, (name,), "query") for name in ("QuorNames", "QuorLocation")),
+    library("strBookAcroInfo", ("load-and-save", "book"), "change"),
+    library("UpdateBookNameAcro", ("large-book",), "change"),
+    library("DeleteQuorNode", ("load-and-save",), "change"),
+    library("mbsetQuorBookProperties", ("load-and-save", "book"), "change"),
+    library("CreateQuorBookNodeForSEntry", ("load-and-save", "document"), "change"),
+    library("strMatchingBooksInfo", ("load-and-save", "load", "books"), "change"),
+))
+
+
+def side_file(place, operation, floor, bound=None):
+    return row(operation.replace("/", ", "), place + "/" + operation, floor, bound)
+
+
+SIDE_FILES = Table("side-files", "operation", "entries", SIZES, (
+    side_file("keywords", "AddKeywords", ("keywords",), "list"),
+    side_file("keywords", "AddKeywordsToXmlFile", ("keywords",), "change"),
+    side_file("keywords", "EditKeywordsToXmlFile", ("keywords",), "change"),
+    side_file("links", "GenerateBookLinkID", ("links",), "list"),
+    side_file("links", "AddToLinkIDFile", ("links",), "change"),
+    side_file("defaults", "CreateBookCateXmlFile", ("defaults/save",), "change"),
+    side_file("defaults", "bCheckIfDefaultCategory", ("defaults/query",), "query"),
+    side_file("categories", "bCheckCategoryinQuorBookCategories", ("categories/load",), "query"),
+    side_file("categories", "GetBookAcroValue", ("categories/query",), "query"),
+    side_file("categories", "GetBookAcroInfo/first", ("categories", "categories/catalogue"),
+              "list"),
+    side_file("categories", "GetBookAcroInfo/again", ("categories", "categories/catalogue"),
+              "list"),
+    side_file("categories", "AddBookCateToXMLFile", ("categories",), "change"),
+    side_file("categories", "EditBookCateToXMLFile", ("categories",), "change"),
+    side_file("categories", "AddCategoryNode", ("categories",), "change"),
+    side_file("categories", "AddBookAcro", ("categories",), "list"),
+    side_file("categories", "Addothercategory", ("categories",), "list"),
+    side_file("sort", "SortArray", ("sort",)),
+    side_file("sort", "mQuickSort", ("sort",)),
+))
+
+
+def process_table(kind, sizes):
+    return Row(f"`quorbind add`, {kind}", "command/add/" + kind, ("process/add/" + kind,)), sizes
+
+
+PROCESSES = tuple(process_table(kind, sizes) for kind, sizes in PROCESS_SIZES.items())
+TABLES = (STAGES, COPIES, CATALOGUE, SIDE_FILES, WORKBOOKS)
+
+
+def floor_of(figures, floor, size):
+    """The sum of a floor's parts; None where there is none."""
+    if not floor:
+        return None
+    parts = [figures[part, size] for part in floor]
+    return Time(sum(part.processor for part in parts), sum(part.elapsed for part in parts),
+                max(part.peak for part in parts))
+
+
+def exponent(small_size, small, large_size, large):
+    """The power of the size that the time grows with."""
+    return log(large / small) / log(large_size / small_size)
+
+
+class Measured(NamedTuple):
+    """One row of a table at one size."""
+    row: Row
+    size: int
+    ours: Time
+    floor: Optional[Time]
+    ratio: Optional[float]
+    # From the size before; none at the smallest.
+    growth: Optional[float]
+    floor_growth: Optional[float]
+    is_largest: bool
+
+    @property
+    def is_over_ratio(self):
+        return (self.row.bound is not None and self.size >= BOUNDS_FROM
+                and self.ratio > BOUNDS[self.row.bound].limit)
+
+    @property
+    def excess_growth(self):
+        """By how much it grows faster than its floor, or than its size where there is none."""
+        return self.growth - (1 if self.floor_growth is None else self.floor_growth)
+
+    @property
+    def is_over_growth(self):
+        return self.is_largest and self.growth is not None and self.excess_growth > GROWTH.limit
+
+
+def measured_rows(figures, rows, sizes):
+    for each in rows:
+        before = None
+        for size in sizes:
+            ours = figures[each.measured, size]
+            floor = floor_of(figures, each.floor, size)
+            growth = floor_growth = None
+            if before:
+                growth = exponent(before.size, before.ours.processor, size, ours.processor)
+                if floor:
+                    floor_growth = exponent(before.size, before.floor.processor, size,
+                                            floor.processor)
+            before = Measured(each, size, ours, floor,
+                              ours.processor / floor.processor if floor else None,
+                              growth, floor_growth, size == sizes[-1])
+            yield before
+
+
+def milliseconds(value):
+    if value is None:
+        return ""
+    return f"{value:,.0f}" if value >= 100 else f"{value:.1f}" if value >= 10 else f"{value:.2f}"
+
+
+def number(value):
+    return "" if value is None else f"{value:.2f}"
+
+
+def mebibytes(kibibytes):
+    return f"{kibibytes / 1024:.0f}"
+
+
+def markdown_table(header, rows):
+    lines = [header, ["---"] + ["---:"] * (len(header) - 1), *rows]
+    widths = [max(len(line[column]) for line in lines) for column in range(len(header))]
+    text = []
+    for line in lines:
+        left, *right = [cell if set(cell) - set("-:") else
+                        cell.replace("---", "-" * (width - cell.count(":")))
+                        for cell, width in zip(line, widths)]
+        text.append("| " + " | ".join([left.ljust(widths[0]),
+                                       *(c.rjust(w) for c, w in zip(right, widths[1:]))]) + " |")
+    return "\n".join(text) + "\n"
+
+
+def marked(text, is_broken):
+    return text + " (!)" if is_broken else text
+
+
+def cells_of(measured):
+    """What every table has of a row at a size."""
+    floor = measured.floor
+    return [f"{measured.size:,}",
+            milliseconds(measured.ours.processor),
+            milliseconds(floor.processor if floor else None),
+            marked(number(measured.ratio), measured.is_over_ratio),
+            marked(number(measured.growth), measured.is_over_growth),
+            number(measured.floor_growth),
+            milliseconds(measured.ours.elapsed),
+            milliseconds(floor.elapsed if floor else None)]
+
+
+COLUMNS = ["ms", "floor ms", "ratio", "growth", "of the floor", "elapsed ms", "floor elapsed ms"]
+
+
+def table_text(figures, table):
+    return markdown_table([table.first_column, table.size_column, *COLUMNS],
+                          [[each.row.name, *cells_of(each)]
+                           for each in measured_rows(figures, table.rows, table.sizes)])
+
+
+def floor_parts_text(figures):
+    return markdown_table(["part of the floor", *(f"{size:,} ms" for size in SIZES)],
+                          [[part, *(milliseconds(figures["floor/" + part, size].processor)
+                                    for size in SIZES)] for part in FLOOR_PARTS])
+
+
+def processes_text(figures):
+    rows = []
+    for each, sizes in PROCESSES:
+        for measured in measured_rows(figures, [each], sizes):
+            rows.append([each.name, *cells_of(measured), mebibytes(measured.ours.peak),
+                         mebibytes(measured.floor.peak)])
+    return markdown_table(["run", "entries", *COLUMNS, "MiB", "floor MiB"], rows)
+
+
+def shares_text(figures):
+    """Of the whole add of the largest text."""
+    def processor_of(stage):
+        return figures["component/" + stage, SIZES[-1]].processor
+    whole = processor_of("add/missing")
+    check, generate = processor_of("check/missing"), processor_of("generate")
+    rows = [["the check", check], ["generating the book XML file", generate],
+            ["copying with its scan of the book file; names, catalogue, dialogs",
+             whole - check - generate]]
+    return markdown_table(["what", "share"], [[what, f"{part / whole * 100:.0f} %"]
+                                              for what, part in rows])
+
+
+class Memory(NamedTuple):
+    """Of a document-wide run of the command beside the parsed document alone."""
+    name: str
+    ours: int
+    floor: int
+
+    @property
+    def ratio(self):
+        return self.ours / self.floor
+
+
+def document_memories(figures):
+    size = SIZES[-1]
+    floor = figures["process/parse", size].peak
+    for name, run in (("`quorbind books`", "command/books"), ("`quorbind delete`", "command/delete")):
+        yield Memory(name, figures[run, size].peak, floor)
+
+
+STREAMED_RUNS = (("`quorbind check`", "command/check/text"), ("`quorbind add`", "command/add/text"))
+LARGEST_TEXT = PROCESS_SIZES["text"][-1]
+
+
+def memory_text(figures):
+    lean = mebibytes(figures["process/load", SIZES[-1]].peak)
+    rows = [[f"{name} of a text, {LARGEST_TEXT:,} entries",
+             marked(mebibytes(figures[run, LARGEST_TEXT].peak),
+                    figures[run, LARGEST_TEXT].peak > STREAMED.limit * 1024), "", "", ""]
+            for name, run in STREAMED_RUNS]
+    rows += [[f"{each.name}, {SIZES[-1]:,} books", mebibytes(each.ours), mebibytes(each.floor),
+              marked(number(each.ratio), each.ratio > DOCUMENT.limit), lean]
+             for each in document_memories(figures)]
+    return markdown_table(["run", "MiB", "parsed document MiB", "ratio", "without its layout MiB"],
+                          rows)
+
+
+def start_of(figures):
+    """By how many milliseconds the command's start takes longer than that of an empty program."""
+    return figures["command/version", 1].elapsed - figures["process/empty", 1].elapsed
+
+
+class Kept(NamedTuple):
+    """A bound, what it has come to, and whether it is broken."""
+    bound: Bound
+    now: str
+    broken: tuple
+
+
+def kept_ratio(figures, name):
+    rows = [each for table in TABLES for each in measured_rows(figures, table.rows, table.sizes)
+            if each.row.bound == name and each.size >= BOUNDS_FROM]
+    ratios = [each.ratio for each in rows]
+    return Kept(BOUNDS[name], f"{min(ratios):.2f} to {max(ratios):.2f}",
+                tuple(f"{each.row.name}, {each.size:,}: {each.ratio:.2f} times the floor; the bound "
+                      f"is {BOUNDS[name].limit}" for each in rows if each.is_over_ratio))
+
+
+def kept_growth(figures):
+    rows = [each for table in TABLES for each in measured_rows(figures, table.rows, table.sizes)
+            if each.is_largest and each.growth is not None]
+    excesses = [each.excess_growth for each in rows]
+    return Kept(GROWTH, f"{min(excesses):+.2f} to {max(excesses):+.2f}",
+                tuple(f"{each.row.name}: grows with the power {each.growth:.2f}, its floor with "
+                      f"{number(each.floor_growth) or 'none'}" for each in rows
+                      if each.is_over_growth))
+
+
+def kept_streamed(figures):
+    peaks = [(name, figures[run, LARGEST_TEXT].peak) for name, run in STREAMED_RUNS]
+    return Kept(STREAMED, " and ".join(mebibytes(peak) for _, peak in peaks) + " MiB",
+                tuple(f"{name} of {LARGEST_TEXT:,} entries takes {mebibytes(peak)} MiB"
+                      for name, peak in peaks if peak > STREAMED.limit * 1024))
+
+
+def kept_document(figures):
+    memories = list(document_memories(figures))
+    return Kept(DOCUMENT, " and ".join(number(each.ratio) for each in memories),
+                tuple(f"{each.name} takes {each.ratio:.2f} times the memory of the document"
+                      for each in memories if each.ratio > DOCUMENT.limit))
+
+
+def kept_start(figures):
+    start = start_of(figures)
+    return Kept(START, f"{start:.1f} ms",
+                (f"the start takes {start:.1f} ms",) if start > START.limit else ())
+
+
+def kept_bounds(figures):
+    return [*(kept_ratio(figures, name) for name in BOUNDS), kept_growth(figures),
+            kept_streamed(figures), kept_document(figures), kept_start(figures)]
+
+
+def bounds_text(figures):
+    return markdown_table(
+        ["bound", "now", "broken"],
+        [[kept.bound.text, kept.now, str(len(kept.broken)) if kept.broken else "no"]
+         for kept in kept_bounds(figures)])
+
+
+def broken_bounds(figures):
+    return [text for kept in kept_bounds(figures) for text in kept.broken]
+
+
+def texts(figures):
+    """Every table by the name that it has in docs/performance.md."""
+    return {
+        "bounds": bounds_text(figures),
+        **{table.name: table_text(figures, table) for table in TABLES},
+        "floor": floor_parts_text(figures),
+        "processes": processes_text(figures),
+        "memory": memory_text(figures),
+        "shares": shares_text(figures),
+    }
+
+
+def with_tables(page, tables):
+    """The page with each table between its marks, which have to be there."""
+    for name, table in tables.items():
+        begin, end = f"<!-- table: {name} -->\n", "<!-- end -->"
+        before, found, rest = page.partition(begin)
+        _, ended, after = rest.partition(end)
+        if not found or not ended:
+            raise ValueError(f"the page has no place for the table {name}")
+        page = before + begin + "\n" + table + "\n" + end + after
+    return page

@@ -1,0 +1,207 @@
+"""The command as a process, beside the floor as one: time, peak memory and start."""
+
+import shutil
+import statistics
+import subprocess
+import sys
+from pathlib import Path
+from tempfile import TemporaryDirectory
+
+from report.figures import LARGEST_TEXT, PROCESS_SIZES, SIZES, Time
+
+LIBRARY = "Plant"
+BOOKS = 1_000
+ROWS_OF_A_BOOK = 1_000
+HEADINGS = "<Book_Headings>"
+STARTS = 101
+# More for what takes no longer than the noise.
+REPETITIONS = ((10_000, 7), (100_000, 3), (1_000_000, 1))
+
+
+def repetitions(size):
+    return next(count for largest, count in REPETITIONS if size <= largest)
+
+
+def quickest(times):
+    return Time(*map(min, zip(*times)))
+
+
+class Programs:
+    """The programs of a build."""
+
+    def __init__(self, build):
+        self.command = build / "quorbind"
+        self.floor = build / "bench/quorbind_bench_floor"
+        self.empty = build / "bench/quorbind_bench_empty"
+        self.sample = build / "bench/quorbind_bench_sample"
+        self.run = build / "bench/quorbind_bench_run"
+
+    def time(self, *command):
+        ran = subprocess.run([self.run, *command], capture_output=True, text=True)
+        if ran.returncode != 0:
+            sys.exit("failed: " + " ".join(map(str, command)))
+        processor, elapsed, peak = ran.stdout.split()
+        return Time(float(processor), float(elapsed), int(peak))
+
+    def make(self, kind, size, file):
+        subprocess.run([self.sample, kind, str(size), file], check=True)
+        return file
+
+
+class Shelf:
+    """A server with a library, which every run gets in a folder that is new: where files were
+    deleted a moment ago, others are made more slowly."""
+
+    def __init__(self, programs, folder, books):
+        self.folder = folder
+        self.pristine = folder / "pristine"
+        self.runs = 0
+        subprocess.run([programs.command, "init", "--server", self.pristine, "--library", LIBRARY],
+                       check=True, stdout=subprocess.DEVNULL)
+        programs.make("catalogue", books, self.library_of(self.pristine) / "Quor_TOC.xml")
+
+    @staticmethod
+    def library_of(server):
+        return server / "Docs" / LIBRARY
+
+    def server(self):
+        self.runs += 1
+        server = self.folder / f"server{self.runs}"
+        shutil.copytree(self.pristine, server)
+        (self.library_of(server) / "Manual").mkdir()
+        return server
+
+
+class Addition:
+    """A table of contents that the command and the floor add, each to a library of its own."""
+
+    def __init__(self, programs, shelf, kind, toc, floor_arguments):
+        self.programs = programs
+        self.shelf = shelf
+        self.kind = kind
+        self.toc = toc
+        self.floor_arguments = floor_arguments
+        self.names = ["--name", "Bench", "--acro", "BEN"] if kind in ("text", "html") else []
+        # A workbook's first book is compared.
+        self.book = "Manual/Book_BEN0.xml" if kind.startswith("xls") else "Manual/Book_BEN.xml"
+
+    def add(self, server):
+        return self.programs.time(self.programs.command, "add", self.toc, "--server", server,
+                                  "--library", LIBRARY, "--no-input", *self.names)
+
+    def add_on_floor(self, server, beginning):
+        return self.programs.time(self.programs.floor, self.kind, self.toc,
+                                  Shelf.library_of(server), *beginning, *self.floor_arguments)
+
+    def book_in(self, server):
+        return Shelf.library_of(server) / self.book
+
+    def measure(self, count):
+        """The quickest Times of both, which have left the same book file behind."""
+        ours, floor = [], []
+        for _ in range(count):
+            server, floor_server = self.shelf.server(), self.shelf.server()
+            ours.append(self.add(server))
+            book = self.book_in(server).read_bytes()
+            floor.append(self.add_on_floor(floor_server, self.beginning_of(book)))
+            made = Shelf.library_of(floor_server) / "Manual/Book_BEN.xml"
+            # A book file as table of contents is taken over with its name and its date.
+            if self.kind != "xml" and made.read_bytes() != book:
+                sys.exit(f"{self.toc}: the floor does not write what the command writes")
+            shutil.rmtree(server)
+            shutil.rmtree(floor_server)
+        return quickest(ours), quickest(floor)
+
+    def beginning_of(self, book):
+        if self.kind == "xml":
+            return []
+        text = book.decode("utf-16")
+        return [text[:text.index(HEADINGS) + len(HEADINGS)]]
+
+
+def additions(programs, folder):
+    """Every Addition with its size."""
+    shelf = Shelf(programs, folder, BOOKS)
+    for kind, sizes in PROCESS_SIZES.items():
+        for size in sizes:
+            place = folder / f"{kind}{size}"
+            place.mkdir()
+            yield size, addition_of(programs, shelf, kind, size, place)
+            shutil.rmtree(place)
+
+
+def addition_of(programs, shelf, kind, size, place):
+    if kind == "xml":
+        return Addition(programs, shelf, kind, book_file_of(programs, shelf, size, place), [])
+    extension = {"text": "toc.txt", "html": "toc.htm"}.get(kind, f"books.{kind}")
+    toc = programs.make(kind, size, place / extension)
+    if not kind.startswith("xls"):
+        return Addition(programs, shelf, kind, toc, [])
+    export = programs.make("export", size, place / "export.txt")
+    return Addition(programs, shelf, kind, toc, [export, str(size // ROWS_OF_A_BOOK)])
+
+
+def book_file_of(programs, shelf, size, place):
+    """What the command makes of a text."""
+    (place / "text").mkdir()
+    toc = programs.make("text", size, place / "text/toc.txt")
+    server = shelf.server()
+    text = Addition(programs, shelf, "text", toc, [])
+    text.add(server)
+    book = place / "book.xml"
+    shutil.copyfile(text.book_in(server), book)
+    shutil.rmtree(server)
+    return book
+
+
+def measure_additions(programs, folder):
+    figures = {}
+    for size, addition in additions(programs, folder):
+        ours, floor = addition.measure(repetitions(size))
+        figures["command/add/" + addition.kind, size] = ours
+        figures["process/add/" + addition.kind, size] = floor
+        if addition.kind == "text" and size == LARGEST_TEXT:
+            figures["command/check/text", size] = programs.time(programs.command, "check",
+                                                                addition.toc)
+    return figures
+
+
+def measure_catalogue(programs, folder):
+    """Listing and changing a large catalogue, beside the parsed document of the same file, with its layout
+    and without."""
+    size = SIZES[-1]
+    server = Shelf(programs, folder / "large", size).server()
+    at = ["--server", server, "--library", LIBRARY]
+    catalogue = Shelf.library_of(server) / "Quor_TOC.xml"
+    return {
+        ("process/parse", size): programs.time(programs.floor, "parse", catalogue),
+        ("process/load", size): programs.time(programs.floor, "load", catalogue),
+        ("command/books", size): programs.time(programs.command, "books", *at),
+        ("command/delete", size): programs.time(
+            programs.command, "delete", f"Service Manual {size - 1} of the pump, in \xb5s", "--yes",
+            *at),
+    }
+
+
+def measure_start(programs):
+    """The middle one of many starts: the quickest would be luck."""
+    ours, empty = [], []
+    for _ in range(STARTS):
+        ours.append(programs.time(programs.command, "--version"))
+        empty.append(programs.time(programs.empty))
+    return {
+        (name, 1): Time(*map(statistics.median, zip(*times)))
+        for name, times in (("command/version", ours), ("process/empty", empty))
+    }
+
+
+def measure_processes(build):
+    programs = Programs(build)
+    with TemporaryDirectory(prefix="quorbind-bench-") as folder:
+        place = Path(folder)
+        (place / "large").mkdir()
+        return {
+            **measure_additions(programs, place),
+            **measure_catalogue(programs, place),
+            **measure_start(programs),
+        }

@@ -1,0 +1,116 @@
+"""What the report makes of figures, seen on figures that were made up."""
+
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+from report import figures as report
+from report.figures import BOUNDS, Row, Table, Time
+from report.picture import PANELS, picture
+
+SVG = "{http://www.w3.org/2000/svg}"
+
+
+def made_up(exponent_of_ours=1.0):
+    """Every figure that a full run has, each floor part taking a microsecond for each entry."""
+    figures = {}
+
+    def add(name, sizes, factor, power):
+        for size in sizes:
+            figures[name, size] = Time(factor * size ** power / 1000, factor * size / 500, 30_000)
+
+    for table in report.TABLES:
+        for row in table.rows:
+            for part in row.floor:
+                add(part, table.sizes, 1, 1)
+            add(row.measured, table.sizes, max(len(row.floor), 1), exponent_of_ours)
+    for part in report.FLOOR_PARTS:
+        add("floor/" + part, report.SIZES, 1, 1)
+    for row, sizes in report.PROCESSES:
+        add(row.floor[0], sizes, 1, 1)
+        add(row.measured, sizes, 2, 1)
+    add("command/check/text", [report.LARGEST_TEXT], 1, 1)
+    for run in ("process/parse", "process/load", "command/books", "command/delete"):
+        add(run, [report.SIZES[-1]], 1, 1)
+    figures["command/version", 1] = Time(3, 4.5)
+    figures["process/empty", 1] = Time(1, 2)
+    return figures
+
+
+class ReportTest(unittest.TestCase):
+    def test_what_takes_a_hundred_times_as_long_for_ten_times_the_size_grows_with_its_square(self):
+        self.assertAlmostEqual(report.exponent(1_000, 2.0, 10_000, 200.0), 2)
+        self.assertAlmostEqual(report.exponent(3_000, 5.0, 30_000, 50.0), 1)
+
+    def test_a_floor_is_the_sum_of_its_parts(self):
+        figures = {("a", 10): Time(1, 2, 5), ("b", 10): Time(3, 4, 6)}
+        self.assertEqual(report.floor_of(figures, ("a", "b"), 10), Time(4, 6, 6))
+        self.assertIsNone(report.floor_of(figures, (), 10))
+
+    def test_figures_at_their_floor_break_no_bound(self):
+        self.assertEqual(report.broken_bounds(made_up()), [])
+
+    def test_a_ratio_over_its_bound_is_named_but_not_at_small_sizes(self):
+        figures = made_up()
+        for size in (1_000, 10_000):
+            figures["component/generate", size] = Time(2 * size / 1000, 1)
+        self.assertIn("generate, 10,000: 2.00 times the floor; the bound is "
+                      f"{BOUNDS['generate'].limit}", report.broken_bounds(figures))
+        self.assertFalse(any("generate, 1,000" in text for text in report.broken_bounds(figures)))
+
+    def test_what_grows_faster_than_its_floor_is_named(self):
+        figures = made_up()
+        figures["component/generate", 100_000] = Time(120, 1)
+        self.assertEqual(report.broken_bounds(figures),
+                         ["generate: grows with the power 1.08, its floor with 1.00"])
+
+    def test_a_slow_start_and_a_large_memory_are_named(self):
+        figures = made_up()
+        figures["command/version", 1] = Time(3, 5.5)
+        figures["command/add/text", report.LARGEST_TEXT] = Time(2_000, 1, 129 * 1024)
+        figures["command/books", 100_000] = Time(1, 1, 37_000)
+        self.assertEqual(report.broken_bounds(figures),
+                         ["`quorbind add` of 1,000,000 entries takes 129 MiB",
+                          "`quorbind books` takes 1.23 times the memory of the document",
+                          "the start takes 3.5 ms"])
+
+    def test_a_table_has_a_line_for_each_size_and_marks_what_is_broken(self):
+        table = Table("t", "stage", "entries", (3_000, 30_000),
+                      (Row("work", "ours", ("floor",), "generate"),))
+        figures = {("ours", 3_000): Time(1.0, 1.5), ("ours", 30_000): Time(15.0, 20.0),
+                   ("floor", 3_000): Time(0.9, 1.0), ("floor", 30_000): Time(10.0, 10.5)}
+        self.assertEqual(report.table_text(figures, table), """\
+| stage | entries |   ms | floor ms |    ratio |   growth | of the floor | elapsed ms | floor elapsed ms |
+| ----- | ------: | ---: | -------: | -------: | -------: | -----------: | ---------: | ---------------: |
+| work  |   3,000 | 1.00 |     0.90 |     1.11 |          |              |       1.50 |             1.00 |
+| work  |  30,000 | 15.0 |     10.0 | 1.50 (!) | 1.18 (!) |         1.05 |       20.0 |             10.5 |
+""")
+
+    def test_tables_take_the_place_of_those_between_the_marks(self):
+        page = "# Page\n\n<!-- table: a -->\nold\n<!-- end -->\n\nText.\n"
+        self.assertEqual(report.with_tables(page, {"a": "new\n"}),
+                         "# Page\n\n<!-- table: a -->\n\nnew\n\n<!-- end -->\n\nText.\n")
+
+    def test_a_page_without_a_place_for_a_table_is_refused(self):
+        with self.assertRaisesRegex(ValueError, "no place for the table a"):
+            report.with_tables("<!-- table: b -->\n<!-- end -->\n", {"a": "new\n"})
+
+    def test_the_picture_shows_both_sides_of_every_panel_and_says_so_in_words(self):
+        root = ElementTree.fromstring(picture(made_up()))
+        lines = root.findall(f".//{SVG}polyline")
+        self.assertEqual([line.get("class") for line in lines], ["floor", "ours"] * len(PANELS))
+        self.assertEqual(root.find(f"{SVG}title").text,
+                         "What operations cost against their size, beside the floor under each")
+        self.assertIn("Check of a text: 200 ms at 100,000, the floor 200 ms.",
+                      root.find(f"{SVG}desc").text)
+
+    def test_what_grows_with_its_size_is_a_line_of_one_slope(self):
+        root = ElementTree.fromstring(picture(made_up()))
+        points = [tuple(map(float, point.split(",")))
+                  for point in root.find(f".//{SVG}polyline").get("points").split()]
+        (x0, y0), (x1, y1), (x2, y2) = points
+        self.assertAlmostEqual(x1 - x0, x2 - x1, places=0)
+        self.assertAlmostEqual(y1 - y0, y2 - y1, places=0)
+
+
+if __name__ == "__main__":
+    unittest.main()
