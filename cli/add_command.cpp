@@ -44,7 +44,7 @@ ExitStatus runJob(const AddRequest& request) {
     return ExitStatus::kDone;
   });
   if (status == ExitStatus::kDone) {
-    return addAll(job.additions, request.stopsAtFirst || job.stopsAtFirst, request.json);
+    return addAll(job.additions, job.stopsAtFirst, request.json);
   }
   if (request.json) {
     printFailure(status, wiring.ui.shown(), std::string(kNothingAdded));

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,9 @@ struct AddRequest : AddArguments {
   std::vector<std::string> tocs;
   /// A file that names the tables of contents instead.
   std::optional<std::string> job;
+  /// The flags that stand on the command line, without their hyphens in front. The server may be
+  /// the environment's.
+  std::set<std::string, std::less<>> given;
   bool stopsAtFirst = false;
 };
 

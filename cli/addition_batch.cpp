@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/addition.h"
+#include "cli/failure.h"
 #include "cli/json_text.h"
 #include "cli/report.h"
 #include "cli/text_list.h"
@@ -24,7 +25,7 @@ class Batch {
       report = addBook(arguments, messages);
     } catch (const std::exception& error) {
       report.toc = arguments.toc;
-      report.note = std::string("internal error: ") + error.what();
+      report.note = internalError(error);
     }
     note(report, messages);
   }

@@ -236,7 +236,7 @@ void AdditionInput::requireFreeBookFile(const std::string& tocPath,
       place.folder.value_or(std::string(trimBlanks(run_.arguments.folder.value_or(""))));
   const std::string inBookFolder = besideToc + "\\" + folder;
   for (const std::string& besides : {besideToc, inBookFolder}) {
-    const std::string path = besides + bookFile;
+    const std::string path = run_.wiring.files.absolutePath(besides + bookFile);
     if (run_.wiring.files.fileExists(path)) {
       throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
     }

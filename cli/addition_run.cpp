@@ -9,7 +9,7 @@ namespace quorbind {
 
 void AdditionRun::blame(const TocFile& toc, const LinePlace& place) {
   report.place = place;
-  report.lineText = lineOfFile(wiring.module.platform, toc.path, place.line);
+  report.lineText = lineOfFile(wiring.module.platform, toc.path, kind, place.line);
 }
 
 void AdditionRun::writing(const std::string& what, const std::function<void()>& step) {

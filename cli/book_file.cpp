@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <unordered_set>
 
 #include "bookxml/names.h"
+#include "cli/book_document_names.h"
 #include "cli/catalogue_reader.h"
 #include "cli/failure.h"
 #include "cli/paths.h"
@@ -26,7 +26,7 @@ class HeadingScan final : public XmlScanHandler {
   void startElement(std::string_view name, const XmlScanAttributes& attributes) override {
     text_.clear();
     if (name == book_names::kHeading) {
-      ++open_;
+      titles_.emplace_back();
     } else if (name == book_names::kHeadingFile) {
       heading_.bookmark = attributes.value(book_names::kBookMark);
     }
@@ -35,53 +35,50 @@ class HeadingScan final : public XmlScanHandler {
   void text(std::string_view text) override { text_.append(text); }
 
   void endElement(std::string_view name) override {
+    if (titles_.empty()) {
+      return;
+    }
     if (name == book_names::kHeadingName) {
-      heading_.title = readableName(text_);
-    } else if (name == book_names::kHeadingFile && open_ > 0) {
-      heading_.depth = open_ - 1;
+      titles_.back() = readableName(text_);
+    } else if (name == book_names::kHeadingFile) {
+      heading_.depth = titles_.size() - 1;
+      heading_.title = titles_.back();
       heading_.document = text_;
       visitor_(heading_);
     } else if (name == book_names::kHeading) {
-      --open_;
+      titles_.pop_back();
     }
   }
 
  private:
   const std::function<void(const BookHeading&)>& visitor_;
-  std::size_t open_ = 0;
+  /// Of the headings that are open; empty for one whose name has not come.
+  std::vector<std::string> titles_;
   BookHeading heading_;
   std::string text_;
 };
 
-/// Hands over what a book file names as documents: the main file of the book and those of its
-/// headings.
+/// Hands over what a book file names as documents.
 class DocumentScan final : public XmlScanHandler {
  public:
-  /// `folder` is the name of the book's folder.
-  DocumentScan(const std::function<void(const std::string&)>& visitor, std::string_view folder)
-      : visitor_(visitor), folder_(std::string(folder) + "\\") {}
+  /// Both are kept by reference.
+  DocumentScan(const std::function<void(const std::string&)>& visitor, BookDocumentNames& names)
+      : visitor_(visitor), names_(names) {}
 
   void startElement(std::string_view /*name*/, const XmlScanAttributes& /*attributes*/) override {
     text_.clear();
   }
   void text(std::string_view text) override { text_.append(text); }
   void endElement(std::string_view name) override {
-    if (name == book_names::kHeadingFile) {
-      visitor_(text_);
-    } else if (name == book_names::kBookFile) {
-      visitor_(inBookFolder(text_));
+    if (const auto document = names_.take(name, text_)) {
+      visitor_(*document);
     }
     text_.clear();
   }
 
  private:
-  /// The book of a workbook states its main file with the book's folder in front.
-  [[nodiscard]] std::string inBookFolder(const std::string& file) const {
-    return file.starts_with(folder_) ? file.substr(folder_.size()) : file;
-  }
-
   const std::function<void(const std::string&)>& visitor_;
-  const std::string folder_;
+  BookDocumentNames& names_;
   std::string text_;
 };
 
@@ -118,25 +115,25 @@ class LinkScan final : public XmlScanHandler {
   std::optional<std::string> link_;
 };
 
-void scanFile(const Platform& platform, const std::string& path, XmlScanHandler& scan) {
+}  // namespace
+
+void scanBookFile(const Platform& platform, const std::string& path, XmlScanHandler& scan) {
   requireReadable(platform.files, path, nativeName(path));
   if (const XmlLoadResult result = platform.xml.scan(path, scan); !result) {
     throw loadFailure(path, result);
   }
 }
 
-}  // namespace
-
 void readHeadings(const Platform& platform,
                   const std::string& path,
                   const std::function<void(const BookHeading&)>& visitor) {
   HeadingScan scan(visitor);
-  scanFile(platform, path, scan);
+  scanBookFile(platform, path, scan);
 }
 
 std::string readBookLink(const Platform& platform, const std::string& path) {
   LinkScan scan;
-  scanFile(platform, path, scan);
+  scanBookFile(platform, path, scan);
   if (!scan.hasBook()) {
     throw missingElement(path, book_names::kBook);
   }
@@ -159,18 +156,14 @@ bool haveSameHeadings(const Platform& platform, const std::string& left, const s
 BookDocuments findDocuments(const Platform& platform, const std::string& path) {
   const std::string folder = std::string(folderOf(path)) + "\\";
   BookDocuments documents;
-  std::unordered_set<std::string> seen;
-  const std::function<void(const std::string&)> look = [&](const std::string& document) {
-    const std::string name = document.substr(0, document.find('#'));
-    if (name.empty() || !seen.insert(name).second) {
-      return;
-    }
+  const std::function<void(const std::string&)> look = [&](const std::string& name) {
     const auto below = nameBelow(name);
     const bool present = below && platform.files.fileExists(folder + *below);
     (present ? documents.present : documents.missing).push_back(name);
   };
-  DocumentScan scan(look, fileNameOf(folderOf(path)));
-  scanFile(platform, path, scan);
+  BookDocumentNames names(path, platform.locale);
+  DocumentScan scan(look, names);
+  scanBookFile(platform, path, scan);
   return documents;
 }
 

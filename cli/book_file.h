@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/xml_document.h"
 
 namespace quorbind {
 
@@ -23,8 +24,11 @@ struct BookHeading {
   bool operator==(const BookHeading&) const = default;
 };
 
-/// Hands over the headings of the book file at `path` in their order. A file that is not there,
-/// can't be read or does not parse is a CommandFailure that says which and where.
+/// Walks through the book file at `path`. A file that is not there, can't be read or does not parse
+/// is a CommandFailure that says which and where.
+void scanBookFile(const Platform& platform, const std::string& path, XmlScanHandler& scan);
+
+/// Hands over the headings of the book file at `path` in their order. Fails as scanBookFile does.
 void readHeadings(const Platform& platform,
                   const std::string& path,
                   const std::function<void(const BookHeading&)>& visitor);

@@ -55,14 +55,18 @@ std::size_t lineOfStatedName(const Platform& platform,
   return lines.lineOf(isPath ? book_names::kPath : book_names::kAcro, 0);
 }
 
-/// The line at fault; 0 where none is, as in a file without headings.
-std::size_t lineOf(const XmlTocRefusal& refusal,
-                   const Platform& platform,
-                   const TocFile& toc,
-                   const XmlDocument& book) {
+/// The place at fault; none where there is no line to blame, as in a file without headings.
+LinePlace placeOf(const XmlTocRefusal& refusal,
+                  const Platform& platform,
+                  const TocFile& toc,
+                  const XmlDocument& book) {
   const bool statesName =
       !refusal.isNotLoaded && !book.elementsByName(book_names::kHeadingFile).empty();
-  return statesName ? lineOfStatedName(platform, toc, book) : refusal.line;
+  if (statesName) {
+    return {.line = lineOfStatedName(platform, toc, book)};
+  }
+  const std::size_t length = refusal.column > 0 ? 1 : 0;
+  return {.line = refusal.line, .column = refusal.column, .length = length};
 }
 
 }  // namespace
@@ -73,7 +77,7 @@ BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
   if (auto refusal = loadXmlToc(*book, toc.path)) {
     survey.status = statusOf(*refusal);
     survey.refusal = {.violation = refusal->violation,
-                      .place = {.line = lineOf(*refusal, platform, toc, *book)},
+                      .place = placeOf(*refusal, platform, toc, *book),
                       .text = std::move(refusal->offered)};
     return survey;
   }

@@ -107,6 +107,10 @@ std::string readableName(std::string_view stored) {
   return name;
 }
 
+std::string legibleName(const std::string& typed) {
+  return trimBlanks(typed).empty() ? "(no title)" : typed;
+}
+
 std::string titleOf(const ListedBook& book) {
   return readableName(book.name) + " (" + readableName(book.acronym) + ")";
 }

@@ -42,6 +42,9 @@ std::string bookFileOf(const LibraryPaths& library, const ListedBook& book);
 /// A stored name as it was typed: without the replacements for markup characters.
 std::string readableName(std::string_view stored);
 
+/// What a person is shown of a title or a name as it was typed: an empty one could not be seen.
+std::string legibleName(const std::string& typed);
+
 /// A book as messages call it: `NAME (ACRONYM)`, both as they were typed.
 std::string titleOf(const ListedBook& book);
 

@@ -147,7 +147,7 @@ ExitStatus check(const CheckArguments& arguments, CheckReport& report, Wiring& w
     return ExitStatus::kRefused;
   }
   const ExitStatus status = checkKind(kind, report, toc, wiring);
-  report.lineText = lineOfFile(wiring.module.platform, toc.path, report.place.line);
+  report.lineText = lineOfFile(wiring.module.platform, toc.path, kind, report.place.line);
   return status;
 }
 

@@ -24,6 +24,11 @@ std::string joinedPath(std::string_view folder, std::string_view name) {
 
 }  // namespace
 
+std::string documentKey(std::string_view name, const Locale& locale) {
+  const std::string_view document = name.substr(0, name.find('#'));
+  return locale.upperCase(nameBelow(document).value_or(std::string(document)));
+}
+
 FoundDocument DocumentFinder::find(std::string_view folder,
                                    std::string_view name,
                                    std::string_view bookmark) {

@@ -23,6 +23,10 @@ struct FoundDocument {
   [[nodiscard]] bool isMissing() const { return state == State::kMissing; }
 };
 
+/// A document's name in a form that all names of one document have, whatever their letter case,
+/// their separators and their bookmarks.
+std::string documentKey(std::string_view name, const Locale& locale);
+
 /// Finds documents below a server's folder as the disk spells them: a browser asks for a file by
 /// its very name, and books name theirs in any letter case. Each folder is listed once, because a
 /// book names thousands of documents in a few folders.

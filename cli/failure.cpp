@@ -61,7 +61,8 @@ void writingOutput(std::string_view name, const std::function<void()>& step) {
 CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result) {
   const ExitStatus status = result.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
   const auto line = static_cast<std::size_t>(result.line);
-  return {status, placeIn(nativeName(path), line) + result.reason};
+  const auto column = static_cast<std::size_t>(result.column);
+  return {status, placeIn(nativeName(path), line, column) + result.reason};
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
@@ -69,6 +70,10 @@ void requireReadable(FileSystem& files, std::string_view path, std::string_view 
     char first = 0;
     static_cast<void>(files.open(path)->read(&first, 1));
   });
+}
+
+std::string internalError(const std::exception& error) {
+  return std::string("internal error: ") + error.what();
 }
 
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand) {
@@ -82,7 +87,7 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
   } catch (const Abandoned&) {
     throw;
   } catch (const std::exception& error) {
-    ui.show(criticalMessage(std::string("internal error: ") + error.what()));
+    ui.show(criticalMessage(internalError(error)));
     return ExitStatus::kInternal;
   }
 }

@@ -60,6 +60,9 @@ CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result);
 /// Fails unless there is a file at `path` that can be read. `name` is the user's name for it.
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name);
 
+/// How an exception is told that nobody expects: by what it says of itself.
+std::string internalError(const std::exception& error);
+
 /// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status, any
 /// other exception but `AlreadyTold` and `Abandoned` likewise as an internal error.
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand);

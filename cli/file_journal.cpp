@@ -4,6 +4,7 @@
 
 #include "cli/failure.h"
 #include "platform/error_trap.h"
+#include "platform/paths.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -135,7 +136,11 @@ std::unique_ptr<CopySeries> FileJournal::beginCopies() {
 }
 
 void FileJournal::moveFile(std::string_view from, std::string_view to) {
-  changing(from, [&] { files().moveFile(from, to); });
+  if (const auto error = errorOf([&] { files().moveFile(from, to); })) {
+    // What it raises does not tell which end of the way is closed.
+    const bool canArrive = ignoringErrors([&] { static_cast<void>(files().replace(to)); }) == 0;
+    changing(canArrive ? from : folderOf(to), [&] { throw RunTimeError(*error); });
+  }
   const FileChange undone{
       FileChange::Kind::kMoved, files().absolutePath(to), files().absolutePath(from)};
   if (!changes_.empty() && changes_.back() == undone) {

@@ -34,7 +34,7 @@ void addServer(CLI::App& command, std::string& server) {
           server,
           "Folder of the documentation server; required, unless the environment names it as "
           "QUOR_SERVER")
-      ->envname("QUOR_SERVER")
+      ->envname(kServerVariable)
       ->required()
       ->check(refusalOfEmptyText)
       ->option_text("DIR");

@@ -57,6 +57,8 @@ std::string refusalOfEmptyText(const std::string& text);
 std::string refusalOfBlankText(const std::string& text);
 
 // Flags that several subcommands share.
+/// The variable of the environment that names the server where the command line does not.
+inline constexpr const char* kServerVariable = "QUOR_SERVER";
 void addServer(CLI::App& command, std::string& server);
 void addPlace(CLI::App& command, LibraryArguments& place);
 /// The library's name alone, which need not be given.

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <limits>
-#include <optional>
 #include <string_view>
 
 #include "cli/failure.h"
@@ -28,8 +28,6 @@ constexpr std::string_view kBook = "book";
 constexpr std::string_view kToc = "toc";
 constexpr std::string_view kServer = "server";
 constexpr std::string_view kLibrary = "library";
-constexpr std::string_view kKind = "kind";
-constexpr std::string_view kInstallType = "install-type";
 constexpr std::string_view kKeywords = "keywords";
 constexpr std::string_view kStopAtFirst = "stop-at-first";
 
@@ -38,32 +36,6 @@ constexpr std::size_t kLargestJobFile = std::size_t{1} << 20U;
 /// The parser follows the parts of a dotted key into the depth, and no key here has any.
 constexpr std::ptrdiff_t kMostDotsOfALine = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-struct TextKey {
-  std::string_view name;
-  std::optional<std::string> AddArguments::*value;
-};
-constexpr std::array kOptionalTexts{TextKey{"kind", &AddArguments::kind},
-                                    TextKey{"name", &AddArguments::name},
-                                    TextKey{"acro", &AddArguments::acronym},
-                                    TextKey{"folder", &AddArguments::folder}};
-struct ListKey {
-  std::string_view name;
-  std::string AddArguments::*value;
-};
-constexpr std::array kLists{ListKey{"category", &AddArguments::category},
-                            ListKey{kKeywords, &AddArguments::keywords},
-                            ListKey{"categories", &AddArguments::categories}};
-struct FlagKey {
-  std::string_view name;
-  bool AddArguments::*value;
-};
-constexpr std::array kFlags{FlagKey{"create-categories", &AddArguments::createCategories},
-                            FlagKey{"no-input", &AddArguments::noInput}};
-
-/// Keys that only one of the two kinds of tables has.
-const std::vector<std::string> kOfTheJob{std::string(kBook), std::string(kStopAtFirst)};
-const std::vector<std::string> kOfABook{std::string(kToc), "name", "acro"};
 
 std::string contentsOf(FileSystem& files, const std::string& name) {
   std::string contents;
@@ -82,16 +54,18 @@ std::string contentsOf(FileSystem& files, const std::string& name) {
 
 class JobReader {
  public:
-  JobReader(const std::string& name, const std::string& contents)
-      : name_(name), contents_(contents) {}
+  /// All are kept by reference.
+  JobReader(const std::string& name, const std::string& contents, const AddRequest& request)
+      : name_(name), contents_(contents), request_(request) {}
 
-  Job read(const AddArguments& given) {
+  Job read() const {
     const toml::table root = parsed();
     Job job;
-    AddArguments common = given;
-    readKeys(root, common, kOfTheJob);
+    job.stopsAtFirst = request_.stopsAtFirst;
+    AddArguments common = request_;
+    readKeys(root, common, keysOfTheJob());
     if (const toml::node* stop = root.get(kStopAtFirst)) {
-      job.stopsAtFirst = valueOf<bool>(kStopAtFirst, *stop, "true or false");
+      job.stopsAtFirst |= valueOf<bool>(kStopAtFirst, *stop, kSwitch);
     }
     for (const toml::node& book : booksIn(root)) {
       job.additions.push_back(additionOf(*book.as_table(), common));
@@ -100,7 +74,41 @@ class JobReader {
   }
 
  private:
-  toml::table parsed() {
+  /// A key, and what takes its value over into the arguments of an addition.
+  struct Key {
+    std::string_view name;
+    void (JobReader::*take)(std::string_view key,
+                            const toml::node& value,
+                            AddArguments& arguments) const;
+  };
+
+  static std::vector<Key> keysOfEveryTable() {
+    return {{kServer, &JobReader::takeServer},
+            {kLibrary, &JobReader::takeLibrary},
+            {"kind", &JobReader::takeKind},
+            {"folder", &JobReader::takeText<&AddArguments::folder>},
+            {"category", &JobReader::takeList<&AddArguments::category>},
+            {kKeywords, &JobReader::takeList<&AddArguments::keywords>},
+            {"categories", &JobReader::takeList<&AddArguments::categories>},
+            {"install-type", &JobReader::takeInstallType},
+            {"create-categories", &JobReader::takeSwitch<&AddArguments::createCategories>},
+            {"no-input", &JobReader::takeSwitch<&AddArguments::noInput>}};
+  }
+  static std::vector<Key> keysOfTheJob() {
+    std::vector<Key> keys = keysOfEveryTable();
+    keys.push_back({kBook, &JobReader::leave});
+    keys.push_back({kStopAtFirst, &JobReader::leave});
+    return keys;
+  }
+  static std::vector<Key> keysOfABook() {
+    std::vector<Key> keys = keysOfEveryTable();
+    keys.push_back({kToc, &JobReader::takeToc});
+    keys.push_back({"name", &JobReader::takeText<&AddArguments::name>});
+    keys.push_back({"acro", &JobReader::takeText<&AddArguments::acronym>});
+    return keys;
+  }
+
+  [[nodiscard]] toml::table parsed() const {
     refuseDeepKeys();
     try {
       return toml::parse(contents_);
@@ -120,7 +128,7 @@ class JobReader {
     }
   }
 
-  const toml::array& booksIn(const toml::table& root) {
+  [[nodiscard]] const toml::array& booksIn(const toml::table& root) const {
     const toml::node* books = root.get(kBook);
     if (books == nullptr) {
       fail({}, "there is no [[book]]: each table of contents has one");
@@ -132,14 +140,12 @@ class JobReader {
     return *list;
   }
 
-  AddArguments additionOf(const toml::table& book, const AddArguments& common) {
+  [[nodiscard]] AddArguments additionOf(const toml::table& book, const AddArguments& common) const {
     AddArguments addition = common;
-    const toml::node* toc = book.get(kToc);
-    if (toc == nullptr) {
+    if (book.get(kToc) == nullptr) {
       fail(book.source(), "the book has no toc, which names its table of contents");
     }
-    addition.toc = besideJob(textOf(kToc, *toc));
-    readKeys(book, addition, kOfABook);
+    readKeys(book, addition, keysOfABook());
     for (const auto& [key, value] :
          {std::pair{kServer, addition.place.server}, std::pair{kLibrary, addition.place.library}}) {
       if (value.empty()) {
@@ -151,89 +157,101 @@ class JobReader {
     return addition;
   }
 
+  /// What the command line says is not taken from the file, but has to be right there all the same.
   void readKeys(const toml::table& table,
                 AddArguments& arguments,
-                const std::vector<std::string>& keysOfItsOwn) {
-    for (const auto& [key, value] : table) {
-      readKey(key, value, arguments, keysOfItsOwn);
+                const std::vector<Key>& keys) const {
+    for (const auto& [name, value] : table) {
+      const Key& key = keyNamed(name, keys);
+      AddArguments overruled;
+      const bool isOverruled = request_.given.contains(key.name);
+      (this->*key.take)(key.name, value, isOverruled ? overruled : arguments);
     }
   }
 
-  void readKey(const toml::key& key,
-               const toml::node& value,
-               AddArguments& arguments,
-               const std::vector<std::string>& keysOfItsOwn) {
-    const std::string_view name = key.str();
-    const std::vector<std::string> known = keysWith(keysOfItsOwn);
-    if (std::find(known.begin(), known.end(), name) == known.end()) {
-      fail(key.source(),
-           "there is no key '" + std::string(name) + "' here." + suggestionFor(name, known));
+  [[nodiscard]] const Key& keyNamed(const toml::key& name, const std::vector<Key>& keys) const {
+    const auto key = std::find_if(
+        keys.begin(), keys.end(), [&](const Key& known) { return known.name == name.str(); });
+    if (key == keys.end()) {
+      std::vector<std::string> known;
+      std::transform(keys.begin(), keys.end(), std::back_inserter(known), [](const Key& other) {
+        return std::string(other.name);
+      });
+      fail(name.source(),
+           "there is no key '" + std::string(name.str()) + "' here." +
+               suggestionFor(name.str(), known));
     }
-    if (name == kServer) {
-      arguments.place.server = besideJob(textOf(name, value));
-    } else if (name == kLibrary) {
-      arguments.place.library = textOf(name, value);
-      require(refusalOfLibraryName(arguments.place.library), value);
-    } else if (name == kInstallType) {
-      arguments.installType = numberOf(name, value);
+    return *key;
+  }
+
+  /// Of a key that is read elsewhere.
+  void leave(std::string_view /*key*/,
+             const toml::node& /*value*/,
+             AddArguments& /*arguments*/) const {}
+
+  void takeToc(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.toc = besideJob(textOf(key, value));
+  }
+
+  void takeServer(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.place.server = besideJob(textOf(key, value));
+  }
+
+  void takeLibrary(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.place.library = textOf(key, value);
+    if (const std::string refusal = refusalOfLibraryName(arguments.place.library);
+        !refusal.empty()) {
+      fail(value.source(), refusal);
     }
-    for (const TextKey& text : kOptionalTexts) {
-      if (name == text.name) {
-        arguments.*text.value = valueOf<std::string>(name, value, "a text");
-      }
-    }
-    for (const ListKey& list : kLists) {
-      if (name == list.name) {
-        arguments.*list.value = listOf(name, value);
-      }
-    }
-    for (const FlagKey& flag : kFlags) {
-      if (name == flag.name) {
-        arguments.*flag.value = valueOf<bool>(name, value, "true or false");
-      }
-    }
-    if (name == kKind && kindOf("", arguments.kind) == 0) {
+  }
+
+  void takeKind(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.kind = valueOf<std::string>(key, value, kText);
+    if (kindOf("", arguments.kind) == 0) {
       fail(value.source(), "kind has to be xml, html, excel or text");
     }
   }
 
-  static std::vector<std::string> keysWith(const std::vector<std::string>& keysOfItsOwn) {
-    std::vector<std::string> keys = keysOfItsOwn;
-    for (const std::string_view key : {kServer, kLibrary, kInstallType}) {
-      keys.emplace_back(key);
-    }
-    for (const TextKey& text : kOptionalTexts) {
-      const bool namesABook = text.name == "name" || text.name == "acro";
-      if (!namesABook) {
-        keys.emplace_back(text.name);
-      }
-    }
-    for (const ListKey& list : kLists) {
-      keys.emplace_back(list.name);
-    }
-    for (const FlagKey& flag : kFlags) {
-      keys.emplace_back(flag.name);
-    }
-    return keys;
+  void takeInstallType(std::string_view key,
+                       const toml::node& value,
+                       AddArguments& arguments) const {
+    arguments.installType = numberOf(key, value);
+  }
+
+  template <auto Field>
+  void takeText(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.*Field = valueOf<std::string>(key, value, kText);
+  }
+
+  template <auto Field>
+  void takeList(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.*Field = listOf(key, value);
+  }
+
+  template <auto Field>
+  void takeSwitch(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.*Field = valueOf<bool>(key, value, kSwitch);
   }
 
   template <typename Value>
-  Value valueOf(std::string_view key, const toml::node& value, std::string_view wanted) {
+  [[nodiscard]] Value valueOf(std::string_view key,
+                              const toml::node& value,
+                              std::string_view wanted) const {
     if (const auto read = value.value_exact<Value>()) {
       return *read;
     }
     fail(value.source(), std::string(key).append(" has to be ").append(wanted));
   }
 
-  std::string textOf(std::string_view key, const toml::node& value) {
-    auto text = valueOf<std::string>(key, value, "a text");
+  [[nodiscard]] std::string textOf(std::string_view key, const toml::node& value) const {
+    auto text = valueOf<std::string>(key, value, kText);
     if (text.empty()) {
       fail(value.source(), std::string(key) + " must not be empty");
     }
     return text;
   }
 
-  std::int32_t numberOf(std::string_view key, const toml::node& value) {
+  [[nodiscard]] std::int32_t numberOf(std::string_view key, const toml::node& value) const {
     const auto number = valueOf<std::int64_t>(key, value, "a whole number");
     if (number < std::numeric_limits<std::int32_t>::min() ||
         number > std::numeric_limits<std::int32_t>::max()) {
@@ -243,14 +261,14 @@ class JobReader {
   }
 
   /// A list as its flag takes it, or its entries one by one.
-  std::string listOf(std::string_view key, const toml::node& value) {
+  [[nodiscard]] std::string listOf(std::string_view key, const toml::node& value) const {
     const toml::array* entries = value.as_array();
     if (entries == nullptr) {
-      return valueOf<std::string>(key, value, "a text or a list of texts");
+      return valueOf<std::string>(key, value, kTextOrList);
     }
     std::vector<std::string> texts;
     for (const toml::node& entry : *entries) {
-      texts.push_back(valueOf<std::string>(key, entry, "a text or a list of texts"));
+      texts.push_back(valueOf<std::string>(key, entry, kTextOrList));
       requireNoneOf(separatorsOf(key), texts.back(), key, entry);
     }
     return joined(texts, kListSeparator);
@@ -273,12 +291,6 @@ class JobReader {
       if (contains(text, separator)) {
         fail(entry.source(), "an entry of " + std::string(key) + " must not hold " + separator);
       }
-    }
-  }
-
-  void require(const std::string& refusal, const toml::node& value) {
-    if (!refusal.empty()) {
-      fail(value.source(), refusal);
     }
   }
 
@@ -308,16 +320,21 @@ class JobReader {
   }
 
   static constexpr std::string_view kListSeparator = ";";
+  // What a value has to be.
+  static constexpr std::string_view kText = "a text";
+  static constexpr std::string_view kTextOrList = "a text or a list of texts";
+  static constexpr std::string_view kSwitch = "true or false";
 
   const std::string& name_;
   const std::string& contents_;
+  const AddRequest& request_;
 };
 
 }  // namespace
 
-Job readJobFile(FileSystem& files, const std::string& name, const AddArguments& given) {
+Job readJobFile(FileSystem& files, const std::string& name, const AddRequest& request) {
   const std::string contents = contentsOf(files, name);
-  return JobReader(name, contents).read(given);
+  return JobReader(name, contents, request).read();
 }
 
 }  // namespace quorbind

@@ -1,13 +1,13 @@
 #include "cli/library_model.h"
 
 #include <algorithm>
-#include <array>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "cli/failure.h"
+#include "cli/library_documents.h"
 #include "platform/file_system.h"
-#include "platform/paths.h"
+#include "platform/locale.h"
 #include "platform/text.h"
 #include "sidefiles/names.h"
 
@@ -15,30 +15,15 @@ namespace quorbind {
 
 namespace {
 
-/// The folder that holds a book's documents, below the server's. Nothing for one that leads out of
-/// the library.
-std::optional<std::string> folderBelowServer(const LibraryPaths& paths, const ListedBook& book) {
-  if (book.folder.empty()) {
-    return paths.location;
+/// Names of one document may differ in letter case.
+std::size_t missingIn(const LibraryBook& book, const Locale& locale) {
+  std::unordered_set<std::string> documents;
+  for (const LibraryHeading& heading : book.headings) {
+    if (heading.document.isMissing()) {
+      documents.insert(documentKey(heading.heading.document, locale));
+    }
   }
-  const auto below = nameBelow(book.folder);
-  return below ? std::optional(paths.location + "\\" + *below) : std::nullopt;
-}
-
-FoundDocument findInBook(const LibraryPaths& paths,
-                         const ListedBook& book,
-                         std::string_view document,
-                         std::string_view bookmark,
-                         DocumentFinder& finder) {
-  const auto folder = folderBelowServer(paths, book);
-  return folder ? finder.find(*folder, document, bookmark)
-                : FoundDocument{.state = FoundDocument::State::kMissing};
-}
-
-/// The identifier of a whole book has the book's table of contents for its source, in full; that
-/// does not come into the library.
-bool isWholePath(std::string_view document) {
-  return document.starts_with('\\') || document.substr(0, 2).ends_with(':');
+  return documents.size() + (book.document.isMissing() ? 1 : 0);
 }
 
 class Reading {
@@ -94,6 +79,7 @@ class Reading {
       book.failure = failureOf(
           [&] { book.headings = readLibraryHeadings(platform_, paths_, book.entry, finder_); });
     }
+    book.missing = missingIn(book, platform_.locale);
     return book;
   }
 
@@ -187,24 +173,10 @@ class Reading {
     LibraryLink link{.entry = std::move(entry)};
     if (const auto book = byAcronym_.find(link.entry.acronym); book != byAcronym_.end()) {
       link.book = book->second;
-      link.document = findTarget(library_.books[book->second].entry, documentOf(link.entry));
+      link.document =
+          findLinkTarget(paths_, library_.books[book->second].entry, link.entry, finder_);
     }
     return link;
-  }
-
-  /// It is a document of the library or one of the book's folder, and in that folder documents lie
-  /// without the folders that the table of contents names them with.
-  [[nodiscard]] FoundDocument findTarget(const ListedBook& book, std::string_view document) {
-    if (isWholePath(document)) {
-      return {};
-    }
-    FoundDocument target = finder_.find(paths_.location, document, "");
-    for (const std::string_view name : std::array{document, fileNameOf(document)}) {
-      if (target.isMissing()) {
-        target = findInBook(paths_, book, name, "", finder_);
-      }
-    }
-    return target;
   }
 
   const Platform& platform_;
@@ -240,12 +212,6 @@ std::vector<LibraryHeading> readLibraryHeadings(const Platform& platform,
   return headings;
 }
 
-FoundDocument findSingleDocument(const LibraryPaths& paths,
-                                 const ListedBook& book,
-                                 DocumentFinder& finder) {
-  return findInBook(paths, book, book.bookFile, "", finder);
-}
-
 LibraryCounts& LibraryCounts::operator+=(const LibraryCounts& more) {
   books += more.books;
   headings += more.headings;
@@ -255,22 +221,11 @@ LibraryCounts& LibraryCounts::operator+=(const LibraryCounts& more) {
   return *this;
 }
 
-std::size_t missingIn(const LibraryBook& book) {
-  std::unordered_set<std::string_view> names;
-  for (const LibraryHeading& heading : book.headings) {
-    if (heading.document.isMissing()) {
-      const std::string_view name = heading.heading.document;
-      names.insert(name.substr(0, name.find('#')));
-    }
-  }
-  return names.size() + (book.document.isMissing() ? 1 : 0);
-}
-
 LibraryCounts countsOf(const LibraryModel& library) {
   LibraryCounts counts{.books = library.books.size(), .unreadable = library.failures.size()};
   for (const LibraryBook& book : library.books) {
     counts.headings += book.headings.size();
-    counts.missing += missingIn(book);
+    counts.missing += book.missing;
     counts.unreadable += book.failure.empty() ? 0 : 1;
   }
   counts.dangling = static_cast<std::size_t>(

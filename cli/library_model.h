@@ -31,6 +31,8 @@ struct LibraryBook {
   std::vector<LibraryHeading> headings = {};
   /// Of a single document, which is the whole book.
   FoundDocument document = {};
+  /// How many documents are not there, each counted once.
+  std::size_t missing = 0;
   /// Why its book file can't be read; empty when it can.
   std::string failure = {};
 };
@@ -82,16 +84,11 @@ std::vector<LibraryHeading> readLibraryHeadings(const Platform& platform,
                                                 const ListedBook& book,
                                                 DocumentFinder& finder);
 
-/// The document that an entry of a single document is.
-FoundDocument findSingleDocument(const LibraryPaths& paths,
-                                 const ListedBook& book,
-                                 DocumentFinder& finder);
-
 /// What a library has, and what is wrong in it.
 struct LibraryCounts {
   std::size_t books = 0;
   std::size_t headings = 0;
-  /// Documents that are not there, each once for a book.
+  /// Documents that are not there, each once for a book and in whatever letter case.
   std::size_t missing = 0;
   /// Books and files that can't be read.
   std::size_t unreadable = 0;
@@ -102,7 +99,5 @@ struct LibraryCounts {
 };
 
 LibraryCounts countsOf(const LibraryModel& library);
-/// How many documents of the book are not there.
-std::size_t missingIn(const LibraryBook& book);
 
 }  // namespace quorbind

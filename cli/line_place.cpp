@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
+#include "platform/portable/xml_decoding.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
+#include "toc/toc_check.h"
 
 namespace quorbind {
 
@@ -20,17 +24,36 @@ std::size_t countCharacters(std::string_view text) {
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 constexpr std::size_t kLongestLine = std::size_t{64} << 10U;
 
-bool isSmall(FileSystem& files, const std::string& path) {
+/// Nothing for a file that is too large.
+std::optional<std::string> contentsOf(FileSystem& files, const std::string& path) {
   const auto reader = files.open(path);
   std::array<char, std::size_t{64} << 10U> bytes{};
-  std::size_t size = 0;
+  std::string contents;
   while (const std::size_t count = reader->read(bytes.data(), bytes.size())) {
-    size += count;
-    if (size > kLargestFile) {
-      return false;
+    contents.append(bytes.data(), count);
+    if (contents.size() > kLargestFile) {
+      return std::nullopt;
     }
   }
-  return true;
+  return contents;
+}
+
+std::string lineOfText(const Platform& platform, const std::string& path, std::size_t number) {
+  TextReader reader(platform.files, platform.locale, path);
+  for (std::size_t line = 1; line < number; ++line) {
+    reader.readLine();
+  }
+  return std::string(reader.readLine());
+}
+
+std::string lineOfXml(std::string_view contents, std::size_t number) {
+  const std::string text = decodedXml(contents);
+  const Pieces lines(text, "\n");
+  if (number > lines.count()) {
+    raise(ErrorNumber::kInputPastEndOfFile);
+  }
+  const std::string_view line = lines.at(number - 1);
+  return std::string(line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0)));
 }
 
 }  // namespace
@@ -44,20 +67,19 @@ LinePlace placeOfPart(std::size_t number, std::string_view line, std::string_vie
 
 std::optional<std::string> lineOfFile(const Platform& platform,
                                       const std::string& path,
+                                      std::int16_t kind,
                                       std::size_t number) {
   if (number == 0) {
     return std::nullopt;
   }
   try {
-    if (!isSmall(platform.files, path)) {
+    const auto contents = contentsOf(platform.files, path);
+    if (!contents) {
       return std::nullopt;
     }
-    TextReader reader(platform.files, platform.locale, path);
-    for (std::size_t line = 1; line < number; ++line) {
-      reader.readLine();
-    }
-    const std::string_view line = reader.readLine();
-    return line.size() > kLongestLine ? std::nullopt : std::optional<std::string>(line);
+    std::string line =
+        kind == TocCheck::kXml ? lineOfXml(*contents, number) : lineOfText(platform, path, number);
+    return line.size() > kLongestLine ? std::nullopt : std::optional(std::move(line));
   } catch (const RunTimeError&) {
     return std::nullopt;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,10 +22,12 @@ struct LinePlace {
 /// The place of `part`, a view into `line`, which has that number.
 LinePlace placeOfPart(std::size_t number, std::string_view line, std::string_view part);
 
-/// The line with that number of the file at `path`, which the component names so. Nothing when
-/// there is none such, the file can't be read, or either is too large to be shown to anybody.
+/// The line with that number of the table of contents at `path`, which the component names so and
+/// which is of that kind. Nothing when there is none such, the file can't be read, or either is too
+/// large to be shown to anybody.
 std::optional<std::string> lineOfFile(const Platform& platform,
                                       const std::string& path,
+                                      std::int16_t kind,
                                       std::size_t number);
 
 }  // namespace quorbind

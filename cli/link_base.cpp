@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "cli/html_text.h"
+#include "platform/portable/path_finder.h"
 
 namespace quorbind {
 
@@ -12,12 +13,14 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A browser takes folders by their names, and follows no link of the disk before it goes back over
-/// `..`; so the name stays as it was typed. One with `..` of its own has to be followed first.
+/// `..`; so the name stays as it was typed, but for its letter case, which a browser does not pass
+/// over. One with `..` of its own has to be followed first.
 fs::path namedFolder(const std::string& folder) {
   const fs::path full = fs::absolute(folder);
   const bool goesBack = std::find(full.begin(), full.end(), "..") != full.end();
   const fs::path named = goesBack ? fs::weakly_canonical(full) : full.lexically_normal();
-  return named.has_filename() ? named : named.parent_path();
+  const fs::path bare = named.has_filename() ? named : named.parent_path();
+  return PathFinder("").find(bare.string()).path;
 }
 
 /// The name behind the root; empty for the root itself.

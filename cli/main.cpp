@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "cli/command_line.h"
+#include "cli/failure.h"
 #include "cli/report.h"
 #include "platform/portable/visible_text.h"
 
@@ -12,7 +13,7 @@ namespace {
 using namespace quorbind;
 
 std::string tellInternal(const std::exception& error) {
-  std::string note = std::string("internal error: ") + error.what();
+  std::string note = internalError(error);
   std::cerr << "quorbind: " << visibleText(note) << '\n';
   return note;
 }

@@ -14,6 +14,7 @@
 #include "cli/wiring.h"
 #include "platform/portable/visible_text.h"
 #include "platform/text_file.h"
+#include "toc/toc_check.h"
 
 namespace quorbind {
 
@@ -54,7 +55,8 @@ void writeFile(Wiring& wiring,
 
 ExitStatus refuse(Wiring& wiring, const TocFile& toc, const TocRefusal& refusal) {
   tellRefusal(wiring.ui, refusal);
-  const auto line = lineOfFile(wiring.module.platform, toc.path, refusal.place.line);
+  const auto line =
+      lineOfFile(wiring.module.platform, toc.path, TocCheck::kText, refusal.place.line);
   std::cerr << helpWith(wiring.ui.shown(), refusal.place, line) << "quorbind: "
             << visibleText(placeIn(toc.name, refusal.place.line, refusal.place.column))
             << "nothing was written\n";

@@ -87,6 +87,10 @@ void RehearsedFiles::copyFile(std::string_view from, std::string_view to) {
   if (sameFile(from, to)) {
     raise(ErrorNumber::kPermissionDenied);
   }
+  if (const auto* file = std::get_if<DiskFile>(&content)) {
+    char first = 0;
+    static_cast<void>(disk_.open(file->path)->read(&first, 1));
+  }
   requireTarget(to);
   put(to, std::move(content));
 }

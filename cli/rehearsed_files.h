@@ -6,7 +6,7 @@
 // is so in memory alone: whoever works on these files meets what it has done before, and the disk
 // stays as it is. So a rehearsed run takes the same way as the real one, checks and messages
 // included. What only the disk can refuse is refused where it can be known without trying: a file
-// or folder that may not be written. A disk that is full is not.
+// that can't be read, a file or folder that may not be written. A disk that is full is not.
 
 #include <map>
 #include <memory>

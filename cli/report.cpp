@@ -200,7 +200,8 @@ void printBookAsText(const ListedBook& book,
   printDetail("categories", joined(book.categories, "; "));
   for (const auto& [heading, document] : headings) {
     const std::string place = heading.document + heading.bookmark;
-    std::cout << std::string(2 * (heading.depth + 1), ' ') << visibleText(heading.title)
+    std::cout << std::string(2 * (heading.depth + 1), ' ')
+              << visibleText(legibleName(heading.title))
               << (place.empty() ? "" : "  " + visibleText(place))
               << missingMark(document.isMissing()) << '\n';
   }

@@ -2,6 +2,7 @@
 
 #include "cli/book_file.h"
 #include "cli/catalogue_reader.h"
+#include "cli/library_documents.h"
 #include "cli/library_model.h"
 #include "cli/listing.h"
 #include "cli/paths.h"

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cli/text_list.h"
+#include "platform/text.h"
 
 namespace quorbind {
 
@@ -43,7 +44,7 @@ std::string suggestionFor(std::string_view word, const std::vector<std::string>&
   std::size_t least = mostEdits(word);
   std::vector<std::string> nearest;
   for (const std::string& other : known) {
-    const std::size_t distance = editDistance(word, other);
+    const std::size_t distance = editDistance(upperCaseAscii(word), upperCaseAscii(other));
     if (distance < least) {
       nearest.clear();
     }

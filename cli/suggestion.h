@@ -10,8 +10,8 @@ namespace quorbind {
 /// one word of the other.
 std::size_t editDistance(std::string_view left, std::string_view right);
 
-/// ` Did you mean 'check'?` when some of `known` are so near to `word` that it is probably a slip
-/// of the hand, all of those that are equally near; empty when none is.
+/// ` Did you mean 'check'?` when some of `known` are so near to `word`, whatever the letter case,
+/// that it is probably a slip of the hand, all of those that are equally near; empty when none is.
 std::string suggestionFor(std::string_view word, const std::vector<std::string>& known);
 
 }  // namespace quorbind

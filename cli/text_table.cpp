@@ -3,21 +3,24 @@
 #include <algorithm>
 #include <iostream>
 
+#include "platform/portable/text_cells.h"
 #include "platform/portable/visible_text.h"
 
 namespace quorbind {
 
 namespace {
 
-std::size_t columnsOf(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](unsigned char byte) { return (byte & 0xC0U) != 0x80U; }));
+/// A tab would go to a stop of the terminal's, whatever stands in front of it.
+std::string visibleCell(const std::string& text) {
+  std::string shown = visibleText(text);
+  std::replace(shown.begin(), shown.end(), '\t', ' ');
+  return shown;
 }
 
 std::vector<TableRow> visible(const std::vector<TableRow>& rows) {
   std::vector<TableRow> shown = rows;
   for (TableRow& row : shown) {
-    std::transform(row.begin(), row.end(), row.begin(), visibleText);
+    std::transform(row.begin(), row.end(), row.begin(), visibleCell);
   }
   return shown;
 }

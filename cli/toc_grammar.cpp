@@ -1,5 +1,7 @@
 // add, prepare and check: what is done with a table of contents.
 
+#include <cstdlib>
+
 #include "cli/add_command.h"
 #include "cli/check_command.h"
 #include "cli/grammar.h"
@@ -30,6 +32,20 @@ void addTocs(CLI::App& command, AddRequest& request) {
   command.add_flag("--stop-at-first",
                    request.stopsAtFirst,
                    "Of several tables of contents, try none behind the first that fails");
+}
+
+/// Before a job file counts what the command line says, behind it what the environment does.
+void noteGivenFlags(const CLI::App& command, AddRequest& request) {
+  for (const CLI::Option* option : command.get_options()) {
+    if (option->count() > 0) {
+      const std::vector<std::string>& names = option->get_lnames();
+      request.given.insert(names.begin(), names.end());
+    }
+  }
+  const char* server = std::getenv(kServerVariable);
+  if (request.place.server.empty() && server != nullptr) {
+    request.place.server = server;
+  }
 }
 
 void requireUse(const AddRequest& request) {
@@ -95,8 +111,9 @@ void offerAdd(CLI::App& app, Task& task) {
   auto [command, arguments] = offer(app, task, "add", "Add books to a library", runAdd);
   addTocs(command, arguments);
   addPlace(command, arguments.place);
+  // What a job file can say is missing only where there is none.
   for (const char* flag : {"--server", "--library"}) {
-    command.get_option(flag)->required(false);
+    command.get_option(flag)->required(false)->envname("");
   }
   addKind(command, arguments.kind);
   addAnswers(command, arguments);
@@ -106,8 +123,10 @@ void offerAdd(CLI::App& app, Task& task) {
       "What is needed and not given is asked on the terminal. Without one the run ends with\n"
       "status 6 and names the flag. A value that is refused, or that the catalogue has already,\n"
       "ends it with status 1.");
-  // What a job file can say is missing only where there is none.
-  command.parse_complete_callback([&request = arguments] { requireUse(request); });
+  command.parse_complete_callback([&given = command, &request = arguments] {
+    noteGivenFlags(given, request);
+    requireUse(request);
+  });
 }
 
 void offerPrepare(CLI::App& app, Task& task) {

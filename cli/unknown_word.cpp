@@ -15,10 +15,18 @@ bool isFlag(const std::string& word) {
   return word.size() > 1 && word.front() == '-';
 }
 
+constexpr std::size_t kLetterFlag = 2;
+
 /// A flag without the value that is joined to it.
 std::string flagIn(const std::string& word) {
-  constexpr std::size_t kLetterFlag = 2;
   return word.starts_with("--") ? word.substr(0, word.find('=')) : word.substr(0, kLetterFlag);
+}
+
+/// The flag that a word with a single hyphen and a whole name behind it was meant for: it would be
+/// read as one of a letter, with a value joined to it.
+std::string flagMeantBy(const std::string& word) {
+  const bool hasOneHyphen = !word.starts_with("--") && word.size() > kLetterFlag;
+  return hasOneHyphen ? flagIn("-" + word) : flagIn(word);
 }
 
 std::vector<std::string> subcommandsOf(const CLI::App& app) {
@@ -66,9 +74,10 @@ std::optional<std::string> unknownWordIn(const CLI::App& app,
     const std::vector<std::string> subcommands = subcommandsOf(*at);
     if (isFlag(*word)) {
       const std::string flag = flagIn(*word);
+      const std::string meant = flagMeantBy(*word);
       const CLI::Option* option = at->get_option_no_throw(flag);
-      if (option == nullptr) {
-        return told(*at, "flag", *word, suggestionFor(flag, flagsOf(*at)));
+      if (option == nullptr || (meant != flag && at->get_option_no_throw(meant) != nullptr)) {
+        return told(*at, "flag", *word, suggestionFor(meant, flagsOf(*at)));
       }
       const bool hasValueBehind = option->get_items_expected_max() > 0 && flag == *word;
       if (hasValueBehind && word + 1 != words.end()) {

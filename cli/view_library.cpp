@@ -36,9 +36,8 @@ std::string faultLine(const std::string& html) {
   return "<p class=\"fault\">" + html + "</p>\n";
 }
 
-/// What a person reads of a title or a name: an empty one could not be seen, nor followed.
 std::string legible(const std::string& text) {
-  return isolatedText(trimBlanks(text).empty() ? "(no title)" : text);
+  return isolatedText(legibleName(text));
 }
 
 /// One part of a library under a title of its own.
@@ -69,7 +68,7 @@ class LibraryView {
     FaultLinks links;
     for (std::size_t number = 0; number < library_.books.size(); ++number) {
       const LibraryBook& book = library_.books[number];
-      if (missingIn(book) > 0) {
+      if (book.missing > 0) {
         links.missing.push_back(linkToBook(number));
       }
       if (!book.failure.empty()) {
@@ -224,9 +223,10 @@ class LibraryView {
     if (book.headings.empty()) {
       return book.entry.fileType ? "" : "<p class=\"facts\">No headings</p>\n";
     }
-    const std::size_t missing = missingIn(book);
     return "<details>\n<summary>" + counted(book.headings.size(), "heading", "headings") +
-           (missing == 0 ? "" : faultMark(counted(missing, "document", "documents") + " missing")) +
+           (book.missing == 0
+                ? ""
+                : faultMark(counted(book.missing, "document", "documents") + " missing")) +
            "</summary>\n" + headings(book) + "</details>\n";
   }
 

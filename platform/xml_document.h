@@ -23,8 +23,11 @@ struct XmlLoadResult {
   bool loaded = false;
   /// Of a failure: the line of the file, counted from 1; 0 when no line is to blame.
   int line = 0;
+  /// The character of that line at which the reader was when it noticed, counted from 1; 0 when it
+  /// doesn't tell.
+  int column = 0;
   /// Of a failure: one sentence for the user.
-  std::string reason;
+  std::string reason = {};
 
   explicit operator bool() const { return loaded; }
 };

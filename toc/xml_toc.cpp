@@ -16,6 +16,7 @@ XmlTocRefusal notLoaded(const XmlLoadResult& result) {
   return {.violation = {(place + Message::kErrorLoadingXml).append(result.reason)},
           .offered = result.reason,
           .line = static_cast<std::size_t>(result.line),
+          .column = static_cast<std::size_t>(result.column),
           .isNotLoaded = true};
 }
 

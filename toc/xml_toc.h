@@ -19,6 +19,8 @@ struct XmlTocRefusal {
   std::string offered = {};
   /// The line at fault, counted from 1; 0 when none is to blame.
   std::size_t line = 0;
+  /// The character of the line at which the fault was noticed, counted from 1; 0 when not told.
+  std::size_t column = 0;
   /// Whether the file could not be parsed, or not be read at all.
   bool isNotLoaded = false;
 };

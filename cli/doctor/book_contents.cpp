@@ -1,14 +1,12 @@
 #include "cli/doctor/book_contents.h"
 
 #include <string_view>
-#include <unordered_set>
 
 #include "bookxml/names.h"
+#include "cli/book_document_names.h"
+#include "cli/book_file.h"
 #include "cli/doctor/element_path.h"
-#include "cli/failure.h"
-#include "cli/paths.h"
 #include "cli/required_document.h"
-#include "platform/paths.h"
 #include "platform/xml_document.h"
 
 namespace quorbind {
@@ -17,8 +15,8 @@ namespace {
 
 class ContentsScan final : public XmlScanHandler {
  public:
-  /// `folder` is the name of the book's folder.
-  explicit ContentsScan(std::string_view folder) : folder_(std::string(folder) + "\\") {}
+  /// `names` is kept by reference.
+  explicit ContentsScan(BookDocumentNames& names) : names_(names) {}
 
   void startElement(std::string_view name, const XmlScanAttributes& attributes) override {
     path_.open(name);
@@ -30,16 +28,13 @@ class ContentsScan final : public XmlScanHandler {
   void text(std::string_view text) override { text_.append(text); }
 
   void endElement(std::string_view name) override {
-    if (name == book_names::kHeadingFile) {
-      ++contents_.headings;
-      use(text_);
-    } else if (name == book_names::kBookFile) {
-      use(inBookFolder(text_));
-    } else {
-      takeStated(book_names::kNamePath, contents_.name);
-      takeStated(book_names::kAcroPath, contents_.acronym);
-      takeStated(book_names::kPathPath, contents_.path);
+    contents_.headings += name == book_names::kHeadingFile ? 1 : 0;
+    if (const auto document = names_.take(name, text_)) {
+      contents_.documents.push_back({*document, line_});
     }
+    takeStated(book_names::kNamePath, contents_.name);
+    takeStated(book_names::kAcroPath, contents_.acronym);
+    takeStated(book_names::kPathPath, contents_.path);
     path_.close();
     text_.clear();
   }
@@ -55,36 +50,21 @@ class ContentsScan final : public XmlScanHandler {
     }
   }
 
-  void use(std::string_view document) {
-    const std::string name(document.substr(0, document.find('#')));
-    if (!name.empty() && used_.insert(name).second) {
-      contents_.documents.push_back({name, line_});
-    }
-  }
-
-  /// The book of a workbook states its main file with the book's folder in front.
-  [[nodiscard]] std::string_view inBookFolder(std::string_view file) const {
-    return file.starts_with(folder_) ? file.substr(folder_.size()) : file;
-  }
-
-  const std::string folder_;
+  BookDocumentNames& names_;
   ElementPath path_;
   std::string text_;
   /// Of the element that was opened last.
   std::size_t line_ = 0;
   bool hasBook_ = false;
   BookContents contents_;
-  std::unordered_set<std::string> used_;
 };
 
 }  // namespace
 
 BookContents readBookContents(const Platform& platform, const std::string& path) {
-  requireReadable(platform.files, path, nativeName(path));
-  ContentsScan scan(fileNameOf(folderOf(path)));
-  if (const XmlLoadResult result = platform.xml.scan(path, scan); !result) {
-    throw loadFailure(path, result);
-  }
+  BookDocumentNames names(path, platform.locale);
+  ContentsScan scan(names);
+  scanBookFile(platform, path, scan);
   if (!scan.hasBook()) {
     throw missingElement(path, book_names::kBook);
   }

@@ -7,7 +7,7 @@
 #include "catalogue/names.h"
 #include "cli/book_file.h"
 #include "cli/failure.h"
-#include "platform/paths.h"
+#include "cli/library_documents.h"
 #include "platform/text.h"
 #include "sidefiles/link_identifiers.h"
 #include "sidefiles/names.h"
@@ -24,6 +24,7 @@ class LinkExamination {
   LinkExamination(ExaminedLibrary& library, const ServerLinks& links)
       : library_(library),
         links_(links),
+        finder_(library.platform, library.paths.serverRoot),
         lines_(library.platform.xml,
                library.paths.linkIds,
                std::string(link_names::kListPath).append("/").append(link_names::kId)) {}
@@ -67,29 +68,17 @@ class LinkExamination {
 
   /// What an identifier leads to and what is not there; empty when all of it is.
   std::string missingTargetOf(const ListedLink& link, const ListedBook& book) {
-    const std::string document = link.sourceFile.substr(0, link.sourceFile.find('#'));
-    if (!hasDocument(document, book)) {
-      return "the document " + document;
+    if (!hasDocument(link, book)) {
+      return "the document " + link.sourceFile.substr(0, link.sourceFile.find('#'));
     }
     const std::string heading = headingOf(link);
     return heading.empty() || hasHeading(book, heading) ? std::string() : "the heading " + heading;
   }
 
-  /// The source is the document as the table of contents named it, behind a library's name; in the
-  /// library it lies in the book's folder. A page that stood elsewhere is not looked for.
-  [[nodiscard]] bool hasDocument(const std::string& source, const ListedBook& book) {
-    const std::size_t mark = source.find('\\');
-    if (mark == std::string::npos || !catalogue_names::staysInLibrary(book.folder)) {
-      return true;
-    }
-    const auto below = nameBelow(source.substr(mark + 1));
-    if (!below) {
-      return true;
-    }
-    const std::string& root = library_.paths.folder;
-    const std::string folder = book.folder.empty() ? root : root + "\\" + book.folder;
-    return library_.hasFile(root + "\\" + *below) ||
-           library_.hasFile(folder + "\\" + std::string(fileNameOf(*below)));
+  /// Of a book that leads out of the library its entry tells already.
+  [[nodiscard]] bool hasDocument(const ListedLink& link, const ListedBook& book) {
+    return !catalogue_names::staysInLibrary(book.folder) ||
+           !findLinkTarget(library_.paths, book, link, finder_).isMissing();
   }
 
   /// The heading that a full link ends with. One of an acronym and a single name may mean the book,
@@ -127,6 +116,7 @@ class LinkExamination {
 
   ExaminedLibrary& library_;
   const ServerLinks& links_;
+  DocumentFinder finder_;
   EntryLines lines_;
   /// Identifiers of which it has been told that they stand more than once.
   std::set<std::string> told_;

@@ -88,7 +88,7 @@ XmlLoadResult BoundedXmlParser::parse(std::unique_ptr<ByteReader> bytes) {
   if (exception_ != nullptr) {
     std::rethrow_exception(exception_);
   }
-  return failure_.value_or(XmlLoadResult{.loaded = true, .line = 0, .reason = {}});
+  return failure_.value_or(XmlLoadResult{.loaded = true});
 }
 
 BoundedXmlParser& BoundedXmlParser::of(void* context) {
@@ -110,7 +110,7 @@ int BoundedXmlParser::read(char* buffer, int size) {
   try {
     return static_cast<int>(takeBytes(buffer, static_cast<std::size_t>(size)));
   } catch (const RunTimeError& error) {
-    fail(0, reasonFor(error));
+    fail({.reason = reasonFor(error)});
     return 0;
   }
 }
@@ -201,21 +201,27 @@ void BoundedXmlParser::checkNames(const StartTag& tag) {
 void BoundedXmlParser::listen(const xmlError& error) {
   if (breaksTheDocument(error)) {
     guarded([&] {
-      const int line = error.line > 0 ? error.line : xmlSAX2GetLineNumber(context_.get());
-      fail(line, oneLine(error.message));
+      if (error.line > 0) {
+        // libxml2 has no better name for it.
+        fail({.line = error.line, .column = error.int2, .reason = oneLine(error.message)});
+      } else {
+        refuse(oneLine(error.message));
+      }
     });
   }
 }
 
-void BoundedXmlParser::fail(int line, std::string reason) {
+void BoundedXmlParser::fail(XmlLoadResult failure) {
   if (!failure_) {
-    failure_ = {.loaded = false, .line = line, .reason = std::move(reason)};
+    failure_ = std::move(failure);
   }
 }
 
 /// Fails at the place that the parser has come to.
 void BoundedXmlParser::refuse(std::string reason) {
-  fail(xmlSAX2GetLineNumber(context_.get()), std::move(reason));
+  fail({.line = xmlSAX2GetLineNumber(context_.get()),
+        .column = xmlSAX2GetColumnNumber(context_.get()),
+        .reason = std::move(reason)});
 }
 
 }  // namespace quorbind

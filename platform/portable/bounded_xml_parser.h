@@ -122,7 +122,7 @@ class BoundedXmlParser {
   void checkBounds(const StartTag& tag);
   void checkNames(const StartTag& tag);
   void listen(const xmlError& error);
-  void fail(int line, std::string reason);
+  void fail(XmlLoadResult failure);
   void refuse(std::string reason);
   [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
 

@@ -11,9 +11,33 @@ namespace quorbind {
 
 namespace {
 
+/// `text` is valid UTF-8.
+template <typename Visitor>
+void forEachCharacter(std::string_view text, Visitor&& visit) {
+  while (!text.empty()) {
+    const Utf8Character character = firstUtf8Character(text);
+    visit(text.substr(0, character.length), character.codePoint);
+    text.remove_prefix(character.length);
+  }
+}
+
 TextCell asItIsShown(std::string shown) {
   const std::size_t width = shown.size();
   return {std::move(shown), width};
+}
+
+/// Of a character that is shown as it is.
+std::size_t widthOf(UChar32 character) {
+  switch (u_charType(character)) {
+    case U_NON_SPACING_MARK:
+    case U_ENCLOSING_MARK:
+    case U_FORMAT_CHAR:
+      return 0;
+    default:
+      break;
+  }
+  const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+  return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
 TextCell cellOf(std::string_view bytes, char32_t character) {
@@ -26,37 +50,29 @@ TextCell cellOf(std::string_view bytes, char32_t character) {
     case U_LINE_SEPARATOR:
     case U_PARAGRAPH_SEPARATOR:
       return asItIsShown(writtenOut(character));
-    case U_NON_SPACING_MARK:
-    case U_ENCLOSING_MARK:
-      return {std::string(bytes), 0};
     default:
       break;
   }
-  const int width = u_getIntPropertyValue(code, UCHAR_EAST_ASIAN_WIDTH);
-  const bool isWide = width == U_EA_WIDE || width == U_EA_FULLWIDTH;
-  return {std::string(bytes), isWide ? 2U : 1U};
+  return {std::string(bytes), widthOf(code)};
 }
 
 }  // namespace
 
-std::string writtenOut(char32_t character) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string code;
-  for (char32_t rest = character; rest > 0; rest >>= 4U) {
-    code.insert(code.begin(), kDigits[rest & 0xFU]);
-  }
-  return "\\u{" + code + "}";
-}
-
 std::vector<TextCell> cellsOf(std::string_view text) {
   const std::string valid = toValidUtf8(text);
   std::vector<TextCell> cells;
-  for (std::string_view rest = valid; !rest.empty();) {
-    const Utf8Character character = firstUtf8Character(rest);
-    cells.push_back(cellOf(rest.substr(0, character.length), character.codePoint));
-    rest.remove_prefix(character.length);
-  }
+  forEachCharacter(valid, [&](std::string_view bytes, char32_t character) {
+    cells.push_back(cellOf(bytes, character));
+  });
   return cells;
+}
+
+std::size_t columnsOf(std::string_view text) {
+  std::size_t columns = 0;
+  forEachCharacter(text, [&](std::string_view /*bytes*/, char32_t character) {
+    columns += widthOf(static_cast<UChar32>(character));
+  });
+  return columns;
 }
 
 }  // namespace quorbind

@@ -21,7 +21,7 @@ std::vector<TextCell> cellsOf(std::string_view text);
 
 inline constexpr std::size_t kTabWidth = 4;
 
-/// `\u{202E}`
-std::string writtenOut(char32_t character);
+/// How many columns a line that visibleText answers takes, without tabs.
+std::size_t columnsOf(std::string_view text);
 
 }  // namespace quorbind

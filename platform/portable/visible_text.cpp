@@ -22,6 +22,15 @@ bool isUpperControl(std::string_view rest) {
   return rest.size() > 1 && rest[0] == kUpperControlLead && byteOf(rest[1]) < 0xA0;
 }
 
+/// Embeddings, overrides and isolates of direction, and the separators of lines and paragraphs.
+bool rearranges(char32_t character) {
+  return (character >= 0x2028 && character <= 0x202E) ||
+         (character >= 0x2066 && character <= 0x2069);
+}
+
+/// The first byte of all of these.
+constexpr char kRearrangingLead = '\xE2';
+
 void appendCode(std::string& target, char control) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const unsigned char code = byteOf(control);
@@ -55,11 +64,25 @@ std::string visibleText(std::string_view text) {
       appendCode(result, valid[i]);
     } else if (isUpperControl(std::string_view(valid).substr(i))) {
       appendCode(result, valid[++i]);
+    } else if (valid[i] == kRearrangingLead) {
+      const Utf8Character character = firstUtf8Character(std::string_view(valid).substr(i));
+      result += rearranges(character.codePoint) ? writtenOut(character.codePoint)
+                                                : valid.substr(i, character.length);
+      i += character.length - 1;
     } else {
       result += valid[i];
     }
   }
   return result;
+}
+
+std::string writtenOut(char32_t character) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string code;
+  for (char32_t rest = character; rest > 0; rest >>= 4U) {
+    code.insert(code.begin(), kDigits[rest & 0xFU]);
+  }
+  return "\\u{" + code + "}";
 }
 
 std::string visibleLines(std::string_view text) {

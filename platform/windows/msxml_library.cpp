@@ -65,7 +65,7 @@ XmlLoadResult MsxmlDocument::load(std::string_view path) {
     return unreadable(error);
   }
   document_ = createMsxmlDocument();
-  return {.loaded = false, .line = 0, .reason = kNotLoaded};
+  return {.reason = kNotLoaded};
 }
 
 /// Has MSXML build the document. The file may be another one than was scanned a moment ago.

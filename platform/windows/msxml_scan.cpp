@@ -21,10 +21,6 @@ constexpr const char* kFileMissing = "The system cannot locate the object specif
 constexpr const char* kDocumentType = "A document type declaration is not allowed.";
 constexpr const char* kNoReason = "The file can't be parsed.";
 
-XmlLoadResult failureAt(int line, std::string reason) {
-  return {.loaded = false, .line = line, .reason = std::move(reason)};
-}
-
 std::string tooDeep() {
   return "More than " + std::to_string(kMaximumXmlDepth) + " elements stand inside each other.";
 }
@@ -48,6 +44,14 @@ int lineAt(ISAXLocator* locator) {
     static_cast<void>(locator->getLineNumber(&line));
   }
   return line;
+}
+
+int columnAt(ISAXLocator* locator) {
+  int column = 0;
+  if (locator != nullptr) {
+    static_cast<void>(locator->getColumnNumber(&column));
+  }
+  return column;
 }
 
 /// The attributes of one start tag where MSXML keeps them.
@@ -182,7 +186,7 @@ class Listener final : public ISAXContentHandler, public ISAXErrorHandler {
   [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
 
   void fail(ISAXLocator* locator, std::string reason) {
-    failure_ = failureAt(lineAt(locator), std::move(reason));
+    failure_ = {.line = lineAt(locator), .column = columnAt(locator), .reason = std::move(reason)};
   }
 
   XmlScanHandler& handler_;
@@ -219,9 +223,9 @@ XmlLoadResult read(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
     return brokenOff(stream.failure());
   }
   if (FAILED(result)) {
-    return listener.failure().value_or(failureAt(0, kNoReason));
+    return listener.failure().value_or(XmlLoadResult{.reason = kNoReason});
   }
-  return {.loaded = true, .line = 0, .reason = {}};
+  return {.loaded = true};
 }
 
 }  // namespace
@@ -239,7 +243,7 @@ XmlLoadResult scanXml(FileSystem& files, std::string_view path, XmlScanHandler& 
 XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
   try {
     if (const std::optional<int> line = lineOfDocumentType(*bytes)) {
-      return failureAt(*line, kDocumentType);
+      return XmlLoadResult{.line = *line, .reason = kDocumentType};
     }
     bytes->rewind();
   } catch (const RunTimeError& error) {
@@ -251,7 +255,7 @@ XmlLoadResult scanXml(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler
 XmlLoadResult unreadable(const RunTimeError& error) {
   const bool isMissing =
       error.is(ErrorNumber::kFileNotFound) || error.is(ErrorNumber::kPathNotFound);
-  return failureAt(0, isMissing ? kFileMissing : error.description());
+  return {.reason = isMissing ? kFileMissing : error.description()};
 }
 
 }  // namespace quorbind

@@ -200,7 +200,7 @@ TEST_F(AddWithRecords, TheCategoriesFileIsNotMadeWithoutDefaultsThatLoad) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_TRUE(
       outcome.err.starts_with("information: --create-categories is not used: "
-                              "DISK/server/Docs/Quor_DefaultCategories.xml:2: "))
+                              "DISK/server/Docs/Quor_DefaultCategories.xml:2:5: "))
       << outcome.err;
   EXPECT_TRUE(outcome.err.ends_with(
       "\ninformation: --categories is not used: the library has no categories file\n"))
@@ -214,7 +214,7 @@ TEST_F(AddWithRecords, ASideFileThatDoesNotParseIsRefusedBeforeAnythingIsWritten
     disk.write(file, "<A>\n</B>");
     const Outcome damaged = addAlarms({flag, "alarm"});
     EXPECT_EQ(damaged.status, 4);
-    EXPECT_TRUE(damaged.err.starts_with(std::string("critical: DISK/") + file + ":2: "))
+    EXPECT_TRUE(damaged.err.starts_with(std::string("critical: DISK/") + file + ":2:5: "))
         << damaged.err;
     disk.write(file, "<A/>");
     expectNothingAdded(addAlarms({flag, "alarm"}),

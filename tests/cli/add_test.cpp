@@ -116,6 +116,18 @@ TEST_F(Add, ListsTheDocumentsThatAReaderWouldNotFindAndStillAdds) {
   EXPECT_EQ(outcome.err, "");
 }
 
+TEST_F(Add, CountsADocumentThatIsNamedInTwoLetterCasesOnce) {
+  writeToc(
+      "\"1\" \"Alarm Handling\" \"Manual\\cover.htm\" \"\"\n"
+      "\"2\" \"Alarms\" \"Manual\\alarms.htm\" \"\"\n"
+      "\"2\" \"Reset\" \"Manual\\ALARMS.HTM#reset\" \"\"\n"
+      "\"2\" \"Lost\" \"Manual\\lost.htm\" \"\"\n"
+      "\"2\" \"Lost too\" \"Manual\\Lost.htm\" \"\"\n");
+  EXPECT_EQ(addAlarms().out,
+            "Added Alarms (ALM) to Plant, folder Manual: 2 files.\n"
+            "missing: lost.htm\n");
+}
+
 TEST_F(Add, ADocumentNameThatLeadsOutOfTheBookCountsAsMissing) {
   writeToc(
       "\"1\" \"Alarm Handling\" \"Manual\\cover.htm\" \"\"\n"

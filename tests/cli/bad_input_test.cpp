@@ -177,7 +177,7 @@ TEST_F(BadInput, ACatalogueThatDoesNotParse) {
   const Tree before = disk.contents();
   const Outcome outcome = addAlarms();
   EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.err.rfind("critical: DISK/server/Docs/Plant/Quor_TOC.xml:3: ", 0), 0U)
+  EXPECT_EQ(outcome.err.rfind("critical: DISK/server/Docs/Plant/Quor_TOC.xml:3:15: ", 0), 0U)
       << outcome.err;
   EXPECT_EQ(disk.contents(), before);
 }

@@ -44,8 +44,9 @@ class BookFile : public CommandTest {
     EXPECT_EQ(checked.err, box + "quorbind: book.xml" + place + ": not accepted\n");
     EXPECT_EQ(disk.contents(), before);
   }
-  /// The same for one that does not parse in this line, whatever the reason is called.
-  void expectNotParsed(const std::string& bytes, int line) const {
+  /// The same for one that does not parse in this line from this character on, whatever the reason
+  /// is called.
+  void expectNotParsed(const std::string& bytes, int line, int column) const {
     disk.write("book.xml", bytes);
     const Tree before = disk.contents();
     const std::string begin =
@@ -58,8 +59,8 @@ class BookFile : public CommandTest {
       const std::string reason = rest.substr(0, rest.find('\n'));
       EXPECT_FALSE(reason.empty());
       EXPECT_EQ(rest,
-                reason + "\noffending line: " + reason +
-                    "\nquorbind: book.xml:" + std::to_string(line) + ": " + end);
+                reason + "\noffending line: " + reason + "\nquorbind: book.xml:" +
+                    std::to_string(line) + ":" + std::to_string(column) + ": " + end);
     }
     EXPECT_EQ(disk.contents(), before);
   }
@@ -231,7 +232,7 @@ TEST_F(BookFile, WhoseLinkIdentifiersCouldNotBeBroughtIsNotAdded) {
   disk.write(kLinksOfTools, linksWith("X1"));
   for (const auto& [damaged, other] : {std::pair{ours, kLinksOfTools}, {kLinksOfTools, ours}}) {
     disk.write(other, linksWith("X2"));
-    for (const auto& [bytes, fault] : {std::pair{"<LINKS>\n<IBD>\n</LINKS>", ":3: "},
+    for (const auto& [bytes, fault] : {std::pair{"<LINKS>\n<IBD>\n</LINKS>", ":3:9: "},
                                        {"<Foreign/>", ": the element LINKS is missing\n"}}) {
       disk.write(damaged, bytes);
       const Tree before = disk.contents();
@@ -272,24 +273,26 @@ TEST_F(BookFile, ThatCouldNotStateItsNewPlaceIsNotAdded) {
 }
 
 TEST_F(BookFile, ThatIsNotWellFormed) {
-  expectNotParsed("<Book_Master>\n<Book>\n</Book_Master>\n", 3);
-  expectNotParsed("<Book_Master>\n<HFile>a.htm</HFile>\n", 3);
-  expectNotParsed("no XML", 1);
+  expectNotParsed("<Book_Master>\n<Book>\n</Book_Master>\n", 3, 15);
+  expectNotParsed("<Book_Master>\n<HFile>a.htm</HFile>\n", 3, 1);
+  expectNotParsed("no XML", 1, 1);
 }
 
 TEST_F(BookFile, WithADocumentTypeOrAHostileEntity) {
-  expectNotParsed("\n<!DOCTYPE Book_Master>\n<Book_Master><HFile>a.htm</HFile></Book_Master>", 2);
+  expectNotParsed(
+      "\n<!DOCTYPE Book_Master>\n<Book_Master><HFile>a.htm</HFile></Book_Master>", 2, 22);
   disk.write("secret.txt", "secret");
   expectNotParsed(
       "<!DOCTYPE a [<!ENTITY s SYSTEM \"secret.txt\">]>\n"
       "<Book_Master><HFile>&s;</HFile></Book_Master>",
-      1);
+      1,
+      13);
   std::string bomb = "<!DOCTYPE a [<!ENTITY b0 \"bbbbbbbbbb\">";
   for (int level = 1; level < 20; ++level) {
     const std::string below = "&b" + std::to_string(level - 1) + ";";
     bomb += "<!ENTITY b" + std::to_string(level) + " \"" + below + below + below + "\">";
   }
-  expectNotParsed(bomb + "]>\n<Book_Master><HFile>&b19;</HFile></Book_Master>", 1);
+  expectNotParsed(bomb + "]>\n<Book_Master><HFile>&b19;</HFile></Book_Master>", 1, 13);
 }
 
 TEST_F(BookFile, WithElementsTooDeepInsideEachOther) {

@@ -322,7 +322,7 @@ TEST_F(DoctorOfABook, TakesAFolderInAnyLetterCase) {
 TEST_F(DoctorOfABook, FindsADocumentThatIsNotThereOnceForAllItsHeadings) {
   changeBookFile("</Book_Headings>",
                  "<Heading><HName>A</HName><HFile BookMark=\"#a\">gone.htm</HFile></Heading>\n"
-                 "<Heading><HName>B</HName><HFile>gone.htm#b</HFile></Heading>\n"
+                 "<Heading><HName>B</HName><HFile>GONE.htm#b</HFile></Heading>\n"
                  "<Heading><HName>C</HName><HFile/></Heading></Book_Headings>");
   expectReport(
       "DISK/server: sound\n"

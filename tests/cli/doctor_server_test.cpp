@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "tests/cli/doctor_test.h"
+#include "tests/cli/refusal_object.h"
 
 namespace quorbind::testing {
 namespace {
@@ -120,20 +121,7 @@ TEST_F(DoctorReport, OfALibraryThatIsNowhereIsNone) {
   const Outcome outcome = doctor({"--library", "Tools", "--json"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Tools: Path not found\n");
-  EXPECT_EQ(outcome.out,
-            "{\n"
-            "  \"format\": 1,\n"
-            "  \"status\": 3,\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"DISK/server/Docs/Tools: Path not found\",\n"
-            "      \"clipboard\": null\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was shown\"\n"
-            "}\n");
+  EXPECT_EQ(outcome.out, refusalObject(3, "DISK/server/Docs/Tools: Path not found"));
 }
 
 TEST_F(DoctorReport, OfALibraryThatNoFolderCanBeIsWrongUsage) {

@@ -97,8 +97,29 @@ TEST_F(DoctorOfLinks, AreSoundWhenTheyLeadSomewhere) {
                        alarmLink("X3", "ALM@quor@@quor@Manual@quor@Gone") +
                        alarmLink("X4", "ALM@QUOR@Manual", "Plant\\C:\\in\\toc.htm") +
                        alarmLink("X5", "ALM@QUOR@Manual", "Plant\\deeper\\down\\ALARMS.htm") +
-                       alarmLink("X6", "ALM@QUOR@Manual", "Plant\\..\\..\\in\\toc.htm")));
+                       alarmLink("X6", "ALM@QUOR@Manual", "Plant\\..\\..\\in\\alarms.htm") +
+                       alarmLink("X7", "ALM@QUOR@Manual", "Plant\\/in/toc.htm")));
   expectSound();
+}
+
+TEST_F(DoctorOfLinks, LeadNowhereWhereAPageSaysSoToo) {
+  const auto finding = [](const std::string& line, const std::string& text) {
+    return "  warning: DISK/server/Docs/Plant/Quor_LinkID.xml:" + line + ": the identifier " +
+           text +
+           " of Alarms (ALM), which is not there [unresolved-identifier]\n"
+           "    Take its ID out, and record it again with quorbind links add.\n";
+  };
+  disk.write(kLinks,
+             linksFile(alarmLink("X1", "ALM@QUOR@Manual", "Plant\\/in/toc.htm") +
+                       alarmLink("X2", "ALM@QUOR@Manual", "Plant\\..\\..\\in\\gone.htm") +
+                       alarmLink("X3", "ALM@QUOR@Manual", "gone.htm") +
+                       alarmLink("X4", "ALM@QUOR@Manual", "Plant\\in\\alarms.htm")));
+  expectInPlant(finding("10", "X2 leads to the document Plant\\..\\..\\in\\gone.htm") +
+                    finding("16", "X3 leads to the document gone.htm"),
+                "0 errors, 2 warnings");
+  EXPECT_EQ(inPlant({"view"}).out,
+            "Wrote library.html: 1 book, 1 heading.\n"
+            "link identifiers that lead nowhere: 2\n");
 }
 
 TEST_F(DoctorOfLinks, FindsOneOfABookThatIsNotThere) {

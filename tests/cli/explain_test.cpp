@@ -2,6 +2,7 @@
 
 #include "resources/explanations.h"
 #include "tests/cli/command_test.h"
+#include "tests/cli/refusal_object.h"
 
 namespace quorbind::testing {
 namespace {
@@ -68,19 +69,9 @@ TEST_F(Explain, AnswersAnUnknownMessageWithJsonAsOneObject) {
   const Outcome outcome = quorbind({"explain", "999", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out,
-            "{\n  \"format\": 1,\n"
-            "  \"status\": 1,\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"there is no message '999'; 'quorbind explain' lists those that are "
-            "there\",\n"
-            "      \"clipboard\": null\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was shown\"\n"
-            "}\n");
+            refusalObject(1,
+                          "there is no message '999'; 'quorbind explain' lists those that are "
+                          "there"));
 }
 
 TEST_F(Explain, TellsWithJsonWhatEachPartOfTheStoryIs) {

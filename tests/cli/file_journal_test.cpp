@@ -118,6 +118,18 @@ TEST_F(Journal, TakesACopyWhoseSourceCanNotBeReadForAFailedRead) {
   EXPECT_FALSE(journal.failedWrite());
 }
 
+TEST_F(Journal, RemembersOfAMoveTheFolderThatTakesNothingAndElseTheFile) {
+  FailingFiles failing(disk_);
+  FileJournal journal(failing);
+  failing.failAt(0, faultsOf(ChangingCall::Kind::kMoveFile).front());
+  EXPECT_THROW(journal.moveFile(at("a.txt"), at("b.txt")), RunTimeError);
+  EXPECT_EQ(journal.failedWrite(), "C:\\a.txt");
+
+  FileJournal other(disk_);
+  EXPECT_EQ(errorRaisedBy([&] { other.moveFile(at("a.txt"), at("none\\a.txt")); }), 76);
+  EXPECT_EQ(other.failedWrite(), "C:\\none");
+}
+
 TEST_F(Journal, WhatIsInTheWayIsNoFailedWrite) {
   folder_.write("b.txt", "second");
   EXPECT_EQ(errorRaisedBy([&] { journal_.moveFile(at("a.txt"), at("b.txt")); }), 58);

@@ -301,7 +301,7 @@ TEST_F(HtmlPage, IsNotAddedWhereItsLinkIdentifiersCanNotBeRecorded) {
   const Tree before = disk.contents();
   const Outcome damaged = addPage();
   EXPECT_EQ(damaged.status, 4);
-  EXPECT_TRUE(damaged.err.starts_with("critical: DISK/server/Docs/Plant/Quor_LinkID.xml:3: "))
+  EXPECT_TRUE(damaged.err.starts_with("critical: DISK/server/Docs/Plant/Quor_LinkID.xml:3:9: "))
       << damaged.err;
   EXPECT_EQ(disk.contents(), before);
   disk.write("server/Docs/Plant/Quor_LinkID.xml", "<LINKS/>");

@@ -80,7 +80,7 @@ TEST_F(Init, MakesTheCategoriesFileFromTheDefaultsOfTheServer) {
 TEST_F(Init, DefaultCategoriesThatDoNotLoadOrAreNoneMakeNoLibrary) {
   initLibrary();
   for (const auto& [bytes, fault] :
-       {std::pair{"<Default_Categories>\n<", ":2: "},
+       {std::pair{"<Default_Categories>\n<", ":2:2: "},
         {"<Defaults/>", ": the element Default_Categories is missing\n"}}) {
     disk.write("server/Docs/Quor_DefaultCategories.xml", bytes);
     const Tree before = disk.contents();

@@ -1,4 +1,5 @@
 #include "tests/cli/library_test.h"
+#include "tests/cli/refusal_object.h"
 
 namespace quorbind::testing {
 namespace {
@@ -66,19 +67,7 @@ TEST_F(KeywordList, OfABookThatIsNowhereIsRefused) {
   const Outcome outcome = inPlant({"keywords", "list", "Else", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: there is no book Else in Plant\n");
-  EXPECT_EQ(outcome.out,
-            "{\n  \"format\": 1,\n"
-            "  \"status\": 1,\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"there is no book Else in Plant\",\n"
-            "      \"clipboard\": null\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was shown\"\n"
-            "}\n");
+  EXPECT_EQ(outcome.out, refusalObject(1, "there is no book Else in Plant"));
 }
 
 using KeywordFind = KeywordsCommand;

@@ -1,4 +1,5 @@
 #include "tests/cli/library_test.h"
+#include "tests/cli/refusal_object.h"
 
 namespace quorbind::testing {
 namespace {
@@ -70,19 +71,7 @@ TEST_F(Libraries, ALibraryIsNamedInItsOwnLetterCase) {
   const Outcome outcome = where("plant", {"--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: Productplantis not present in Quor_TOC.xml\n");
-  EXPECT_EQ(outcome.out,
-            "{\n  \"format\": 1,\n"
-            "  \"status\": 1,\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"Productplantis not present in Quor_TOC.xml\",\n"
-            "      \"clipboard\": null\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was shown\"\n"
-            "}\n");
+  EXPECT_EQ(outcome.out, refusalObject(1, "Productplantis not present in Quor_TOC.xml"));
 }
 
 TEST_F(Libraries, ALibraryWithoutAPlaceIsRefused) {

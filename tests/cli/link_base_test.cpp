@@ -28,6 +28,16 @@ TEST(LinkBase, StartsAtTheWorkingFolderForARelativeName) {
   EXPECT_EQ(linkBase("pages/new", "server"), "../../server");
 }
 
+TEST(LinkBase, SpellsFoldersAsTheDiskDoes) {
+  const TemporaryFolder disk;
+  disk.makeFolder("server/Docs");
+  disk.makeFolder("pages");
+  disk.makeFolder("Pages");
+  EXPECT_EQ(linkBase(disk.path(), disk.path() / "SERVER/docs"), "server/Docs");
+  EXPECT_EQ(linkBase(disk.path() / "SERVER/DOCS", disk.path() / "server/Docs"), ".");
+  EXPECT_EQ(linkBase(disk.path() / "pages", disk.path() / "Pages"), "../Pages");
+}
+
 TEST(LinkBase, GoesByTheNamesOfFoldersAndNotByWhatTheirLinksLeadTo) {
   const TemporaryFolder disk;
   disk.makeFolder("far/away/pages");

@@ -1,6 +1,7 @@
 // What a refusal of a table of contents tells beside the component's boxes, as it stands between
 // them and the closing line.
 
+#include "platform/text_encoding.h"
 #include "tests/cli/command_test.h"
 
 namespace quorbind::testing {
@@ -113,6 +114,24 @@ TEST_F(PointOfNeed, ShowsTheLineOfABookFileThatDoesNotParse) {
   disk.write("book.xml", "<Book_Master>\n<Book>\n</Boook>");
   EXPECT_EQ(helpOf("book.xml"),
             "  3 | </Boook>\n"
+            "    |         ^\n"
+            "accepted: A book file as the component writes it.\n");
+}
+
+TEST_F(PointOfNeed, ShowsTheLineOfABookFileInItsOwnEncoding) {
+  const std::string declaration = "<?xml version=\"1.0\" encoding=\"windows-1251\"?>\n";
+  disk.write("book.xml", declaration + "<Book>\xC0\xE0</Boook>");
+  EXPECT_EQ(helpOf("book.xml"),
+            "  2 | <Book>Аа</Boook>\n"
+            "    |                 ^\n"
+            "accepted: A book file as the component writes it.\n");
+  std::string wide;
+  appendUtf16LittleEndian(wide,
+                          "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n<Book>Ää</Boook>\r\n");
+  disk.write("book.xml", wide);
+  EXPECT_EQ(helpOf("book.xml"),
+            "  2 | <Book>Ää</Boook>\n"
+            "    |                 ^\n"
             "accepted: A book file as the component writes it.\n");
 }
 

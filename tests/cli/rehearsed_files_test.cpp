@@ -13,6 +13,7 @@
 #include "platform/portable/portable_locale.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/unreadable_files.h"
 
 namespace quorbind::testing {
 namespace {
@@ -56,6 +57,15 @@ class Rehearsed : public ::testing::Test {
  private:
   std::map<std::string, std::string> before_;
 };
+
+TEST_F(Rehearsed, ACopyOfWhatCanNotBeReadFails) {
+  UnreadableFiles unreadable(disk_, disk_.absolutePath(at("a.txt")));
+  RehearsedFiles files(unreadable, locale_);
+  EXPECT_EQ(errorRaisedBy([&] { files.copyFile(at("a.txt"), at("sub/copy.txt")); }), 57);
+  EXPECT_FALSE(files.fileExists(at("sub/copy.txt")));
+  files.moveFile(at("a.txt"), at("sub/moved.txt"));
+  EXPECT_TRUE(files.fileExists(at("sub/moved.txt")));
+}
 
 TEST_F(Rehearsed, WhatStandsOnTheDiskIsRead) {
   EXPECT_EQ(read("a.txt"), "first");

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/cli/command_test.h"
 
 namespace quorbind::testing {
@@ -179,16 +181,76 @@ TEST_F(SeveralBooks, AreFoundBesideTheirJobFile) {
 }
 
 TEST_F(SeveralBooks, TakeFromTheCommandLineWhatTheJobFileLeavesOpen) {
+  EXPECT_EQ(runJob(book("a.txt", "ALM"), place_).out,
+            "Added ALM (ALM) to Plant, folder A: 1 file.\n"
+            "missing: a.htm\n");
+}
+
+TEST_F(SeveralBooks, TakeABooksOwnWordBeforeTheOneAtTheTop) {
   ASSERT_EQ(quorbind({"init", "--server", "server", "--library", "Other"}).status, 0);
-  EXPECT_EQ(
-      runJob(book("a.txt", "ALM") + "[[book]]\ntoc = \"c.txt\"\nname = \"C\"\nacro = \"CBL\"\n"
-                                    "folder = \"Cab\"\nlibrary = \"Other\"\n",
-             place_)
-          .out,
-      "Added ALM (ALM) to Plant, folder A: 1 file.\n"
-      "missing: a.htm\n"
-      "Added C (CBL) to Other, folder Cab: 1 file.\n"
-      "missing: c.htm\n");
+  EXPECT_EQ(runJob(inPlant_ + "folder = \"Top\"\n" + book("c.txt", "CBL") + "folder = \"Cab\"\n" +
+                   "library = \"Other\"\n" + book("c.txt", "COR"))
+                .out,
+            "Added CBL (CBL) to Other, folder Cab: 1 file.\n"
+            "missing: c.htm\n"
+            "Added COR (COR) to Plant, folder Top: 1 file.\n"
+            "missing: c.htm\n");
+}
+
+TEST_F(SeveralBooks, TakeTheCommandLinesWordBeforeAllOfTheFile) {
+  ASSERT_EQ(quorbind({"init", "--server", "server", "--library", "Trial"}).status, 0);
+  const Outcome outcome =
+      runJob("server = \"nowhere\"\nlibrary = \"Plant\"\nno-input = false\nfolder = \"Top\"\n" +
+                 book("c.txt", "CBL") + "library = \"Plant\"\nfolder = \"Cab\"\n",
+             {"--server", "server", "--library", "Trial", "--folder", "Own", "--no-input"});
+  EXPECT_EQ(outcome.out,
+            "Added CBL (CBL) to Trial, folder Own: 1 file.\n"
+            "missing: c.htm\n");
+  EXPECT_EQ(books(), "");
+}
+
+TEST_F(SeveralBooks, TakeAnEmptyListOfTheCommandLineBeforeThatOfTheFile) {
+  EXPECT_EQ(runJob(inPlant_ + book("a.txt", "ALM") + "keywords = [\"bell\"]\n", {"--keywords", ""})
+                .status,
+            0);
+  EXPECT_EQ(quorbind(joined({"keywords", "list", "ALM"}, place_)).out, "BOOK  KEYWORDS\nALM\n");
+}
+
+TEST_F(SeveralBooks, TakeTheServerOfTheEnvironmentWhereNothingElseNamesOne) {
+  environment["QUOR_SERVER"] = "nowhere";
+  EXPECT_EQ(runJob(inPlant_ + book("a.txt", "ALM")).status, 0);
+  environment["QUOR_SERVER"] = "server";
+  EXPECT_EQ(runJob("library = \"Plant\"\n" + book("c.txt", "CBL") + "folder = \"Cab\"\n").status,
+            0);
+  EXPECT_EQ(quorbind({"add", "none.txt", "--library", "Plant"}).status, 3);
+  EXPECT_EQ(books(), "ALM\nCBL\n");
+}
+
+TEST_F(SeveralBooks, HaveToBeRightInTheJobFileAlsoWhereTheCommandLineOverrulesIt) {
+  const Outcome outcome =
+      runJob("kind = \"word\"\n" + book("a.txt", "ALM"), joined(place_, {"--kind", "text"}));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "critical: job.toml:1:8: kind has to be xml, html, excel or text\n");
+}
+
+TEST_F(SeveralBooks, HaveAKeyForEveryFlagButThoseOfTheRunAsAWhole) {
+  const Words ofTheRun{"help", "job", "json"};
+  const std::string help = quorbind({"add", "--help"}).out;
+  std::size_t keys = 0;
+  for (std::size_t at = help.find("--"); at != std::string::npos; at = help.find("--", at + 2)) {
+    const std::size_t end = help.find_first_not_of("abcdefghijklmnopqrstuvwxyz-", at);
+    const std::string flag = help.substr(at + 2, end - at - 2);
+    const bool isOfTheRun = std::find(ofTheRun.begin(), ofTheRun.end(), flag) != ofTheRun.end();
+    // No key takes a time of day, so that one that there is complains of its value.
+    const std::string line = flag + " = 10:00:00\n";
+    const std::string oneBook = "[[book]]\ntoc = \"a.txt\"\n";
+    const std::string complaint = ": " + flag + " has to be ";
+    const bool isKey = contains(runJob(line + oneBook).err, complaint) ||
+                       contains(runJob(oneBook + line).err, complaint);
+    keys += isKey ? 1 : 0;
+    EXPECT_NE(isKey, isOfTheRun) << flag;
+  }
+  EXPECT_GE(keys, 13U);
 }
 
 TEST_F(SeveralBooks, HaveNoNameInCommon) {

@@ -1,4 +1,5 @@
 #include "tests/cli/command_test.h"
+#include "tests/cli/refusal_object.h"
 
 namespace quorbind::testing {
 namespace {
@@ -27,6 +28,17 @@ TEST_F(Show, TheCatalogueIsATableInWhichNamesStandAsTheyWereTyped) {
             "ACRONYM  NAME              FOLDER\n"
             "GN       Ger\xC3\xA4te & <Netze>  Manual\n"
             "ALM      Alarms            Manual\n");
+}
+
+TEST_F(Show, TheCatalogueKeepsItsColumnsWhateverTheWidthOfItsCharacters) {
+  EXPECT_EQ(add({"--name", "警報", "--acro", "W"}).status, 0);
+  EXPECT_EQ(add({"--name", "Cafe\xCC\x81", "--acro", "C"}).status, 0);
+  EXPECT_EQ(addAlarms().status, 0);
+  EXPECT_EQ(show().out,
+            "ACRONYM  NAME    FOLDER\n"
+            "W        警報    Manual\n"
+            "C        Cafe\xCC\x81    Manual\n"
+            "ALM      Alarms  Manual\n");
 }
 
 TEST_F(Show, ABookIsItsHeadingTree) {
@@ -138,6 +150,24 @@ TEST_F(Show, ADocumentThatIsNotThereIsMarkedAtEachHeadingThatNamesIt) {
   EXPECT_EQ(countPieces(object, "\"missing\": false"), 2U);
 }
 
+TEST_F(Show, AHeadingWithoutANameHasNoOtherHeadingsName) {
+  EXPECT_EQ(addAlarms().status, 0);
+  disk.write("server/Docs/Plant/Manual/Book_ALM.xml",
+             "<Book_Master><Book/><Book_Headings>"
+             "<Heading><HName>Alarms</HName>"
+             "<Heading><HName>Lamps</HName><HFile>alarms.htm</HFile></Heading>"
+             "<Heading><HFile>trends.htm</HFile></Heading>"
+             "<HFile>alarms.htm#a</HFile></Heading>"
+             "<Heading><HFile>alarms.htm#b</HFile></Heading>"
+             "</Book_Headings></Book_Master>");
+  EXPECT_EQ(show({"ALM"}).out,
+            "Alarms (ALM), folder Manual\n"
+            "    Lamps  alarms.htm\n"
+            "    (no title)  trends.htm\n"
+            "  Alarms  alarms.htm#a\n"
+            "  (no title)  alarms.htm#b\n");
+}
+
 TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
   const Outcome outcome = show({"ALM"});
   EXPECT_EQ(outcome.status, 1);
@@ -147,19 +177,7 @@ TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
 TEST_F(Show, ReportsARefusalAsOneObject) {
   const Outcome outcome = show({"ALM", "--json"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.out,
-            "{\n  \"format\": 1,\n"
-            "  \"status\": 1,\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"there is no book ALM in Plant\",\n"
-            "      \"clipboard\": null\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was shown\"\n"
-            "}\n");
+  EXPECT_EQ(outcome.out, refusalObject(1, "there is no book ALM in Plant"));
 }
 
 TEST_F(Show, ReportsInputThatIsMissingOrDoesNotParseAsOneObject) {

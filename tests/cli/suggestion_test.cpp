@@ -110,6 +110,29 @@ TEST_F(UnknownWord, IsToldWholeWithTheWordThatWasProbablyMeant) {
       std::string("'links list' has no flag '--jsno'. Did you mean '--json'?") + kMoreInformation);
 }
 
+TEST_F(UnknownWord, InAnotherLetterCaseIsAnsweredWithTheOneThatThereIs) {
+  EXPECT_EQ(answerTo({"ADD", "toc.txt"}),
+            std::string("There is no subcommand 'ADD'. Did you mean 'add'?") + kMoreInformation);
+  EXPECT_EQ(answerTo({"Categories", "list"}),
+            std::string("There is no subcommand 'Categories'. Did you mean 'categories'?") +
+                kMoreInformation);
+  EXPECT_EQ(
+      answerTo({"show", "--LIBRARY", "P"}),
+      std::string("'show' has no flag '--LIBRARY'. Did you mean '--library'?") + kMoreInformation);
+}
+
+TEST_F(UnknownWord, AfterASingleHyphenIsAnsweredWithTheFlagAfterTwo) {
+  EXPECT_EQ(
+      answerTo({"show", "-server", "s", "--library", "P"}),
+      std::string("'show' has no flag '-server'. Did you mean '--server'?") + kMoreInformation);
+  EXPECT_EQ(
+      answerTo({"show", "-libary=P", "--server", "s"}),
+      std::string("'show' has no flag '-libary=P'. Did you mean '--library'?") + kMoreInformation);
+  // There is a flag -y, which would take the rest for more flags.
+  EXPECT_EQ(answerTo({"delete", "Alarms", "-yes", "--server", "s", "--library", "P"}),
+            std::string("'delete' has no flag '-yes'. Did you mean '--yes'?") + kMoreInformation);
+}
+
 TEST_F(UnknownWord, ThatResemblesNothingIsToldWithoutASuggestion) {
   EXPECT_EQ(answerTo({"frobnicate"}),
             std::string("There is no subcommand 'frobnicate'.") + kMoreInformation);

@@ -191,6 +191,22 @@ TEST_F(View, LeadsFromWhereItLiesToTheDocuments) {
            "<a href=\"../../Docs/Plant/Manual/alarms.htm\" class=\"heading\">");
 }
 
+TEST_F(View, LeadsToTheDocumentsWhateverLetterCaseTheServerIsTypedIn) {
+  const Outcome outcome = quorbind({"view", "--server", "SERVER", "--library", "PLANT", "-o", "-"});
+  expectIn(outcome.out, "<a href=\"server/Docs/Plant/Manual/alarms.htm\" class=\"heading\">");
+}
+
+TEST_F(View, TellsOfADocumentThatIsNamedInTwoLetterCasesOnce) {
+  disk.write(kBookFile,
+             bookFileWith(heading("A", "lost.htm") + heading("B", "LOST.htm#b") +
+                          heading("C", ".\\Lost.HTM") + heading("D", "pages/a.htm") +
+                          heading("E", "pages\\a.htm")));
+  EXPECT_EQ(view().out,
+            "Wrote library.html: 2 books, 5 headings.\n"
+            "missing documents: 2\n"
+            "files that can't be read: 1\n");
+}
+
 TEST_F(View, OfALibraryWithoutBooksSaysSo) {
   disk.write(kCatalogue, catalogueWith(""));
   expectIn(page(), "<p>0 books, 0 headings</p>");
@@ -204,7 +220,7 @@ TEST_F(View, TellsOfSideFilesThatCanNotBeRead) {
   const std::string html = page();
   for (const char* name :
        {"Quor_BookCategories.xml", "Quor_SearchKeywords.xml", "Quor_LinkID.xml"}) {
-    expectIn(html, "<p class=\"fault\">This can't be read: <bdi>" + std::string(name) + ":1: ");
+    expectIn(html, "<p class=\"fault\">This can't be read: <bdi>" + std::string(name) + ":1:10: ");
   }
   expectIn(html, "<bdi>Alarms</bdi>");
   EXPECT_EQ(html.find("DISK"), std::string::npos);

@@ -189,6 +189,14 @@ TEST_F(XmlContract, LineAndReasonTellWhereAFileDoesNotParse) {
   EXPECT_THAT(result.reason, Not(HasSubstr("\n")));
 }
 
+TEST_F(XmlContract, ColumnOfAFailedLoadIsOnTheLineAtFault) {
+  const XmlLoadResult result = loadFile("<Books>\n<Book>äöü</Boook>\n</Books>\n");
+
+  EXPECT_EQ(result.line, 2);
+  EXPECT_GE(result.column, 10);
+  EXPECT_LE(result.column, 18);
+}
+
 TEST_F(XmlContract, LineAndReasonCountLinesThatEndWithCrLf) {
   EXPECT_EQ(loadFile("<Books>\r\n<Book>\r\n<\r\n").line, 3);
 }
@@ -208,6 +216,7 @@ TEST_F(XmlContract, LineAndReasonOfAFileThatIsNotThereBlameNoLine) {
   const XmlLoadResult result = document_->load("C:\\missing.xml");
 
   EXPECT_EQ(result.line, 0);
+  EXPECT_EQ(result.column, 0);
   EXPECT_EQ(result.reason, "The system cannot locate the object specified.");
 }
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "platform/locale.h"
+
+namespace quorbind {
+
+/// Picks out of a book file's elements what they name as documents: the main file of the book and
+/// those of its headings, each once.
+class BookDocumentNames {
+ public:
+  /// `path` is the book file's, which the component names so. The locale is kept by reference.
+  BookDocumentNames(std::string_view path, const Locale& locale);
+
+  /// The document that an element with this text names, as it has it and without a bookmark;
+  /// nothing when it names none, or one that was taken before in whatever letter case.
+  std::optional<std::string> take(std::string_view element, std::string_view text);
+
+ private:
+  const Locale& locale_;
+  /// The name of the book's folder and a `\`.
+  const std::string folder_;
+  std::unordered_set<std::string> taken_;
+};
+
+}  // namespace quorbind
