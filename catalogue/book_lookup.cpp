@@ -1,5 +1,7 @@
 #include "catalogue/book_lookup.h"
 
+#include <utility>
+
 #include "catalogue/names.h"
 #include "platform/xpath_query.h"
 
@@ -8,6 +10,17 @@ namespace quorbind {
 namespace {
 
 constexpr char kQuote = '"';
+
+class Texts final : public XmlElementVisitor {
+ public:
+  void begin() override { texts_.clear(); }
+  void visit(const XmlNode& element) override { texts_.push_back(element.text()); }
+
+  [[nodiscard]] std::vector<std::string> take() { return std::move(texts_); }
+
+ private:
+  std::vector<std::string> texts_;
+};
 
 }  // namespace
 
@@ -25,6 +38,18 @@ std::vector<std::string> publishedList(const std::vector<XmlNode>& nodes) {
   for (const XmlNode& node : nodes) {
     texts.push_back(node.text());
   }
+  texts.emplace_back();
+  return texts;
+}
+
+std::optional<std::vector<std::string>> publishedTexts(XmlLibrary& xml,
+                                                       std::string_view path,
+                                                       std::string_view name) {
+  Texts visited;
+  if (!xml.visitNamed(path, name, visited)) {
+    return std::nullopt;
+  }
+  std::vector<std::string> texts = visited.take();
   texts.emplace_back();
   return texts;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +20,10 @@ std::string booksWithAcronym(std::string_view acronym);
 /// The texts of `nodes`, and behind them the one empty entry that hosts expect at the end of a
 /// list.
 std::vector<std::string> publishedList(const std::vector<XmlNode>& nodes);
+
+/// The same of all elements of that name in a file. Nothing for a file that does not load.
+std::optional<std::vector<std::string>> publishedTexts(XmlLibrary& xml,
+                                                       std::string_view path,
+                                                       std::string_view name);
 
 }  // namespace quorbind

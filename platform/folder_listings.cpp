@@ -26,7 +26,7 @@ bool isThere(const RunTimeError& error) {
 }  // namespace
 
 bool NameSet::add(std::string_view name) {
-  return names_.insert(locale_.upperCase(name)).second;
+  return names_.add(locale_.upperCase(name)).second;
 }
 
 bool FolderListings::hasFile(const std::string& path) {

@@ -5,8 +5,9 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
+
+#include "platform/text_index.h"
 
 namespace quorbind {
 
@@ -24,7 +25,7 @@ class NameSet {
 
  private:
   const Locale& locale_;
-  std::unordered_set<std::string> names_;
+  TextIndex names_;
 };
 
 /// Tells what files there are, from one listing of each folder: a book names thousands of documents

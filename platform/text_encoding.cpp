@@ -1,5 +1,6 @@
 #include "platform/text_encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -78,11 +79,15 @@ void appendUtf16(std::string& target, char32_t codePoint) {
 }
 
 void appendAsciiAsUtf16(std::string& target, std::string_view ascii) {
-  std::size_t at = target.size();
-  target.resize(at + 2 * ascii.size(), '\0');
-  for (const char c : ascii) {
-    target[at] = c;
-    at += 2;
+  std::array<char, 64> block{};
+  constexpr std::size_t kUnits = block.size() / 2;
+  while (!ascii.empty()) {
+    const std::size_t count = std::min(ascii.size(), kUnits);
+    for (std::size_t unit = 0; unit < count; ++unit) {
+      block[2 * unit] = ascii[unit];
+    }
+    target.append(block.data(), 2 * count);
+    ascii.remove_prefix(count);
   }
 }
 
@@ -90,6 +95,48 @@ char32_t unitAt(std::string_view bytes, std::size_t at, ByteOrder order) {
   const char32_t first = byteAt(bytes, at);
   const char32_t second = byteAt(bytes, at + 1);
   return order == ByteOrder::kLittleEndian ? second << 8U | first : first << 8U | second;
+}
+
+/// Appends the blocks of ASCII that UTF-16 `bytes` begin with. Answers how many bytes those are.
+template <ByteOrder kOrder>
+std::size_t appendAsciiBlocks(std::string& target, std::string_view bytes) {
+  constexpr std::size_t kUnits = 16;
+  constexpr std::size_t kLow = kOrder == ByteOrder::kLittleEndian ? 0 : 1;
+  std::array<std::uint8_t, 2 * kUnits> block{};
+  std::array<char, kUnits> ascii{};
+  std::size_t at = 0;
+  for (; at + block.size() <= bytes.size(); at += block.size()) {
+    std::memcpy(block.data(), bytes.data() + at, block.size());
+    unsigned high = 0;
+    for (std::size_t unit = 0; unit < kUnits; ++unit) {
+      const std::uint8_t low = block[2 * unit + kLow];
+      high |= low & 0x80U;
+      high |= block[2 * unit + 1 - kLow];
+      ascii[unit] = static_cast<char>(low);
+    }
+    if (high != 0) {
+      break;
+    }
+    target.append(ascii.data(), ascii.size());
+  }
+  return at;
+}
+
+/// The character that UTF-16 `bytes` begin with, and how many bytes it takes: none where there is
+/// no whole and valid one.
+Utf8Character firstUtf16Character(std::string_view bytes, ByteOrder order) {
+  if (bytes.size() < 2) {
+    return {};
+  }
+  const char32_t unit = unitAt(bytes, 0, order);
+  if (!isHighSurrogate(unit)) {
+    return isLowSurrogate(unit) ? Utf8Character{} : Utf8Character{unit, 2};
+  }
+  const char32_t next = bytes.size() < 4 ? 0 : unitAt(bytes, 2, order);
+  if (!isLowSurrogate(next)) {
+    return {};
+  }
+  return {kFirstBeyond16Bits + ((unit & 0x3FF) << 10U | (next & 0x3FF)), 4};
 }
 
 /// The meaning of the bytes 0x80 to 0x9F; all others mean the code point of their own number.
@@ -189,22 +236,33 @@ void appendUtf16LittleEndian(std::string& target, std::string_view utf8) {
   }
 }
 
-void appendUtf8FromUtf16(std::string& target, std::string_view bytes, ByteOrder order) {
-  const std::size_t wholeUnits = bytes.size() - bytes.size() % 2;
-  for (std::size_t at = 0; at < wholeUnits; at += 2) {
-    const char32_t unit = unitAt(bytes, at, order);
-    if (isHighSurrogate(unit) && at + 2 < wholeUnits) {
-      const char32_t next = unitAt(bytes, at + 2, order);
-      if (isLowSurrogate(next)) {
-        appendUtf8(target, kFirstBeyond16Bits + ((unit & 0x3FF) << 10U | (next & 0x3FF)));
-        at += 2;
-        continue;
+std::size_t appendUtf16Prefix(std::string& target, std::string_view bytes, ByteOrder order) {
+  constexpr std::size_t kRunWithoutBlocks = 16;
+  std::size_t at = 0;
+  for (;;) {
+    const std::string_view rest = bytes.substr(at);
+    at += order == ByteOrder::kLittleEndian
+              ? appendAsciiBlocks<ByteOrder::kLittleEndian>(target, rest)
+              : appendAsciiBlocks<ByteOrder::kBigEndian>(target, rest);
+    for (std::size_t run = 0; run < kRunWithoutBlocks; ++run) {
+      const Utf8Character character = firstUtf16Character(bytes.substr(at), order);
+      if (character.length == 0) {
+        return at;
       }
+      appendUtf8(target, character.codePoint);
+      at += character.length;
     }
-    appendUtf8(target, isHighSurrogate(unit) || isLowSurrogate(unit) ? kReplacement : unit);
   }
-  if (wholeUnits != bytes.size()) {
+}
+
+void appendUtf8FromUtf16(std::string& target, std::string_view bytes, ByteOrder order) {
+  for (;;) {
+    bytes.remove_prefix(appendUtf16Prefix(target, bytes, order));
+    if (bytes.empty()) {
+      return;
+    }
     appendUtf8(target, kReplacement);
+    bytes.remove_prefix(std::min(bytes.size(), std::size_t{2}));
   }
 }
 

@@ -35,6 +35,10 @@ void appendUtf16LittleEndian(std::string& target, std::string_view utf8);
 
 enum class ByteOrder { kLittleEndian, kBigEndian };
 
+/// Appends to `target`, as UTF-8, the whole and valid characters that `bytes` begin with. Answers
+/// how many of the bytes those are.
+std::size_t appendUtf16Prefix(std::string& target, std::string_view bytes, ByteOrder order);
+
 /// Appends UTF-16 bytes to `target` as UTF-8. Unpaired surrogates, and a last odd byte, come out as
 /// U+FFFD.
 void appendUtf8FromUtf16(std::string& target, std::string_view bytes, ByteOrder order);

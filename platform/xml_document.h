@@ -155,6 +155,17 @@ class XmlDocument {
   [[nodiscard]] virtual XmlNode copyOf(const XmlNode& node) = 0;
 };
 
+/// Told of the elements that a walk through a file finds.
+class XmlElementVisitor {
+ public:
+  virtual ~XmlElementVisitor() = default;
+  /// In front of the first. May come once more: what was told before is void then.
+  virtual void begin() = 0;
+  /// The element has everything in it; what it stands in need not be there. Neither it nor what is
+  /// in it outlives the call, and nothing of it is to be changed.
+  virtual void visit(const XmlNode& element) = 0;
+};
+
 /// The attributes of an element during a scan.
 class XmlScanAttributes {
  public:
@@ -181,6 +192,17 @@ class XmlLibrary {
   virtual ~XmlLibrary() = default;
 
   [[nodiscard]] virtual std::unique_ptr<XmlDocument> createDocument() = 0;
+
+  /// Loads the file at `path` as XmlDocument::load does and hands over what `elementsByName` finds
+  /// there. What was told of a file that does not load is void. An exception of the visitor comes
+  /// out. An adapter that knows how keeps no more of the file than the element at hand.
+  virtual XmlLoadResult visitNamed(std::string_view path,
+                                   std::string_view name,
+                                   XmlElementVisitor& visitor);
+  /// The same for what `selectAll` finds, errors included.
+  virtual XmlLoadResult visitSelected(std::string_view path,
+                                      std::string_view query,
+                                      XmlElementVisitor& visitor);
 
   /// Walks through the file at `path` in memory that does not grow with it. What was told before a
   /// failure stays told. An exception of the handler ends the scan and comes out of it.

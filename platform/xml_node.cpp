@@ -38,6 +38,43 @@ XmlNode XmlNode::select(std::string_view query) const {
   return firstOf(selectAll(query));
 }
 
+namespace {
+
+/// `find` answers what is to be visited of the document.
+template <typename Find>
+XmlLoadResult loadAndVisit(XmlLibrary& xml,
+                           std::string_view path,
+                           XmlElementVisitor& visitor,
+                           Find&& find) {
+  const auto document = xml.createDocument();
+  XmlLoadResult result = document->load(path);
+  if (result) {
+    visitor.begin();
+    for (const XmlNode& element : find(*document)) {
+      visitor.visit(element);
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+XmlLoadResult XmlLibrary::visitNamed(std::string_view path,
+                                     std::string_view name,
+                                     XmlElementVisitor& visitor) {
+  return loadAndVisit(*this, path, visitor, [name](const XmlDocument& document) {
+    return document.elementsByName(name);
+  });
+}
+
+XmlLoadResult XmlLibrary::visitSelected(std::string_view path,
+                                        std::string_view query,
+                                        XmlElementVisitor& visitor) {
+  return loadAndVisit(*this, path, visitor, [query](const XmlDocument& document) {
+    return document.selectAll(query);
+  });
+}
+
 XmlNode XmlDocument::select(std::string_view query) const {
   return firstOf(selectAll(query));
 }

@@ -10,14 +10,17 @@ bool AcronymList::has(const std::string& acronym) {
     return true;
   }
   if (!all_) {
-    all_.emplace(inOrder_.begin(), inOrder_.end());
+    all_.emplace();
+    for (const std::string& each : inOrder_) {
+      all_->add(each);
+    }
   }
   return all_->contains(acronym);
 }
 
 void AcronymList::add(std::string acronym) {
   if (all_) {
-    all_->insert(acronym);
+    all_->add(acronym);
   }
   inOrder_.push_back(std::move(acronym));
 }

@@ -3,8 +3,9 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
+
+#include "platform/text_index.h"
 
 namespace quorbind {
 
@@ -23,7 +24,7 @@ class AcronymList {
   std::vector<std::string> inOrder_;
   /// Where the one behind the last that was found stands.
   std::size_t next_ = 0;
-  std::optional<std::unordered_set<std::string>> all_;
+  std::optional<TextIndex> all_;
 };
 
 }  // namespace quorbind

@@ -19,15 +19,14 @@ namespace quorbind {
 
 namespace {
 
-/// What the books of a catalogue say of their categories.
-class Filings {
+/// What the books of a catalogue say of their categories, or of one of them.
+class Filings final : private XmlElementVisitor {
  public:
-  Filings(const Platform& platform, const std::string& cataloguePath) {
-    const auto catalogue = platform.xml.createDocument();
-    catalogue->load(cataloguePath);
-    for (const XmlNode& book : catalogue->elementsByName(catalogue_names::kBook)) {
-      take(book);
-      uncategorisedAfterBook_.push_back(uncategorised_.texts.size());
+  /// Of `only`, where it is not null.
+  Filings(const Platform& platform, const std::string& cataloguePath, const std::string* only)
+      : only_(only) {
+    if (!platform.xml.visitNamed(cataloguePath, catalogue_names::kBook, *this)) {
+      begin();
     }
   }
 
@@ -54,6 +53,17 @@ class Filings {
   }
 
  private:
+  void begin() override {
+    acronyms_.clear();
+    uncategorised_ = noEntries();
+    uncategorisedAfterBook_.clear();
+  }
+
+  void visit(const XmlNode& book) override {
+    take(book);
+    uncategorisedAfterBook_.push_back(uncategorised_.texts.size());
+  }
+
   // A book's acronym counts from where it stands on.
   void take(const XmlNode& book) {
     std::string acronym;
@@ -73,14 +83,22 @@ class Filings {
       uncategorised_.texts.push_back(acronym);
     }
     for (; category; category = category.nextSibling()) {
-      TextArray& filed = acronyms_[category.text()];
-      if (filed.texts.empty()) {
-        filed = noEntries();
+      const std::string name = category.text();
+      if (only_ == nullptr || name == *only_) {
+        file(name, acronym);
       }
-      filed.texts.push_back(acronym);
     }
   }
 
+  void file(const std::string& category, const std::string& acronym) {
+    TextArray& filed = acronyms_[category];
+    if (filed.texts.empty()) {
+      filed = noEntries();
+    }
+    filed.texts.push_back(acronym);
+  }
+
+  const std::string* only_;
   const TextArray none_ = noEntries();
   std::unordered_map<std::string, TextArray> acronyms_;
   TextArray uncategorised_ = noEntries();
@@ -226,7 +244,7 @@ TextArray GetBookAcroValue(const Platform& platform,
                            const std::string& vstrCateName,
                            const std::string& vstrQuorTOcPath) {
   return trapped(platform.ui, source::kGetBookAcroValue, TextArray(), [&] {
-    const Filings filings(platform, vstrQuorTOcPath);
+    const Filings filings(platform, vstrQuorTOcPath, &vstrCateName);
     return acronymsOf(platform, state, vstrCateName, filings);
   });
 }
@@ -240,7 +258,7 @@ void GetBookAcroInfo(const Platform& platform,
     CategoryFile file(platform, vstrQuorBookCatePath);
     if (file.load()) {
       const std::vector<std::string> names = file.textsInCategories();
-      const Filings filings(platform, vstrQuorTOcPath);
+      const Filings filings(platform, vstrQuorTOcPath, nullptr);
       Rebuild(platform, state, file, filings).run(names);
     }
   });

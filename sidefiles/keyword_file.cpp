@@ -1,7 +1,6 @@
 #include "sidefiles/keyword_file.h"
 
 #include <utility>
-#include <vector>
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
@@ -112,7 +111,7 @@ bool KeywordFile::add(std::string_view keyword) {
   requireBook();
   if (!keywords_) {
     enterBook(keyword);
-  } else if (known_.contains(std::string(keyword))) {
+  } else if (known_.contains(keyword)) {
     return false;
   } else {
     append(keyword);
@@ -149,10 +148,8 @@ void KeywordFile::requireBook() {
   }
   if (document().select(bookQuery())) {
     keywords_ = document().select(listQuery());
-    const std::vector<XmlNode> keywords = keywords_.selectAll(keyword_names::kKeyword);
-    known_.reserve(keywords.size());
-    for (const XmlNode& keyword : keywords) {
-      known_.insert(keyword.text());
+    for (const XmlNode& keyword : keywords_.selectAll(keyword_names::kKeyword)) {
+      known_.add(keyword.text());
     }
   }
   lookedUp_ = true;
@@ -179,7 +176,7 @@ std::string KeywordFile::keywordQuery() const {
 
 void KeywordFile::append(std::string_view keyword) {
   appendTextElement(document(), keywords_, keyword_names::kKeyword, keyword);
-  known_.insert(xmlCharactersOnly(keyword));
+  known_.add(xmlCharactersOnly(keyword));
 }
 
 }  // namespace quorbind

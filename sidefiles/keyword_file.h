@@ -4,9 +4,9 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 #include "platform/platform.h"
+#include "platform/text_index.h"
 #include "sidefiles/side_file.h"
 
 namespace quorbind {
@@ -57,7 +57,7 @@ class KeywordFile final : public SideFile {
   std::string bookName_;
   /// The book's list, once the book was looked up; no node while the document lacks the book.
   XmlNode keywords_;
-  std::unordered_set<std::string> known_;
+  TextIndex known_;
   bool lookedUp_ = false;
 };
 

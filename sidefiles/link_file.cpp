@@ -1,8 +1,5 @@
 #include "sidefiles/link_file.h"
 
-#include <utility>
-#include <vector>
-
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
@@ -110,8 +107,8 @@ bool LinkFile::leadsSomewhere(std::string_view identifier) {
 
 bool LinkFile::hasTrimmed(std::string_view identifier) {
   requireIndex();
-  const std::string trimmed(trimBlanks(identifier));
-  return identifiers_.contains(trimmed) || (!trimmed_.empty() && trimmed_.contains(trimmed));
+  const std::string_view trimmed = trimBlanks(identifier);
+  return identifiers_.contains(trimmed) || trimmed_.contains(trimmed);
 }
 
 void LinkFile::record(const LinkIdentifier& link) {
@@ -129,6 +126,7 @@ void LinkFile::makeList() {
 void LinkFile::dropIndex() {
   list_ = XmlNode();
   identifiers_.clear();
+  linkIds_.clear();
   trimmed_.clear();
   indexed_ = false;
 }
@@ -138,28 +136,28 @@ void LinkFile::requireIndex() {
     return;
   }
   list_ = document().select(link_names::kListPath);
-  const std::vector<XmlNode> linkIds = document().selectAll(link_names::kLinkIdPath);
-  identifiers_.reserve(linkIds.size());
-  for (const XmlNode& linkId : linkIds) {
+  for (const XmlNode& linkId : document().selectAll(link_names::kLinkIdPath)) {
     addToIndex(linkId);
   }
   indexed_ = true;
 }
 
 void LinkFile::addToIndex(const XmlNode& linkId) {
-  std::string identifier = linkId.text();
+  const std::string identifier = linkId.text();
   const std::string_view trimmed = trimBlanks(identifier);
   if (trimmed.size() < identifier.size()) {
-    trimmed_.emplace(trimmed);
+    trimmed_.add(trimmed);
   }
-  identifiers_.try_emplace(std::move(identifier), linkId);
+  if (identifiers_.add(identifier).second) {
+    linkIds_.push_back(linkId);
+  }
 }
 
 XmlNode LinkFile::find(std::string_view identifier) {
   requireFitsQuery(identifier, kIdentifierQuote);
   requireIndex();
-  const auto found = identifiers_.find(std::string(identifier));
-  return found == identifiers_.end() ? XmlNode() : found->second;
+  const auto found = identifiers_.find(identifier);
+  return found ? linkIds_[*found] : XmlNode();
 }
 
 void LinkFile::enter(const LinkIdentifier& link) {

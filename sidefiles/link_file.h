@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
+#include <vector>
 
 #include "platform/platform.h"
+#include "platform/text_index.h"
 #include "platform/toolset.h"
 #include "sidefiles/side_file.h"
 
@@ -76,10 +76,11 @@ class LinkFile final : public SideFile {
   std::unique_ptr<XmlTextRules> rules_;
   /// The list of entries; no node where the document has none.
   XmlNode list_;
-  /// The first element of each identifier, by its text.
-  std::unordered_map<std::string, XmlNode> identifiers_;
+  TextIndex identifiers_;
+  /// The first element of each identifier, by its number.
+  std::vector<XmlNode> linkIds_;
   /// What is left, without their blanks, of the identifiers that have blanks at their ends.
-  std::unordered_set<std::string> trimmed_;
+  TextIndex trimmed_;
   bool indexed_ = false;
 };
 

@@ -74,15 +74,15 @@ void LinkIdentifierList::requireOthers() {
       others.includeThisOne = true;
       continue;
     }
-    for (std::string& identifier : trimmedLinkIds(platform_, path)) {
-      others.trimmedIds.insert(std::move(identifier));
+    for (const std::string& identifier : trimmedLinkIds(platform_, path)) {
+      others.trimmedIds.add(identifier);
     }
   }
   others_ = std::move(others);
 }
 
 bool LinkIdentifierList::isTaken(const std::string& identifier) {
-  if (others_->trimmedIds.contains(std::string(trimBlanks(identifier))) ||
+  if (others_->trimmedIds.contains(trimBlanks(identifier)) ||
       (others_->includeThisOne && file_->hasTrimmed(identifier))) {
     return true;
   }

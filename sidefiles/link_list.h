@@ -4,11 +4,11 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
+#include "platform/text_index.h"
 #include "sidefiles/link_file.h"
 #include "sidefiles/listed_changes.h"
 
@@ -37,7 +37,7 @@ class LinkIdentifierList {
  private:
   /// What the files of all products have but this one's.
   struct OtherProducts {
-    std::unordered_set<std::string> trimmedIds;
+    TextIndex trimmedIds;
     /// Whether this product is one of the server's list.
     bool includeThisOne = false;
   };

@@ -24,14 +24,18 @@ constexpr std::array<Entity, 5> kEntities{
 /// No entity of XML, but what some write for `&quot;`.
 constexpr std::string_view kMisspeltQuote = "&quote;";
 
-/// The text of the entity for `c`; empty when it needs none.
+constexpr bool needsEntity(char c) {
+  return c == '&' || c == '<' || c == '>' || c == '"' || c == '\'';
+}
+static_assert(std::all_of(kEntities.begin(), kEntities.end(), [](const Entity& entity) {
+  return needsEntity(entity.character);
+}));
+
+/// The text of the entity for a character that needs one.
 std::string_view entityFor(char c) {
-  for (const Entity& entity : kEntities) {
-    if (entity.character == c) {
-      return entity.text;
-    }
-  }
-  return {};
+  const auto* const found = std::find_if(
+      kEntities.begin(), kEntities.end(), [c](const Entity& each) { return each.character == c; });
+  return found->text;
 }
 
 bool beginsWithEntity(std::string_view text) {
@@ -43,15 +47,17 @@ bool beginsWithEntity(std::string_view text) {
 std::string withEntities(std::string_view text) {
   std::string result;
   result.reserve(text.size());
-  for (; !text.empty(); text.remove_prefix(1)) {
-    const std::string_view entity = entityFor(text.front());
-    if (entity.empty() || beginsWithEntity(text)) {
-      result += text.front();
-    } else {
-      result += entity;
+  for (;;) {
+    const auto* const markup =
+        std::find_if(text.begin(), text.end(), [](char c) { return needsEntity(c); });
+    result.append(text.begin(), markup);
+    text.remove_prefix(static_cast<std::size_t>(markup - text.begin()));
+    if (text.empty()) {
+      return result;
     }
+    result += beginsWithEntity(text) ? text.substr(0, 1) : entityFor(text.front());
+    text.remove_prefix(1);
   }
-  return result;
 }
 
 /// An entity text that stands in `text`; empty when there is none.

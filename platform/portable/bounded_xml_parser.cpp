@@ -14,12 +14,13 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
-
 constexpr const char* kFileMissing = "The system cannot locate the object specified.";
 constexpr const char* kDocumentType = "A document type declaration is not allowed.";
 constexpr const char* kTooManyAttributes = "An element has too many attributes or namespaces.";
 constexpr const char* kNameTooLong = "A name is too long.";
+
+/// What the declaration of a file says that was recoded.
+constexpr const char* kUtf16 = "UTF-16";
 
 /// XML_PARSE_NOENT has the references of XML itself replaced in attributes as well; with document
 /// types refused there are no others.
@@ -42,6 +43,15 @@ std::string reasonFor(const RunTimeError& error) {
   return missing ? kFileMissing : error.description();
 }
 
+void setEncoding(xmlDoc& document, const char* name) {
+  xmlChar* const encoding = xmlCharStrdup(name);
+  if (encoding == nullptr) {
+    raise(ErrorNumber::kOutOfMemory);
+  }
+  xmlFree(const_cast<xmlChar*>(document.encoding));
+  document.encoding = encoding;
+}
+
 bool breaksTheDocument(const xmlError& error) {
   const bool breaksNamespaces =
       error.domain == XML_FROM_NAMESPACE && error.code >= XML_NS_ERR_XML_NAMESPACE;
@@ -55,7 +65,8 @@ BoundedXmlParser::Attribute BoundedXmlParser::StartTag::attribute(int index) con
   return {fields[0], fields[1], fields[2], fields[3], fields[4]};
 }
 
-BoundedXmlParser::BoundedXmlParser() : context_(xmlNewParserCtxt()), buffer_(kBufferSize, '\0') {
+BoundedXmlParser::BoundedXmlParser(XmlBytes::Utf16 utf16)
+    : context_(xmlNewParserCtxt()), utf16_(utf16) {
   if (context_ == nullptr) {
     raise(ErrorNumber::kOutOfMemory);
   }
@@ -71,24 +82,32 @@ XmlLoadResult BoundedXmlParser::parse(FileSystem& files, std::string_view path) 
   try {
     bytes = files.open(path);
   } catch (const RunTimeError& error) {
+    isUnreadable_ = true;
     return {.reason = reasonFor(error)};
   }
   return parse(std::move(bytes));
 }
 
 XmlLoadResult BoundedXmlParser::parse(std::unique_ptr<ByteReader> bytes) {
-  bytes_ = std::move(bytes);
+  bytes_.emplace(std::move(bytes), utf16_);
   const XmlMessages messages([this](const xmlError& error) { listen(error); });
   document_.reset(
       xmlCtxtReadIO(context_.get(), &readBytes, nullptr, this, nullptr, nullptr, kOptions));
-  bytes_.reset();
+  bytes_->close();
   if (isOver()) {
     document_.reset();
+  } else if (bytes_->areRecoded()) {
+    setEncoding(*document_, kUtf16);
   }
   if (exception_ != nullptr) {
     std::rethrow_exception(exception_);
   }
   return failure_.value_or(XmlLoadResult{.loaded = true});
+}
+
+bool BoundedXmlParser::needsFileAsItStands() const {
+  return bytes_ && bytes_->areRecoded() && !isUnreadable_ &&
+         (failure_.has_value() || bytes_->endedEarly());
 }
 
 BoundedXmlParser& BoundedXmlParser::of(void* context) {
@@ -108,21 +127,12 @@ int BoundedXmlParser::read(char* buffer, int size) {
     return 0;
   }
   try {
-    return static_cast<int>(takeBytes(buffer, static_cast<std::size_t>(size)));
+    return static_cast<int>(bytes_->take(buffer, static_cast<std::size_t>(size)));
   } catch (const RunTimeError& error) {
+    isUnreadable_ = true;
     fail({.reason = reasonFor(error)});
     return 0;
   }
-}
-
-/// libxml2 asks for small pieces, and asking the system for each would take longer.
-std::size_t BoundedXmlParser::takeBytes(char* buffer, std::size_t size) {
-  if (unread_.empty()) {
-    unread_ = {buffer_.data(), bytes_->read(buffer_.data(), kBufferSize)};
-  }
-  const std::size_t count = unread_.copy(buffer, size);
-  unread_.remove_prefix(count);
-  return count;
 }
 
 /// Whether the start tag being read is already beyond the bound. It must not be read to its end, as

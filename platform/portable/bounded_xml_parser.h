@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/file_system.h"
+#include "platform/portable/xml_bytes.h"
 #include "platform/portable/xml_handles.h"
 #include "platform/xml_document.h"
 
@@ -34,7 +35,7 @@ inline constexpr std::size_t kMaximumXmlNameLength = 10000;
 /// ends the run in the same way, and comes out of `parse`.
 class BoundedXmlParser {
  public:
-  BoundedXmlParser();
+  explicit BoundedXmlParser(XmlBytes::Utf16 utf16 = XmlBytes::Utf16::kAsItStands);
   virtual ~BoundedXmlParser() = default;
   BoundedXmlParser(const BoundedXmlParser&) = delete;
   BoundedXmlParser& operator=(const BoundedXmlParser&) = delete;
@@ -43,6 +44,9 @@ class BoundedXmlParser {
   XmlLoadResult parse(FileSystem& files, std::string_view path);
   /// Reads what is no file of its own in the same way.
   XmlLoadResult parse(std::unique_ptr<ByteReader> bytes);
+  /// Whether the file has to be parsed once more, as it stands, by another parser: it came in UTF-8
+  /// and did not parse, so that libxml2 may have more to tell of it, or other things.
+  [[nodiscard]] bool needsFileAsItStands() const;
 
  protected:
   struct Attribute {
@@ -93,6 +97,11 @@ class BoundedXmlParser {
     }
   }
 
+  /// Ends the run at the place that the parser has come to, for a reason that is nobody's concern.
+  void giveUp() { refuse({}); }
+  /// Whether the bytes could not be had.
+  [[nodiscard]] bool isUnreadable() const { return isUnreadable_; }
+
   /// What was parsed, for a derived class whose handlers build a tree; empty after a failure.
   [[nodiscard]] XmlDocHandle takeDocument() { return std::move(document_); }
 
@@ -117,7 +126,6 @@ class BoundedXmlParser {
                            const xmlChar* uri);
 
   [[nodiscard]] int read(char* buffer, int size);
-  [[nodiscard]] std::size_t takeBytes(char* buffer, std::size_t size);
   [[nodiscard]] bool attributesPileUp() const;
   void checkBounds(const StartTag& tag);
   void checkNames(const StartTag& tag);
@@ -127,14 +135,14 @@ class BoundedXmlParser {
   [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
 
   XmlParserHandle context_;
-  std::unique_ptr<ByteReader> bytes_;
-  std::string buffer_;
-  /// What of the buffer the parser has not taken yet.
-  std::string_view unread_;
+  XmlBytes::Utf16 utf16_;
+  /// Present once the parser runs.
+  std::optional<XmlBytes> bytes_;
   XmlDocHandle document_;
   int depth_ = 0;
   /// The first failure; what follows is a consequence.
   std::optional<XmlLoadResult> failure_;
+  bool isUnreadable_ = false;
   std::exception_ptr exception_;
 };
 

@@ -53,6 +53,11 @@ void LayoutFilter::expectText() {
   blanks_.resize(begin);
 }
 
+void LayoutFilter::forget() {
+  held_.clear();
+  blanks_.clear();
+}
+
 void LayoutFilter::hold(std::string_view blanks) {
   xmlNode* const parent = context_.node;
   const bool continues =

@@ -28,6 +28,8 @@ class LayoutFilter {
   void text(std::string_view text);
   /// In front of a content that makes the element one with text in it.
   void expectText();
+  /// Drops what is held back, outside of every element.
+  void forget();
 
  private:
   struct Element {

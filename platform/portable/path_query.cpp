@@ -124,7 +124,20 @@ std::vector<xmlNode*> PathQuery::find(const xmlDoc& document, const ElementIndex
   return found;
 }
 
-/// How many steps there are up to the first with a condition, or else in all.
+bool PathQuery::isStep(std::size_t step, std::string_view name) const {
+  return step < steps_.size() && steps_[step].name == name;
+}
+
+std::vector<xmlNode*> PathQuery::findFromConditionOn(xmlNode& element) const {
+  const std::size_t steps = stepsToCondition();
+  const Step& last = steps_[steps - 1];
+  std::vector<xmlNode*> found;
+  if (isPlainElement(element, last.name) && (!last.condition || holds(*last.condition, element))) {
+    finish(element, steps, found);
+  }
+  return found;
+}
+
 std::size_t PathQuery::stepsToCondition() const {
   const auto conditional = std::find_if(
       steps_.begin(), steps_.end(), [](const Step& step) { return step.condition.has_value(); });

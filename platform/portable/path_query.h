@@ -27,6 +27,15 @@ class PathQuery {
   /// The same from a document, all of whose elements are in `index`.
   [[nodiscard]] std::vector<xmlNode*> find(const xmlDoc& document, const ElementIndex& index) const;
 
+  // For a walk that comes to one element after the other.
+
+  /// How many steps there are up to the first with a condition, or else in all.
+  [[nodiscard]] std::size_t stepsToCondition() const;
+  /// Whether `name` is that of a step, the first of which is 0.
+  [[nodiscard]] bool isStep(std::size_t step, std::string_view name) const;
+  /// What the query finds in or below `element`, which the names of so many steps lead to.
+  [[nodiscard]] std::vector<xmlNode*> findFromConditionOn(xmlNode& element) const;
+
  private:
   struct Condition {
     std::string child;
@@ -39,7 +48,6 @@ class PathQuery {
   class Reader;
 
   static bool holds(const Condition& condition, const xmlNode& element);
-  [[nodiscard]] std::size_t stepsToCondition() const;
   [[nodiscard]] bool isBelow(const xmlDoc& document,
                              std::size_t steps,
                              const xmlNode& element) const;

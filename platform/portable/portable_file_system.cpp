@@ -13,6 +13,7 @@
 #include "platform/portable/copy_targets.h"
 #include "platform/portable/sibling_replacement.h"
 #include "platform/portable/system_call.h"
+#include "platform/portable/unnamed_copy.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
@@ -62,22 +63,41 @@ bool isSameEntry(const std::string& left, const std::string& right) {
          isSame(statusOf(parentOf(left)), statusOf(parentOf(right)));
 }
 
-/// Opens the file at `path`. A pipe is not waited for: it is no file.
-FileDescriptor openForReading(const std::string& path) {
-  FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
-  Status status{};
-  if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
-    raiseSystemError(errno, path);
+struct OpenFile {
+  FileDescriptor file;
+  Status status;
+};
+
+/// Opens what stands at `path`. A pipe is not waited for: it is no file. Nothing, with errno, on
+/// failure.
+std::optional<OpenFile> openWhatStands(const std::string& path) {
+  OpenFile opened{openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY), {}};
+  if (!opened.file.isOpen() || ::fstat(opened.file.number(), &opened.status) != 0) {
+    return std::nullopt;
   }
-  if (!S_ISREG(status.st_mode)) {
-    raise(ErrorNumber::kPathFileAccessError);
-  }
-  return file;
+  return opened;
 }
 
-void copyTo(const std::string& target, const FileDescriptor& source) {
+std::optional<OpenFile> openIfFile(const std::string& path) {
+  auto opened = openWhatStands(path);
+  return opened && S_ISREG(opened->status.st_mode) ? std::move(opened) : std::nullopt;
+}
+
+/// Opens the file at `path`.
+OpenFile openForReading(const std::string& path) {
+  auto opened = openWhatStands(path);
+  if (!opened) {
+    raiseSystemError(errno, path);
+  }
+  if (!S_ISREG(opened->status.st_mode)) {
+    raise(ErrorNumber::kPathFileAccessError);
+  }
+  return *std::move(opened);
+}
+
+void copyTo(const std::string& target, const OpenFile& source) {
   SiblingReplacement replacement(target);
-  replacement.copyFrom(source);
+  replacement.copyFrom(source.file);
   replacement.commit();
 }
 
@@ -141,19 +161,20 @@ class PortableFileSystem::Copies final : public CopySeries {
   explicit Copies(PortableFileSystem& files) : files_(files), targets_(files.finder_) {}
 
   bool copy(std::string_view from, std::string_view to) override {
-    const std::string source = files_.locateFile(files_.nameOf(from)).path;
-    const FileDescriptor file = openForReading(source);
+    const OpenFile source = open(from);
     const std::string path = files_.pathOfFile(files_.nameOf(to));
     const PathFinder::Place target = targets_.find(path);
-    if (target.stands && isSame(statusOf(source), statusOf(target.path))) {
-      return false;
+    if (target.stands) {
+      if (isSame(source.status, statusOf(target.path))) {
+        return false;
+      }
+      replace(target.path, source);
+      return true;
     }
-    SiblingReplacement replacement(target.path);
-    replacement.copyFrom(file);
-    replacement.commitUnflushed(disks_);
-    if (!target.stands) {
-      targets_.add(path);
+    if (!copyWithoutName(source.file, source.status, target.path, disks_)) {
+      replace(target.path, openInAnyCase(from));
     }
+    targets_.add(path);
     return true;
   }
   void flush() override {
@@ -163,6 +184,21 @@ class PortableFileSystem::Copies final : public CopySeries {
   }
 
  private:
+  /// What stands as it is spelled need not be looked for before.
+  OpenFile open(std::string_view name) {
+    auto asSpelled = openIfFile(files_.pathOfFile(files_.nameOf(name)));
+    return asSpelled ? *std::move(asSpelled) : openInAnyCase(name);
+  }
+  OpenFile openInAnyCase(std::string_view name) {
+    return openForReading(files_.locateFile(files_.nameOf(name)).path);
+  }
+
+  void replace(const std::string& path, const OpenFile& source) {
+    SiblingReplacement replacement(path);
+    replacement.copyFrom(source.file);
+    replacement.commitUnflushed(disks_);
+  }
+
   PortableFileSystem& files_;
   CopyTargets targets_;
   UnflushedDisks disks_;
@@ -198,9 +234,9 @@ void PortableFileSystem::createFolder(std::string_view path) {
 
 void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {
   const PathFinder::Place source = locateFile(nameOf(from));
-  const FileDescriptor file = openForReading(source.path);
+  const OpenFile file = openForReading(source.path);
   const PathFinder::Place target = locateFile(nameOf(to));
-  if (isSame(statusOf(source.path), statusOf(target.path))) {
+  if (isSame(file.status, statusOf(target.path))) {
     raise(ErrorNumber::kPermissionDenied);
   }
   copyTo(target.path, file);
@@ -283,7 +319,7 @@ std::vector<std::string> PortableFileSystem::list(std::string_view folder, Liste
 }
 
 std::unique_ptr<ByteReader> PortableFileSystem::open(std::string_view path) {
-  return std::make_unique<FileReader>(openForReading(locateFile(nameOf(path)).path));
+  return std::make_unique<FileReader>(openForReading(locateFile(nameOf(path)).path).file);
 }
 
 std::unique_ptr<FileReplacement> PortableFileSystem::replace(std::string_view path) {

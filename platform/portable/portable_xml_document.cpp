@@ -1,14 +1,11 @@
 #include "platform/portable/portable_xml_document.h"
 
-#include <libxml/SAX2.h>
-
 #include <utility>
 
-#include "platform/portable/bounded_xml_parser.h"
-#include "platform/portable/layout_filter.h"
+#include "platform/portable/element_index.h"
+#include "platform/portable/tree_parser.h"
 #include "platform/portable/xml_node_body.h"
 #include "platform/portable/xml_save.h"
-#include "platform/portable/xml_text.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -17,56 +14,21 @@ namespace {
 
 constexpr const char* kNoTopLevelElement = "XML document must have a top level element.";
 
-/// Has libxml2's own handlers build the tree, but for two things: white space goes through the
-/// filter, and CDATA sections stay apart, where the handler would melt neighbouring ones into one.
-class TreeParser final : public BoundedXmlParser {
+/// Builds the tree of a whole document.
+class DocumentParser final : public TreeParser {
  public:
-  TreeParser() {
-    context().sax->characters = &onText;
-    context().sax->ignorableWhitespace = &onText;
-    context().sax->cdataBlock = &onCdata;
-  }
+  using TreeParser::TreeParser;
 
   [[nodiscard]] std::unique_ptr<XmlTree> takeTree() {
     return std::make_unique<XmlTree>(takeDocument(), std::move(elements_));
   }
 
  private:
-  static TreeParser& treeOf(void* context) { return static_cast<TreeParser&>(of(context)); }
-
-  static void onText(void* context, const xmlChar* text, int length) {
-    TreeParser& parser = treeOf(context);
-    parser.guarded([&] { parser.layout_.text(viewOf(text, text + length)); });
-  }
-
-  static void onCdata(void* context, const xmlChar* text, int length) {
-    TreeParser& parser = treeOf(context);
-    parser.guarded([&] {
-      parser.layout_.expectText();
-      xmlAddChild(parser.context().node, xmlNewCDataBlock(parser.context().myDoc, text, length));
-    });
-  }
-
   void startElement(const StartTag& tag) override {
-    xmlSAX2StartElementNs(&context(),
-                          tag.localName,
-                          tag.prefix,
-                          tag.uri,
-                          tag.namespaceCount,
-                          tag.namespaces,
-                          tag.attributeCount,
-                          tag.defaultedCount,
-                          tag.attributes);
-    layout_.startElement();
-    elements_.add(*context().node);
+    TreeParser::startElement(tag);
+    elements_.add(*innermost());
   }
 
-  void endElement(const EndTag& tag) override {
-    layout_.endElement();
-    xmlSAX2EndElementNs(&context(), tag.localName, tag.prefix, tag.uri);
-  }
-
-  LayoutFilter layout_{context()};
   ElementIndex elements_;
 };
 
@@ -78,12 +40,18 @@ PortableXmlDocument::PortableXmlDocument(FileSystem& files) : files_(files) {
 
 XmlLoadResult PortableXmlDocument::load(std::string_view path) {
   begin(std::make_unique<XmlTree>());
-  TreeParser parser;
-  XmlLoadResult result = parser.parse(files_, path);
-  if (result) {
-    begin(parser.takeTree());
-  }
-  return result;
+  const auto loadAs = [&](XmlBytes::Utf16 utf16, bool& isToBeRepeated) {
+    DocumentParser parser(utf16);
+    XmlLoadResult result = parser.parse(files_, path);
+    isToBeRepeated = parser.needsFileAsItStands();
+    if (result && !isToBeRepeated) {
+      begin(parser.takeTree());
+    }
+    return result;
+  };
+  bool isToBeRepeated = false;
+  XmlLoadResult result = loadAs(XmlBytes::Utf16::kAsUtf8, isToBeRepeated);
+  return isToBeRepeated ? loadAs(XmlBytes::Utf16::kAsItStands, isToBeRepeated) : result;
 }
 
 void PortableXmlDocument::save(std::string_view path) {

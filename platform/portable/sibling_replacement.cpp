@@ -22,7 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kWriteSize = 65'536;
-constexpr std::size_t kKernelCopySize = 0x4000'0000;
 constexpr int kMaximumLinks = 40;
 constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
@@ -88,20 +87,6 @@ void takeOver(const FileDescriptor& file, const std::string& oldPath, const Stat
   }
   setPermissions(file, old.st_mode);
   copyExtendedAttributes(oldPath, file);
-}
-
-/// Has the system copy `size` bytes by itself. Answers whether it could.
-bool copyInKernel(const FileDescriptor& source, const FileDescriptor& target, off_t size) {
-  off_t copied = 0;
-  while (copied < size) {
-    const ssize_t count =
-        ::copy_file_range(source.number(), nullptr, target.number(), nullptr, kKernelCopySize, 0);
-    if (count <= 0) {
-      return false;
-    }
-    copied += count;
-  }
-  return true;
 }
 
 /// Makes the rename itself last. By then the new file stands under its name and nothing can be
@@ -171,8 +156,7 @@ void SiblingReplacement::copyFrom(const FileDescriptor& source) {
     fail(errno);
   }
   setPermissions(file_, status.st_mode);
-  // Some files that have no size are not empty.
-  if (status.st_size > 0 && copyInKernel(source, file_, status.st_size)) {
+  if (copyInKernel(source, file_, status.st_size)) {
     return;
   }
   // Not every pair of file systems copies by itself. Whatever is left is copied from here, and an

@@ -14,6 +14,8 @@ namespace quorbind {
 
 namespace {
 
+constexpr std::size_t kKernelCopySize = 0x4000'0000;
+
 struct CloseFolder {
   void operator()(DIR* folder) const { ::closedir(folder); }
 };
@@ -76,6 +78,19 @@ std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size)
     raise(ErrorNumber::kDeviceIoError);
   }
   return static_cast<std::size_t>(count);
+}
+
+bool copyInKernel(const FileDescriptor& source, const FileDescriptor& target, off_t size) {
+  off_t copied = 0;
+  while (copied < size) {
+    const ssize_t count =
+        ::copy_file_range(source.number(), nullptr, target.number(), nullptr, kKernelCopySize, 0);
+    if (count <= 0) {
+      return false;
+    }
+    copied += count;
+  }
+  return size > 0;
 }
 
 std::optional<std::vector<std::string>> listFolder(const std::string& folder, Listed listed) {

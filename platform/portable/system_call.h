@@ -3,6 +3,8 @@
 // The ground rules of this folder's system calls: descriptors close themselves, interrupted calls
 // are made again, and errno becomes the run-time error that the file-system port promises for it.
 
+#include <sys/types.h>
+
 #include <cerrno>
 #include <cstddef>
 #include <optional>
@@ -48,6 +50,10 @@ FileDescriptor openFile(const std::string& path, int flags, unsigned permissions
 
 /// Reads up to `size` bytes; 0 only at the end of the file. Raises 57.
 std::size_t readFrom(const FileDescriptor& file, char* buffer, std::size_t size);
+
+/// Has the system copy `size` bytes by itself. Answers whether it could; if not, some may have been
+/// copied. Of a file without a size nobody knows whether it is empty, so it can't.
+bool copyInKernel(const FileDescriptor& source, const FileDescriptor& target, off_t size);
 
 enum class Listed { kAll, kFilesOnly };
 

@@ -11,19 +11,19 @@ namespace quorbind {
 
 bool UnflushedDisks::add(const FileDescriptor& file) {
   struct stat status {};
-  if (::fstat(file.number(), &status) != 0) {
-    return false;
-  }
-  if (std::any_of(disks_.begin(), disks_.end(), [&](const Disk& disk) {
-        return disk.number == status.st_dev;
-      })) {
+  return ::fstat(file.number(), &status) == 0 && add(file, status.st_dev);
+}
+
+bool UnflushedDisks::add(const FileDescriptor& file, dev_t disk) {
+  if (std::any_of(
+          disks_.begin(), disks_.end(), [&](const Disk& known) { return known.number == disk; })) {
     return true;
   }
   FileDescriptor kept(::fcntl(file.number(), F_DUPFD_CLOEXEC, 0));
   if (!kept.isOpen()) {
     return false;
   }
-  disks_.push_back({status.st_dev, std::move(kept)});
+  disks_.push_back({disk, std::move(kept)});
   return true;
 }
 

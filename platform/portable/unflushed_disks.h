@@ -14,6 +14,8 @@ class UnflushedDisks {
  public:
   /// Notes the disk of `file`, which may be closed afterwards. False, with errno, on failure.
   bool add(const FileDescriptor& file);
+  /// The same where the disk's number is known.
+  bool add(const FileDescriptor& file, dev_t disk);
   /// Flushes each of the disks once and forgets it, whatever comes of it. Answers 0 or the first
   /// error.
   int flush();

@@ -16,6 +16,12 @@ class PortableXmlLibrary final : public XmlLibrary {
   explicit PortableXmlLibrary(FileSystem& files);
 
   [[nodiscard]] std::unique_ptr<XmlDocument> createDocument() override;
+  XmlLoadResult visitNamed(std::string_view path,
+                           std::string_view name,
+                           XmlElementVisitor& visitor) override;
+  XmlLoadResult visitSelected(std::string_view path,
+                              std::string_view query,
+                              XmlElementVisitor& visitor) override;
   XmlLoadResult scan(std::string_view path, XmlScanHandler& handler) override;
   XmlLoadResult scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) override;
 

@@ -55,6 +55,8 @@ class NodeReferences {
   /// No node for a null pointer.
   XmlNode to(xmlNode* node);
   std::vector<XmlNode> toAll(const std::vector<xmlNode*>& nodes);
+  /// Ends all references; their nodes are about to go.
+  void forget() { bodies_.clear(); }
 
  private:
   XmlTree& tree_;

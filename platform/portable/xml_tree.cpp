@@ -107,10 +107,12 @@ xmlNode* nextElement(xmlNode* element) {
 
 XmlTree::XmlTree() : XmlTree(XmlDocHandle(made(xmlNewDoc(nullptr)))) {}
 
-XmlTree::XmlTree(XmlDocHandle document) : document_(std::move(document)) {}
+XmlTree::XmlTree(XmlDocHandle document) : owned_(std::move(document)), document_(owned_.get()) {}
+
+XmlTree::XmlTree(xmlDoc& document) : document_(&document) {}
 
 XmlTree::XmlTree(XmlDocHandle document, ElementIndex elements)
-    : document_(std::move(document)), elements_(std::move(elements)) {}
+    : owned_(std::move(document)), document_(owned_.get()), elements_(std::move(elements)) {}
 
 XmlTree::~XmlTree() {
   // None is freed before all have been looked at: one may stand in another.
@@ -122,7 +124,7 @@ XmlTree::~XmlTree() {
 }
 
 xmlNode* XmlTree::root() const {
-  return xmlDocGetRootElement(document_.get());
+  return xmlDocGetRootElement(document_);
 }
 
 xmlNode& XmlTree::createElement(const std::string& name) {
@@ -130,9 +132,9 @@ xmlNode& XmlTree::createElement(const std::string& name) {
   // The names of a document that was read are kept in its dictionary, each once.
   xmlDict* const names = document_->dict;
   XmlNodeHandle node(
-      names == nullptr ? xmlNewDocNode(document_.get(), nullptr, xmlTextOf(name), nullptr)
+      names == nullptr ? xmlNewDocNode(document_, nullptr, xmlTextOf(name), nullptr)
                        : xmlNewDocNodeEatName(
-                             document_.get(),
+                             document_,
                              nullptr,
                              const_cast<xmlChar*>(made(xmlDictLookup(names, xmlTextOf(name), -1))),
                              nullptr));
@@ -142,7 +144,7 @@ xmlNode& XmlTree::createElement(const std::string& name) {
 
 xmlNode& XmlTree::copyOf(xmlNode& node) {
   require(canBeChild(node));
-  XmlNodeHandle copy(made(xmlDocCopyNode(&node, document_.get(), 1)));
+  XmlNodeHandle copy(made(xmlDocCopyNode(&node, document_, 1)));
   onceLoose_.push_back(copy.get());
   return *copy.release();
 }
@@ -155,6 +157,9 @@ void XmlTree::insert(xmlNode& child, xmlNode& parent, xmlNode* reference) {
     return;
   }
   elements_.reset();
+  if (!onceLoose_.empty() && onceLoose_.back() == &child) {
+    onceLoose_.pop_back();
+  }
   xmlUnlinkNode(&child);
   link(child, parent, reference);
   if (child.type == XML_ELEMENT_NODE) {
@@ -193,7 +198,7 @@ xmlNode& XmlTree::newText(const std::string& text) {
   constexpr std::size_t kRoom = 2 * sizeof(void*);
   static_assert(offsetof(xmlNode, nsDef) == offsetof(xmlNode, properties) + sizeof(void*));
   const bool fits = text.size() < kRoom;
-  xmlNode& node = *made(xmlNewDocText(document_.get(), fits ? nullptr : xmlTextOf(text)));
+  xmlNode& node = *made(xmlNewDocText(document_, fits ? nullptr : xmlTextOf(text)));
   if (fits) {
     node.content = reinterpret_cast<xmlChar*>(&node.properties);
     std::memcpy(node.content, text.c_str(), text.size() + 1);
@@ -222,14 +227,14 @@ void XmlTree::setAttribute(xmlNode& element, const std::string& name, const std:
   require(isUnprefixedName(local) && name != kNamespaceDeclaration);
   xmlNs* nameSpace = nullptr;
   if (colon != std::string::npos) {
-    nameSpace = xmlSearchNs(document_.get(), &element, xmlTextOf(name.substr(0, colon)));
+    nameSpace = xmlSearchNs(document_, &element, xmlTextOf(name.substr(0, colon)));
     require(nameSpace != nullptr && colon > 0);
   }
   made(xmlNewNsProp(&element, nameSpace, xmlTextOf(local), xmlTextOf(value)));
 }
 
 std::vector<xmlNode*> XmlTree::selectFromDocument(std::string_view query) {
-  auto& document = *reinterpret_cast<xmlNode*>(document_.get());
+  auto& document = *reinterpret_cast<xmlNode*>(document_);
   const auto path = PathQuery::read(query);
   if (!path) {
     return selectByXPath(query, document);
@@ -258,13 +263,7 @@ std::vector<xmlNode*> XmlTree::elementsByName(std::string_view name) const {
   if (elements_ && !contains(name, ":")) {
     return elements_->named(name, *document_);
   }
-  std::vector<xmlNode*> found;
-  for (xmlNode* element = root(); element != nullptr; element = nextElement(element)) {
-    if (hasName(*element, name)) {
-      found.push_back(element);
-    }
-  }
-  return found;
+  return elementsNamed(root(), name);
 }
 
 XPathResultHandle XmlTree::evaluate(std::string_view query, xmlNode& start) {
@@ -273,7 +272,7 @@ XPathResultHandle XmlTree::evaluate(std::string_view query, xmlNode& start) {
   }
   const XmlMessages silence;
   if (queries_ == nullptr) {
-    queries_.reset(made(xmlXPathNewContext(document_.get())));
+    queries_.reset(made(xmlXPathNewContext(document_)));
   }
   queries_->node = &start;
   xmlResetLastError();
@@ -285,6 +284,16 @@ XPathResultHandle XmlTree::evaluate(std::string_view query, xmlNode& start) {
     throw RunTimeError(kInvalidQueryError, kNoNodesAskedFor);
   }
   return result;
+}
+
+std::vector<xmlNode*> elementsNamed(xmlNode* root, std::string_view name) {
+  std::vector<xmlNode*> found;
+  for (xmlNode* element = root; element != nullptr; element = nextElement(element)) {
+    if (hasName(*element, name)) {
+      found.push_back(element);
+    }
+  }
+  return found;
 }
 
 xmlAttr* findAttribute(const xmlNode& element, std::string_view name) {

@@ -19,6 +19,8 @@ class XmlTree {
   /// A tree without a root.
   XmlTree();
   explicit XmlTree(XmlDocHandle document);
+  /// A tree over nodes that somebody else owns, and their document.
+  explicit XmlTree(xmlDoc& document);
   /// A document as it was read, with all of its elements.
   XmlTree(XmlDocHandle document, ElementIndex elements);
   ~XmlTree();
@@ -63,7 +65,9 @@ class XmlTree {
   [[nodiscard]] std::vector<xmlNode*> selectByXPath(std::string_view query, xmlNode& start);
   [[nodiscard]] XPathResultHandle evaluate(std::string_view query, xmlNode& start);
 
-  XmlDocHandle document_;
+  /// None for a tree over what somebody else owns.
+  XmlDocHandle owned_;
+  xmlDoc* document_;
   /// Nothing for a tree that was changed since it was read.
   std::optional<ElementIndex> elements_;
   /// Every node that ever stood nowhere, some more than once.
@@ -71,6 +75,10 @@ class XmlTree {
   /// Made by the first query.
   XPathContextHandle queries_;
 };
+
+/// Those of `root`, which may be null, and of the elements in it that have that name, which may
+/// have a prefix, in document order.
+std::vector<xmlNode*> elementsNamed(xmlNode* root, std::string_view name);
 
 /// The first attribute of that name, which may have a prefix; null without one.
 xmlAttr* findAttribute(const xmlNode& element, std::string_view name);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -160,6 +162,41 @@ TEST(Utf16, ReadsSurrogatesWithoutTheirOtherHalfAsReplacementCharacters) {
   EXPECT_EQ(fromUtf16("\x3D\xD8\x3D\xD8\x00\xDE"s), "\uFFFD😀");
   EXPECT_EQ(fromUtf16("a\0\x3D\xD8"s), "a\uFFFD");
   EXPECT_EQ(fromUtf16(std::string_view("\x3D\xD8\x00\xDE", 2)), "\uFFFD");
+}
+
+TEST(Utf16, IsReadAlikeInBlocksAndCharacterByCharacter) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 3000; ++round) {
+    std::string bytes;
+    for (auto left = random() % 90; left > 0; --left) {
+      const auto kind = random() % 40;
+      bytes += static_cast<char>(random() % 0x80);
+      bytes += static_cast<char>(kind == 0 ? 0xD8 + random() % 8 : kind == 1 ? random() % 256 : 0);
+    }
+    bytes.resize(bytes.size() - std::min<std::size_t>(bytes.size(), random() % 8 == 0 ? 1 : 0));
+    std::string expected;
+    for (std::size_t at = 0; at < bytes.size();) {
+      const bool isPair =
+          at + 3 < bytes.size() && (bytes[at + 1] & 0xFC) == 0xD8 && (bytes[at + 3] & 0xFC) == 0xDC;
+      const std::size_t length = std::min<std::size_t>(isPair ? 4 : 2, bytes.size() - at);
+      expected += fromUtf16(bytes.substr(at, length));
+      at += length;
+    }
+    ASSERT_EQ(fromUtf16(bytes), expected);
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+      std::swap(bytes[at], bytes[at + 1]);
+    }
+    ASSERT_EQ(fromUtf16(bytes, ByteOrder::kBigEndian), expected);
+  }
+}
+
+TEST(Utf16, IsTakenUpToWhereItIsNotWholeOrNotValid) {
+  std::string utf8;
+  EXPECT_EQ(appendUtf16Prefix(utf8, "a\0\x3D\xD8\x00\xDE\x3D\xD8"s, ByteOrder::kLittleEndian), 6U);
+  EXPECT_EQ(utf8, "a😀");
+  EXPECT_EQ(appendUtf16Prefix(utf8, "\x00\xDE"s, ByteOrder::kLittleEndian), 0U);
+  EXPECT_EQ(appendUtf16Prefix(utf8, "b\0c"s, ByteOrder::kLittleEndian), 2U);
+  EXPECT_EQ(utf8, "a😀b");
 }
 
 TEST(Utf16, ReadsALastOddByteAsAReplacementCharacter) {

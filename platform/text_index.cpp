@@ -1,0 +1,84 @@
+#include "platform/text_index.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "platform/runtime_error.h"
+
+namespace quorbind {
+
+namespace {
+
+constexpr std::size_t kFirstSize = 64;
+
+std::uint32_t hashOf(std::string_view text) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+}
+
+}  // namespace
+
+std::string_view TextIndex::at(std::size_t number) const {
+  const std::size_t begin = number == 0 ? 0 : ends_[number - 1];
+  return std::string_view(texts_).substr(begin, ends_[number] - begin);
+}
+
+std::optional<std::size_t> TextIndex::find(std::string_view text) const {
+  if (empty()) {
+    return std::nullopt;
+  }
+  const Slot& slot = slots_[slotFor(text, hashOf(text))];
+  return slot.number == Slot::kFree ? std::nullopt : std::optional<std::size_t>(slot.number);
+}
+
+std::pair<std::size_t, bool> TextIndex::add(std::string_view text) {
+  const std::size_t count = size();
+  if (2 * count >= slots_.size()) {
+    grow();
+  }
+  const std::uint32_t hash = hashOf(text);
+  Slot& slot = slots_[slotFor(text, hash)];
+  if (slot.number != Slot::kFree) {
+    return {slot.number, false};
+  }
+  if (count >= Slot::kFree) {
+    raise(ErrorNumber::kOutOfMemory);
+  }
+  texts_.append(text);
+  ends_.push_back(texts_.size());
+  slot = {static_cast<std::uint32_t>(count), hash};
+  return {count, true};
+}
+
+void TextIndex::clear() {
+  texts_.clear();
+  ends_.clear();
+  slots_.clear();
+}
+
+/// Where the text stands, or else where it would.
+std::size_t TextIndex::slotFor(std::string_view text, std::uint32_t hash) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = hash & mask;
+  while (slots_[at].number != Slot::kFree &&
+         (slots_[at].hash != hash || this->at(slots_[at].number) != text)) {
+    at = (at + 1) & mask;
+  }
+  return at;
+}
+
+void TextIndex::grow() {
+  std::vector<Slot> larger(std::max(kFirstSize, 2 * slots_.size()));
+  const std::size_t mask = larger.size() - 1;
+  for (const Slot& slot : slots_) {
+    if (slot.number != Slot::kFree) {
+      std::size_t at = slot.hash & mask;
+      while (larger[at].number != Slot::kFree) {
+        at = (at + 1) & mask;
+      }
+      larger[at] = slot;
+    }
+  }
+  slots_.swap(larger);
+}
+
+}  // namespace quorbind
