@@ -18,7 +18,7 @@ std::optional<std::string> BookDocumentNames::take(std::string_view element,
   // The book of a workbook states its main file with the book's folder in front.
   text.remove_prefix(isMainFile && text.starts_with(folder_) ? folder_.size() : 0);
   std::string name(text.substr(0, text.find('#')));
-  const bool isNew = !name.empty() && taken_.insert(documentKey(name, locale_)).second;
+  const bool isNew = !name.empty() && taken_.add(documentKey(name, locale_)).second;
   return isNew ? std::optional(std::move(name)) : std::nullopt;
 }
 

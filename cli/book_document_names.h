@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 #include "platform/locale.h"
+#include "platform/text_index.h"
 
 namespace quorbind {
 
@@ -24,7 +24,7 @@ class BookDocumentNames {
   const Locale& locale_;
   /// The name of the book's folder and a `\`.
   const std::string folder_;
-  std::unordered_set<std::string> taken_;
+  TextIndex taken_;
 };
 
 }  // namespace quorbind

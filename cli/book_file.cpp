@@ -11,6 +11,7 @@
 #include "cli/paths.h"
 #include "cli/required_document.h"
 #include "platform/file_system.h"
+#include "platform/folder_listings.h"
 #include "platform/paths.h"
 #include "platform/xml_document.h"
 
@@ -154,12 +155,16 @@ bool haveSameHeadings(const Platform& platform, const std::string& left, const s
 }
 
 BookDocuments findDocuments(const Platform& platform, const std::string& path) {
-  const std::string folder = std::string(folderOf(path)) + "\\";
+  const std::string folder = platform.files.absolutePath(folderOf(path)) + "\\";
   BookDocuments documents;
+  FolderListings listings(platform.files, platform.locale);
   const std::function<void(const std::string&)> look = [&](const std::string& name) {
     const auto below = nameBelow(name);
-    const bool present = below && platform.files.fileExists(folder + *below);
-    (present ? documents.present : documents.missing).push_back(name);
+    if (below && listings.hasFile(folder + *below)) {
+      documents.present.push_back(name);
+    } else {
+      documents.missing.add(name);
+    }
   };
   BookDocumentNames names(path, platform.locale);
   DocumentScan scan(look, names);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/text_store.h"
 #include "platform/xml_document.h"
 
 namespace quorbind {
@@ -42,7 +43,7 @@ bool haveSameHeadings(const Platform& platform, const std::string& left, const s
 /// The documents that a book names, its main file included, each once and in its order.
 struct BookDocuments {
   std::vector<std::string> present;
-  std::vector<std::string> missing;
+  TextStore missing;
 };
 
 /// Looks for the documents of the book file at `path` beside it. Fails as readHeadings does.

@@ -1,7 +1,6 @@
 #include "cli/check_command.h"
 
 #include <string>
-#include <unordered_map>
 #include <utility>
 
 #include "cli/book_file_survey.h"
@@ -13,6 +12,7 @@
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
 #include "cli/workbook_survey.h"
+#include "platform/folder_listings.h"
 #include "platform/paths.h"
 #include "toc/toc_check.h"
 #include "workflow/inputs/input_check.h"
@@ -22,17 +22,19 @@ namespace quorbind {
 namespace {
 
 /// Looks for documents where the author keeps them: beside the table of contents, in the folder
-/// that the entry names. Each name is looked up once.
+/// that the entry names.
 class DocumentSearch {
  public:
-  DocumentSearch(FileSystem& files, std::string_view tocPath, CheckReport& report)
-      : files_(files), folder_(folderPartOf(tocPath)), report_(report) {}
+  DocumentSearch(const Platform& platform, std::string_view tocPath, CheckReport& report)
+      : listings_(platform.files, platform.locale),
+        folder_(folderPartOf(platform.files.absolutePath(tocPath))),
+        report_(report) {}
 
   /// Reports a document, which may have a bookmark, unless it is there or nothing is named.
   void note(std::size_t line, std::string_view document) {
     const std::string_view name = document.substr(0, document.find('#'));
     if (!name.empty() && !finds(name)) {
-      report_.missing.push_back({line, std::string(document)});
+      report_.missing.add({.line = line}, document);
     }
   }
   /// The same for a row of a workbook, which may name a document without its book's folder.
@@ -41,24 +43,19 @@ class DocumentSearch {
     const bool isThere = name.empty() || finds(name) ||
                          (!folder.empty() && finds(std::string(folder).append("\\").append(name)));
     if (!isThere) {
-      report_.missing.push_back({.file = std::string(document), .cell = cell});
+      report_.missing.add({.cell = cell}, document);
     }
   }
 
  private:
   bool finds(std::string_view document) {
-    const auto [known, isNew] = known_.try_emplace(std::string(document), false);
-    if (isNew) {
-      const auto name = nameBelow(document);
-      known->second = name && files_.fileExists(folder_ + *name);
-    }
-    return known->second;
+    const auto name = nameBelow(document);
+    return name && listings_.hasFile(folder_ + *name);
   }
 
-  FileSystem& files_;
+  FolderListings listings_;
   std::string folder_;
   CheckReport& report_;
-  std::unordered_map<std::string, bool> known_;
 };
 
 void reportRefusal(CheckReport& report, const TocRefusal& refusal, Wiring& wiring) {
@@ -79,7 +76,7 @@ ExitStatus judge(CheckReport& report, const TocSurvey& survey, const TocFile& to
 // Each holds a table of contents against the rules and looks for its documents in one walk.
 
 ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
-  DocumentSearch search(wiring.files, toc.path, report);
+  DocumentSearch search(wiring.module.platform, toc.path, report);
   const auto note = [&search](const TextTocLine& line, const TextTocEntry& entry) {
     search.note(line.number, entry.file);
   };
@@ -87,7 +84,7 @@ ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
 }
 
 ExitStatus checkPage(CheckReport& report, const TocFile& toc, Wiring& wiring) {
-  DocumentSearch search(wiring.files, toc.path, report);
+  DocumentSearch search(wiring.module.platform, toc.path, report);
   const auto note = [&search](std::size_t line, std::string_view document) {
     search.note(line, document);
   };
@@ -105,7 +102,7 @@ ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring
     reportRefusal(report, *survey.refusal, wiring);
     return survey.status;
   }
-  DocumentSearch search(wiring.files, toc.path, report);
+  DocumentSearch search(wiring.module.platform, toc.path, report);
   for (const NamedDocument& document : survey.documents) {
     search.note(document.line, document.name);
   }
@@ -114,7 +111,7 @@ ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring
 }
 
 ExitStatus checkWorkbook(CheckReport& report, const TocFile& toc, Wiring& wiring) {
-  DocumentSearch search(wiring.files, toc.path, report);
+  DocumentSearch search(wiring.module.platform, toc.path, report);
   const auto note = [&search](const CellPlace& cell,
                               std::string_view folder,
                               std::string_view document) { search.note(cell, folder, document); };

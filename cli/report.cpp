@@ -96,8 +96,8 @@ void printAddedBook(const AddedBook& added, const std::string& library) {
                            placeOf(added.book) + ": " +
                            counted(added.files.size(), "file", "files") + ".";
   std::cout << visibleText(what) << '\n';
-  for (const std::string& document : added.missing) {
-    std::cout << "missing: " << visibleText(document) << '\n';
+  for (std::size_t number = 0; number < added.missing.size(); ++number) {
+    std::cout << "missing: " << visibleText(added.missing.at(number)) << '\n';
   }
 }
 
@@ -106,7 +106,7 @@ Json toJson(const AddedBook& added) {
           {"name", readableName(added.book.name)},
           {"folder", added.book.folder},
           {"files", added.files},
-          {"missing", added.missing}};
+          {"missing", added.missing.texts()}};
 }
 
 void addBooks(Json& object, const AdditionReport& report) {
@@ -121,14 +121,16 @@ void addBooks(Json& object, const AdditionReport& report) {
   const AddedBook book = report.books.empty() ? AddedBook{} : report.books.front();
   object["folder"] = report.folder;
   object["files"] = book.files;
-  object["missing"] = book.missing;
+  object["missing"] = book.missing.texts();
 }
 
 void printCheckAsText(const CheckReport& report) {
-  for (const MissingDocument& document : report.missing) {
-    const std::string place = document.cell.sheet > 0 ? placeIn(report.toc, document.cell) + ": "
-                                                      : placeIn(report.toc, document.line);
-    std::cout << visibleText(place + "missing: " + document.file) << '\n';
+  for (std::size_t number = 0; number < report.missing.size(); ++number) {
+    const auto& [line, cell] = report.missing.placeOf(number);
+    const std::string place =
+        cell.sheet > 0 ? placeIn(report.toc, cell) + ": " : placeIn(report.toc, line);
+    std::cout << visibleText(place + "missing: ") << visibleText(report.missing.fileOf(number))
+              << '\n';
   }
   if (report.status == ExitStatus::kDone) {
     std::cout << visibleText(report.toc) << ": accepted, "
@@ -139,11 +141,12 @@ void printCheckAsText(const CheckReport& report) {
 
 void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>& messages) {
   Json missing = Json::array();
-  for (const MissingDocument& document : report.missing) {
+  for (std::size_t number = 0; number < report.missing.size(); ++number) {
+    const auto& [line, cell] = report.missing.placeOf(number);
     Json entry = Json::object();
-    addNumber(entry, "line", document.line);
-    addPlace(entry, document.cell);
-    entry["file"] = document.file;
+    addNumber(entry, "line", line);
+    addPlace(entry, cell);
+    entry["file"] = report.missing.fileOf(number);
     missing.push_back(std::move(entry));
   }
   Json object = {{"status", static_cast<int>(report.status)},

@@ -16,6 +16,7 @@
 #include "cli/line_place.h"
 #include "cli/workbook_survey.h"
 #include "platform/portable/terminal_user_interface.h"
+#include "platform/text_store.h"
 
 namespace quorbind {
 
@@ -24,7 +25,7 @@ struct AddedBook {
   ListedBook book;
   /// What stands in the book's folder of the files that belong to the book, and what does not.
   std::vector<std::string> files;
-  std::vector<std::string> missing;
+  TextStore missing;
 };
 
 /// How an addition ended.
@@ -48,13 +49,29 @@ struct AdditionReport {
   std::vector<WorkbookViolation> violations;
 };
 
-/// A document that a table of contents names and that is not there.
-struct MissingDocument {
+/// Where a table of contents names a document that is not there.
+struct MissingPlace {
   /// 0 where it can't be told.
   std::size_t line = 0;
-  std::string file;
-  /// Where it is named in a workbook.
+  /// In a workbook.
   CellPlace cell = {};
+};
+
+/// The documents that are not there, in the order in which they are named.
+class MissingDocuments {
+ public:
+  [[nodiscard]] std::size_t size() const { return places_.size(); }
+  [[nodiscard]] const MissingPlace& placeOf(std::size_t number) const { return places_[number]; }
+  [[nodiscard]] std::string_view fileOf(std::size_t number) const { return files_.at(number); }
+
+  void add(const MissingPlace& place, std::string_view file) {
+    files_.add(file);
+    places_.push_back(place);
+  }
+
+ private:
+  std::vector<MissingPlace> places_;
+  TextStore files_;
 };
 
 /// How a check ended.
@@ -65,7 +82,7 @@ struct CheckReport {
   LinePlace place = {};
   std::optional<std::string> lineText;
   std::size_t entries = 0;
-  std::vector<MissingDocument> missing;
+  MissingDocuments missing;
   /// How many books a workbook has; nothing for another kind.
   std::optional<std::size_t> books;
   /// The rules that a workbook breaks.

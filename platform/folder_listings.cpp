@@ -25,10 +25,6 @@ bool isThere(const RunTimeError& error) {
 
 }  // namespace
 
-bool NameSet::add(std::string_view name) {
-  return names_.add(locale_.upperCase(name)).second;
-}
-
 bool FolderListings::hasFile(const std::string& path) {
   const std::string folderName(folderPartOf(path));
   const std::string_view name = fileNameOf(path);

@@ -14,17 +14,20 @@ namespace quorbind {
 class FileSystem;
 class Locale;
 
-/// File names, without regard to letter case like the file system's.
+/// File names, each once, without regard to letter case like the file system's.
 class NameSet {
  public:
   /// Kept by reference.
-  explicit NameSet(const Locale& locale) : locale_(locale) {}
+  explicit NameSet(const Locale& locale) : names_(locale) {}
 
   /// Whether the name is new.
-  bool add(std::string_view name);
+  bool add(std::string_view name) { return names_.add(name).second; }
+
+  [[nodiscard]] std::size_t size() const { return names_.size(); }
+  /// In the order and in the spelling in which they came first.
+  [[nodiscard]] std::string_view at(std::size_t number) const { return names_.at(number); }
 
  private:
-  const Locale& locale_;
   TextIndex names_;
 };
 

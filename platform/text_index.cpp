@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "platform/locale.h"
 #include "platform/runtime_error.h"
 
 namespace quorbind {
@@ -11,15 +12,15 @@ namespace {
 
 constexpr std::size_t kFirstSize = 64;
 
-std::uint32_t hashOf(std::string_view text) {
-  return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
-}
-
 }  // namespace
 
-std::string_view TextIndex::at(std::size_t number) const {
-  const std::size_t begin = number == 0 ? 0 : ends_[number - 1];
-  return std::string_view(texts_).substr(begin, ends_[number] - begin);
+std::uint32_t TextIndex::hashOf(std::string_view text) const {
+  const std::hash<std::string_view> hash;
+  return static_cast<std::uint32_t>(anyCase_ ? hash(anyCase_->upperCase(text)) : hash(text));
+}
+
+bool TextIndex::areOne(std::string_view left, std::string_view right) const {
+  return left == right || (anyCase_ && anyCase_->upperCase(left) == anyCase_->upperCase(right));
 }
 
 std::optional<std::size_t> TextIndex::find(std::string_view text) const {
@@ -43,15 +44,13 @@ std::pair<std::size_t, bool> TextIndex::add(std::string_view text) {
   if (count >= Slot::kFree) {
     raise(ErrorNumber::kOutOfMemory);
   }
-  texts_.append(text);
-  ends_.push_back(texts_.size());
+  texts_.add(text);
   slot = {static_cast<std::uint32_t>(count), hash};
   return {count, true};
 }
 
 void TextIndex::clear() {
   texts_.clear();
-  ends_.clear();
   slots_.clear();
 }
 
@@ -60,7 +59,7 @@ std::size_t TextIndex::slotFor(std::string_view text, std::uint32_t hash) const 
   const std::size_t mask = slots_.size() - 1;
   std::size_t at = hash & mask;
   while (slots_[at].number != Slot::kFree &&
-         (slots_[at].hash != hash || this->at(slots_[at].number) != text)) {
+         (slots_[at].hash != hash || !areOne(this->at(slots_[at].number), text))) {
     at = (at + 1) & mask;
   }
   return at;

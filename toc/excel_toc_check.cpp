@@ -154,7 +154,7 @@ bool ExcelTocCheck::mbcheckXLForFileName(Worksheet& sheet,
         check_.mstrBookFile_ = file;
       }
       if (!trimBlanks(file).empty() && !check_.documentExists(folder, file)) {
-        check_.marrsMissingFiles_.push_back(file);
+        check_.marrsMissingFiles_.add(file);
       }
     });
     return true;

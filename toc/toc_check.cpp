@@ -113,7 +113,7 @@ bool TocCheck::mbCheckFilePath(std::string_view /*line*/,
       mstrCurBookMark_.append(1, kBookmarkSign).append(parts.at(1));
     }
     if (!documentExists(folder, mstrCurFile_)) {
-      marrsMissingFiles_.emplace_back(fileName);
+      marrsMissingFiles_.add(fileName);
     }
   });
   return true;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/text.h"
+#include "platform/text_store.h"
 #include "platform/xml_document.h"
 #include "toc/book_place.h"
 #include "toc/excel_toc_check.h"
@@ -92,8 +93,8 @@ class TocCheck {
   [[nodiscard]] const std::string& mstrCurFile() const { return mstrCurFile_; }
   [[nodiscard]] const std::string& mstrCurBookMark() const { return mstrCurBookMark_; }
   /// The documents that were not there, as the tables of contents name them.
-  [[nodiscard]] const std::vector<std::string>& marrsMissingFiles() const {
-    return marrsMissingFiles_;
+  [[nodiscard]] std::vector<std::string> marrsMissingFiles() const {
+    return marrsMissingFiles_.texts();
   }
 
   // What the table of contents of the current run said of its book.
@@ -130,7 +131,7 @@ class TocCheck {
   std::int16_t mintPrevLevel_ = 0;
   std::string mstrCurFile_;
   std::string mstrCurBookMark_;
-  std::vector<std::string> marrsMissingFiles_;
+  TextStore marrsMissingFiles_;
   std::string mstrBookFile_;
   std::string mstrBookFolder_;
   /// Of the check that is running; null without one.

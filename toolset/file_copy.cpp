@@ -40,9 +40,9 @@ bool isPage(std::string_view name) {
 /// document has none.
 class DocumentNames final : public XmlScanHandler {
  public:
-  explicit DocumentNames(const Locale& locale) : known_(locale) {}
+  explicit DocumentNames(const Locale& locale) : names_(locale) {}
 
-  [[nodiscard]] const std::vector<std::string>& names() const { return names_; }
+  [[nodiscard]] NameSet take() { return std::move(names_); }
 
   void startElement(std::string_view name, const XmlScanAttributes& /*attributes*/) override {
     if (!isBook_) {
@@ -65,9 +65,8 @@ class DocumentNames final : public XmlScanHandler {
 
  private:
   void add(std::string_view text) {
-    auto name = nameBelow(text);
-    if (name && known_.add(*name)) {
-      names_.push_back(*std::move(name));
+    if (const auto name = nameBelow(text)) {
+      names_.add(*name);
     }
   }
 
@@ -75,8 +74,7 @@ class DocumentNames final : public XmlScanHandler {
   std::optional<bool> isBook_;
   bool isInName_ = false;
   std::string text_;
-  NameSet known_;
-  std::vector<std::string> names_;
+  NameSet names_;
 };
 
 /// Bytes that somebody else reads, who does not tell what a read raised.
@@ -315,15 +313,16 @@ void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
     if (hasTableAbove) {
       folders.emplace_back(folderPartOf(folderOf(folder)));
     }
-    for (const std::string& name : documentsOf(source)) {
-      documents.copy(name, folders);
+    const NameSet names = documentsOf(source);
+    for (std::size_t number = 0; number < names.size(); ++number) {
+      documents.copy(std::string(names.at(number)), folders);
     }
   }
   documents.copyLinkedFiles();
 }
 
 /// None where the file is no XML. Raises what reading it raises.
-std::vector<std::string> ReferenceFileCopy::documentsOf(const std::string& source) const {
+NameSet ReferenceFileCopy::documentsOf(const std::string& source) const {
   DocumentNames named(locale_);
   std::optional<RunTimeError> unreadable;
   const XmlLoadResult scanned =
@@ -331,7 +330,7 @@ std::vector<std::string> ReferenceFileCopy::documentsOf(const std::string& sourc
   if (unreadable) {
     throw RunTimeError(*unreadable);
   }
-  return scanned ? named.names() : std::vector<std::string>();
+  return scanned ? named.take() : NameSet(locale_);
 }
 
 }  // namespace quorbind

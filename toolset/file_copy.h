@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/folder_listings.h"
 #include "platform/toolset.h"
@@ -61,7 +60,7 @@ class ReferenceFileCopy final : public FileCopy {
   [[nodiscard]] bool wasMovedIntoBookFolder(std::string_view source,
                                             std::string_view destination) const;
   void copyWhatBelongsTo(const std::string& source, const std::string& target, bool hasTableAbove);
-  [[nodiscard]] std::vector<std::string> documentsOf(const std::string& source) const;
+  [[nodiscard]] NameSet documentsOf(const std::string& source) const;
 
   FileSystem& files_;
   XmlLibrary& xml_;

@@ -1,4 +1,5 @@
-// What an addition asks the disk for grows with its documents, and not with their square.
+// What an addition asks the disk for grows with its documents, and not with their square; and what
+// is not there is not asked for one by one.
 
 #include <gmock/gmock.h>
 
@@ -20,10 +21,16 @@ class ManyDocuments : public LibraryTest {
   }
 
   void writeBookOf(int documents) const {
+    writeTableOf(documents);
+    for (int i = 0; i < documents; ++i) {
+      disk.write("Many/" + std::to_string(i) + ".htm", "<p>text</p>");
+    }
+  }
+
+  void writeTableOf(int documents) const {
     std::string toc = "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"\n\n";
     for (int i = 0; i < documents; ++i) {
       const std::string name = std::to_string(i) + ".htm";
-      disk.write("Many/" + name, "<p>text</p>");
       toc.append(i == 0 ? "\"1\"" : "\"2\"")
           .append(" \"Heading\" \"Many\\")
           .append(name)
@@ -32,18 +39,27 @@ class ManyDocuments : public LibraryTest {
     disk.write("toc.txt", toc);
   }
 
+  [[nodiscard]] std::vector<SystemCall> callsOfAnAdditionOf(int documents,
+                                                            const std::string& filter) const {
+    const std::string number = std::to_string(documents);
+    return callsOfCommand(plantWords({"add", "toc.txt", "--name", number, "--acro", number}),
+                          filter);
+  }
+
+  [[nodiscard]] std::vector<SystemCall> callsOfCommand(const Words& words,
+                                                       const std::string& filter) const {
+    const TemporaryFolder trace;
+    return callsOf({.words = joined({quorbindExecutable()}, words),
+                    .folder = disk.path().string(),
+                    .environment = environment},
+                   (trace.path() / "trace").string(),
+                   {"-e", filter});
+  }
+
   /// How often an addition lists a folder, whichever.
   [[nodiscard]] std::size_t listingsOfAnAdditionOf(int documents) const {
     writeBookOf(documents);
-    const TemporaryFolder trace;
-    const std::string number = std::to_string(documents);
-    const std::vector<SystemCall> calls = callsOf(
-        {.words = joined({quorbindExecutable()},
-                         plantWords({"add", "toc.txt", "--name", number, "--acro", number})),
-         .folder = disk.path().string(),
-         .environment = environment},
-        (trace.path() / "trace").string(),
-        {"-e", "trace=openat"});
+    const std::vector<SystemCall> calls = callsOfAnAdditionOf(documents, "trace=openat");
     EXPECT_TRUE(disk.has("server/Docs/Plant/Many/" + std::to_string(documents - 1) + ".htm"));
     return static_cast<std::size_t>(
         std::count_if(calls.begin(), calls.end(), [](const SystemCall& call) {
@@ -56,6 +72,24 @@ TEST_F(ManyDocuments, TakeNoMoreListingsOfFoldersThanAFew) {
   const std::size_t few = listingsOfAnAdditionOf(50);
   ASSERT_GT(few, 0U);
   EXPECT_LE(listingsOfAnAdditionOf(500), few + 5);
+}
+
+constexpr const char* kNames = "trace=openat,newfstatat,stat,lstat,faccessat,access";
+
+TEST_F(ManyDocuments, ThatAreNotThereAreNotAskedForOneByOneInACheck) {
+  writeTableOf(100);
+  const std::size_t few = callsOfCommand({"check", "toc.txt"}, kNames).size();
+  ASSERT_GT(few, 0U);
+  writeTableOf(1'000);
+  EXPECT_LE(callsOfCommand({"check", "toc.txt"}, kNames).size(), few + 5);
+}
+
+TEST_F(ManyDocuments, ThatAreNotThereAreNotAskedForOneByOneInAnAddition) {
+  writeTableOf(100);
+  const std::size_t few = callsOfAnAdditionOf(100, kNames).size();
+  ASSERT_GT(few, 0U);
+  writeTableOf(1'000);
+  EXPECT_LE(callsOfAnAdditionOf(1'000, kNames).size(), few + 20);
 }
 
 }  // namespace

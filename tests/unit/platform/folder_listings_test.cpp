@@ -111,5 +111,17 @@ TEST_F(FolderListingsTest, AsksForEveryNameThatAFileMayHaveBesideTheListedOne) {
   EXPECT_EQ(files_.asked, 3);
 }
 
+TEST(NameSet, TakesNamesInDifferentLetterCaseForOneAndKeepsTheFirstSpelling) {
+  const TemporaryFolder disk;
+  const auto adapters = makeAdapters(disk.path());
+  NameSet names(adapters->locale());
+  EXPECT_TRUE(names.add("Ma\xC3\x9F\\\xC3\x84nderung.htm"));
+  EXPECT_TRUE(names.add("b"));
+  EXPECT_FALSE(names.add("mA\xC3\x9F\\\xC3\xA4NDERUNG.HTM"));
+  EXPECT_FALSE(names.add("B"));
+  ASSERT_EQ(names.size(), 2U);
+  EXPECT_EQ(names.at(0), "Ma\xC3\x9F\\\xC3\x84nderung.htm");
+}
+
 }  // namespace
 }  // namespace quorbind::testing
