@@ -7,6 +7,7 @@
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
+#include "platform/folder_listings.h"
 #include "platform/folders.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
@@ -42,6 +43,7 @@ class BookFileCopy {
         tocPath_(way.tocPath),
         sourceFolder_(folderPartOf(way.tocPath)),
         destination_(way.destination),
+        listings_(platform.files, platform.locale),
         isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))) {}
 
   void copyFileAs(std::string_view name) {
@@ -66,12 +68,16 @@ class BookFileCopy {
  private:
   void copyDocument(FileCopy& copy, const std::string& document) {
     const auto name = nameBelow(std::string_view(document).substr(0, document.find('#')));
-    if (!name || isLibrarysOwn(*name) || files_.fileExists(placeOf(*name))) {
+    if (!name || isLibrarysOwn(*name)) {
       return;
     }
     const std::string source = sourceFolder_ + *name;
+    const bool isThere = listings_.hasFile(files_.absolutePath(source));
+    if (hasArrived(*name, isThere)) {
+      return;
+    }
     const std::string folder(folderOf(placeOf(*name)));
-    if (isBookFile(source)) {
+    if (isThere && isBookFile(source)) {
       makeFolders(files_, folder);
       files_.copyFile(source, placeOf(*name));
     } else {
@@ -79,10 +85,15 @@ class BookFileCopy {
     }
   }
 
+  /// What was not listed has come since, if it has, from where it stands now.
+  [[nodiscard]] bool hasArrived(const std::string& name, bool isThere) {
+    const std::string place = placeOf(name);
+    return listings_.hasFile(files_.absolutePath(place)) || (isThere && files_.fileExists(place));
+  }
+
   [[nodiscard]] bool isBookFile(const std::string& path) const {
     RootName root;
-    return files_.fileExists(path) && platform_.xml.scan(path, root) &&
-           root.name() == book_names::kMaster;
+    return platform_.xml.scan(path, root) && root.name() == book_names::kMaster;
   }
 
   /// Below the library's folder its files have no place.
@@ -104,6 +115,7 @@ class BookFileCopy {
   const std::string& tocPath_;
   std::string sourceFolder_;
   const std::string& destination_;
+  FolderListings listings_;
   bool isLibraryFolder_;
 };
 
