@@ -12,16 +12,18 @@ constexpr std::size_t kFewestSlots = 16;
 
 constexpr int kPrimeBits = 61;
 constexpr std::uint64_t kPrime = (std::uint64_t{1} << kPrimeBits) - 1;
-/// Any number will do; one of less than half the bits is multiplied with sooner.
-constexpr std::uint64_t kBase = 0x5C93D7E5U;
+/// Any number will do; one whose square has less than half the bits is multiplied with sooner, and
+/// so is its square.
+constexpr std::uint64_t kBase = 0x5C93U;
 
 std::uint64_t reduced(std::uint64_t value) {
   value = (value & kPrime) + (value >> kPrimeBits);
   return value >= kPrime ? value - kPrime : value;
 }
 
-/// The product modulo the prime, put together from halves of 31 and 30 bits, as there are no 128.
-std::uint64_t product(std::uint64_t left, std::uint64_t right) {
+/// A number below 2^63 that is the product modulo the prime, put together from halves of 31 and 30
+/// bits, as there are no 128.
+std::uint64_t unreducedProduct(std::uint64_t left, std::uint64_t right) {
   constexpr int kHalf = 31;
   constexpr std::uint64_t kLowHalf = (std::uint64_t{1} << kHalf) - 1;
   constexpr int kQuarter = kPrimeBits - kHalf;
@@ -32,12 +34,25 @@ std::uint64_t product(std::uint64_t left, std::uint64_t right) {
   const std::uint64_t rightLow = right & kLowHalf;
   const std::uint64_t middle = leftLow * rightHigh + leftHigh * rightLow;
   // Modulo the prime 2^61 is 1, and 2^62 is 2.
-  return reduced(2 * leftHigh * rightHigh + (middle >> kQuarter) +
-                 ((middle & kLowQuarter) << kHalf) + leftLow * rightLow);
+  return 2 * leftHigh * rightHigh + (middle >> kQuarter) + ((middle & kLowQuarter) << kHalf) +
+         leftLow * rightLow;
 }
 
-std::uint64_t extended(std::uint64_t hash, char character) {
-  return reduced(product(hash, kBase) + static_cast<unsigned char>(character) + 1);
+std::uint64_t product(std::uint64_t left, std::uint64_t right) {
+  return reduced(unreducedProduct(left, right));
+}
+
+std::uint64_t valueOf(char character) {
+  return static_cast<std::uint64_t>(static_cast<unsigned char>(character)) + 1;
+}
+
+/// Takes two characters in a step, since each step waits for the one before.
+std::uint64_t extended(std::uint64_t hash, std::string_view text) {
+  for (; text.size() > 1; text.remove_prefix(2)) {
+    hash = reduced(unreducedProduct(hash, kBase * kBase) + valueOf(text[0]) * kBase +
+                   valueOf(text[1]));
+  }
+  return text.empty() ? hash : reduced(unreducedProduct(hash, kBase) + valueOf(text.front()));
 }
 
 std::uint64_t powerOfBase(std::size_t exponent) {
@@ -57,9 +72,7 @@ void BlockRemoval::append(std::string_view characters) {
     // Nothing that a hash will be asked for.
     return;
   }
-  for (const char character : characters) {
-    hash_ = extended(hash_, character);
-  }
+  hash_ = extended(hash_, characters);
 }
 
 void BlockRemoval::beginMark(std::size_t origin, bool isEnd) {

@@ -67,6 +67,15 @@ bool hasMarkAt(std::string_view text, std::size_t position, std::string_view mar
   return equalIgnoringAsciiCase(text.substr(position, mark.size()), mark);
 }
 
+/// The position of the first bracket from `position` on, or the end of `text`. The library's search
+/// for one of several characters asks for each anew.
+std::size_t bracketFrom(std::string_view text, std::size_t position) {
+  const auto isBracket = [](char c) { return c == kTagStart || c == kTagEnd; };
+  const std::string_view rest = text.substr(position);
+  return position +
+         static_cast<std::size_t>(std::find_if(rest.begin(), rest.end(), isBracket) - rest.begin());
+}
+
 /// From `position` to the next end of a tag, that included.
 std::string_view tagAt(std::string_view text, std::size_t position) {
   const std::size_t end = text.find(kTagEnd, position);
@@ -107,8 +116,7 @@ class HeadingWalk {
   /// Reads on to the end of the next end mark that stays, or to the end of the page.
   void readOn() {
     while (at_ < page_.size()) {
-      const std::string_view sought = rest_.isAtEndMark() ? "<>" : "<";
-      copy(std::min(page_.find_first_of(sought, at_), page_.size()) - at_);
+      copy(nextBracket() - at_);
       if (at_ == page_.size()) {
         return;
       }
@@ -116,6 +124,12 @@ class HeadingWalk {
         return;
       }
     }
+  }
+
+  /// The end of a tag is one behind an end mark only.
+  [[nodiscard]] std::size_t nextBracket() const {
+    return rest_.isAtEndMark() ? bracketFrom(page_, at_)
+                               : std::min(page_.find(kTagStart, at_), page_.size());
   }
 
   /// Reads what stands at a bracket. Answers whether it ends an end mark that stays.
@@ -271,12 +285,11 @@ TocViolation htmlPathMissing(std::string_view block) {
 }
 
 std::string withoutHtmlTags(std::string_view text) {
-  constexpr std::string_view kBrackets = "<>";
   BlockRemoval rest;
   bool isOver = false;
   std::size_t at = 0;
-  for (std::size_t found = text.find_first_of(kBrackets); found != kNowhere;
-       found = text.find_first_of(kBrackets, at)) {
+  for (std::size_t found = bracketFrom(text, 0); found < text.size();
+       found = bracketFrom(text, at)) {
     rest.append(text.substr(at, found - at));
     at = found + 1;
     if (text[found] == kTagStart) {
