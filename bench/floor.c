@@ -291,7 +291,8 @@ static bool saveDocument(xmlDoc* document, const char* path) {
 }
 
 static xmlDoc* loadDocument(const char* path) {
-  return xmlReadFile(path, NULL, XML_PARSE_NOBLANKS | XML_PARSE_NONET | XML_PARSE_NOERROR);
+  return xmlReadFile(
+      path, NULL, XML_PARSE_NOBLANKS | XML_PARSE_COMPACT | XML_PARSE_NONET | XML_PARSE_NOERROR);
 }
 
 /// The elements in the element that the document is a list of: as many as a catalogue has books.
@@ -319,7 +320,7 @@ static long countTexts(xmlDoc* document, const char* query) {
 }
 
 long floorParse(const char* path) {
-  xmlDoc* document = xmlReadFile(path, NULL, 0);
+  xmlDoc* document = xmlReadFile(path, NULL, XML_PARSE_COMPACT);
   if (document == NULL) {
     return -1;
   }

@@ -135,11 +135,18 @@ std::unique_ptr<CopySeries> FileJournal::beginCopies() {
   return std::make_unique<WatchedCopies>(*this);
 }
 
+/// The end of a move that can't be written. What a move raises does not tell which.
+std::string FileJournal::closedEndOf(const RunTimeError& error,
+                                     std::string_view from,
+                                     std::string_view to) {
+  const bool canArrive = !isWriteError(error.number()) ||
+                         ignoringErrors([&] { static_cast<void>(files().replace(to)); }) == 0;
+  return canArrive ? std::string(from) : std::string(folderOf(files().absolutePath(to)));
+}
+
 void FileJournal::moveFile(std::string_view from, std::string_view to) {
   if (const auto error = errorOf([&] { files().moveFile(from, to); })) {
-    // What it raises does not tell which end of the way is closed.
-    const bool canArrive = ignoringErrors([&] { static_cast<void>(files().replace(to)); }) == 0;
-    changing(canArrive ? from : folderOf(to), [&] { throw RunTimeError(*error); });
+    changing(closedEndOf(*error, from, to), [&] { throw RunTimeError(*error); });
   }
   const FileChange undone{
       FileChange::Kind::kMoved, files().absolutePath(to), files().absolutePath(from)};
@@ -160,8 +167,9 @@ std::vector<std::string> FileJournal::namesIn(std::string_view folder) {
   return reading(folder, [&] { return files().namesIn(folder); });
 }
 
+// Whoever looks for files asks for each where the folder can't be listed.
 std::vector<std::string> FileJournal::fileNamesIn(std::string_view folder) {
-  return reading(folder, [&] { return files().fileNamesIn(folder); });
+  return files().fileNamesIn(folder);
 }
 
 std::unique_ptr<ByteReader> FileJournal::open(std::string_view path) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/read_through_files.h"
+#include "platform/runtime_error.h"
 
 namespace quorbind {
 
@@ -71,6 +72,9 @@ class FileJournal final : public ReadThroughFiles {
   template <typename Step>
   void copying(std::string_view from, std::string_view to, Step&& step);
   [[nodiscard]] bool isReadable(std::string_view path);
+  [[nodiscard]] std::string closedEndOf(const RunTimeError& error,
+                                        std::string_view from,
+                                        std::string_view to);
   void note(FileChange change);
 
   std::vector<FileChange> changes_;

@@ -65,7 +65,8 @@ class JobReader {
     AddArguments common = request_;
     readKeys(root, common, keysOfTheJob());
     if (const toml::node* stop = root.get(kStopAtFirst)) {
-      job.stopsAtFirst |= valueOf<bool>(kStopAtFirst, *stop, kSwitch);
+      const bool ofFile = valueOf<bool>(kStopAtFirst, *stop, kSwitch);
+      job.stopsAtFirst = request_.given.contains(kStopAtFirst) ? request_.stopsAtFirst : ofFile;
     }
     for (const toml::node& book : booksIn(root)) {
       job.additions.push_back(additionOf(*book.as_table(), common));

@@ -59,7 +59,8 @@ std::vector<BookKeywords> readKeywords(const Platform& platform, const std::stri
 
 std::string_view documentOf(const ListedLink& link) {
   const std::string_view source = link.sourceFile;
-  const std::size_t slash = source.find('\\');
+  // A bookmark may hold one, too.
+  const std::size_t slash = source.substr(0, source.find('#')).find('\\');
   return slash == std::string_view::npos ? source : source.substr(slash + 1);
 }
 

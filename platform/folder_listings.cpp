@@ -1,6 +1,6 @@
 #include "platform/folder_listings.h"
 
-#include <algorithm>
+#include <vector>
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
@@ -13,10 +13,16 @@ namespace quorbind {
 namespace {
 
 constexpr std::size_t kAskedForFirst = 16;
+/// A table of contents may name one folder in a thousand spellings.
+constexpr std::size_t kMostListedNames = 500'000;
 
-/// A short name holds a `~`, and what stands at the end of a name may not count.
+constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
+
+/// A short name holds a `~`, what stands at the end of a name may not count, and a name that is no
+/// Unicode is listed with other characters.
 bool mayBeAnotherName(std::string_view name) {
-  return name.find('~') != std::string_view::npos || name.ends_with('.') || name.ends_with(' ');
+  return name.find('~') != std::string_view::npos || name.ends_with('.') || name.ends_with(' ') ||
+         name.find(kReplacementCharacter) != std::string_view::npos;
 }
 
 bool isThere(const RunTimeError& error) {
@@ -36,23 +42,29 @@ bool FolderListings::hasFile(const std::string& path) {
     folder.names = list(folderName);
     folder.isListed = true;
   }
-  return folder.names ? std::binary_search(
-                            folder.names->begin(), folder.names->end(), locale_.upperCase(name))
-                      : files_.fileExists(path);
+  if (!folder.names) {
+    return files_.fileExists(path);
+  }
+  const auto found = folder.names->find(name);
+  return found && (folder.names->at(*found) == name || files_.fileExists(path));
 }
 
 /// Nothing where a file that is there might be left out.
-std::optional<std::vector<std::string>> FolderListings::list(const std::string& folder) const {
+std::optional<NameSet> FolderListings::list(const std::string& folder) {
+  if (listedNames_ > kMostListedNames) {
+    return std::nullopt;
+  }
   std::vector<std::string> names;
   if (const auto error = errorOf([&] { names = files_.fileNamesIn(folder); });
       error && isThere(*error)) {
     return std::nullopt;
   }
-  for (std::string& name : names) {
-    name = locale_.upperCase(name);
+  listedNames_ += names.size();
+  NameSet set(locale_);
+  for (const std::string& name : names) {
+    set.add(name);
   }
-  std::sort(names.begin(), names.end());
-  return names;
+  return set;
 }
 
 }  // namespace quorbind

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/text_index.h"
 
@@ -26,6 +25,9 @@ class NameSet {
   [[nodiscard]] std::size_t size() const { return names_.size(); }
   /// In the order and in the spelling in which they came first.
   [[nodiscard]] std::string_view at(std::size_t number) const { return names_.at(number); }
+  [[nodiscard]] std::optional<std::size_t> find(std::string_view name) const {
+    return names_.find(name);
+  }
 
  private:
   TextIndex names_;
@@ -36,8 +38,9 @@ class NameSet {
 /// into a listed folder later, or leaves it, is not seen.
 ///
 /// The first few files of a folder are asked for, since the folder may hold a hundred times as many
-/// as the book; so is every file of a folder that can't be listed, and every name that a file may
-/// have beside the listed one.
+/// as the book. So is every file of a folder that can't be listed, every name that a file may have
+/// beside the listed one, and every file that is listed in another spelling only: something else
+/// may stand under the very name. Once many names have been listed, no other folder is.
 class FolderListings {
  public:
   /// Kept by reference.
@@ -50,15 +53,15 @@ class FolderListings {
   struct Folder {
     std::size_t askedFor = 0;
     bool isListed = false;
-    /// Of files, in upper case, sorted; nothing for a folder that can't be listed.
-    std::optional<std::vector<std::string>> names;
+    /// Of files; nothing for a folder that is not listed.
+    std::optional<NameSet> names;
   };
-
-  [[nodiscard]] std::optional<std::vector<std::string>> list(const std::string& folder) const;
+  [[nodiscard]] std::optional<NameSet> list(const std::string& folder);
 
   FileSystem& files_;
   const Locale& locale_;
   std::unordered_map<std::string, Folder> folders_;
+  std::size_t listedNames_ = 0;
 };
 
 }  // namespace quorbind

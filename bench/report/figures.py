@@ -161,7 +161,8 @@ SIDE_FILES = Table("side-files", "operation", "entries", SIZES, (
 
 
 def process_table(kind, sizes):
-    return Row(f"`quorbind add`, {kind}", "command/add/" + kind, ("process/add/" + kind,)), sizes
+    return Row(f"`quorbind add`, {kind}", "command/add/" + kind, ("process/add/" + kind,),
+               "add" if kind == "text" else None), sizes
 
 
 PROCESSES = tuple(process_table(kind, sizes) for kind, sizes in PROCESS_SIZES.items())
@@ -355,8 +356,15 @@ class Kept(NamedTuple):
     broken: tuple
 
 
+def all_measured(figures):
+    for table in TABLES:
+        yield from measured_rows(figures, table.rows, table.sizes)
+    for row, sizes in PROCESSES:
+        yield from measured_rows(figures, (row,), sizes)
+
+
 def kept_ratio(figures, name):
-    rows = [each for table in TABLES for each in measured_rows(figures, table.rows, table.sizes)
+    rows = [each for each in all_measured(figures)
             if each.row.bound == name and each.size >= BOUNDS_FROM]
     ratios = [each.ratio for each in rows]
     return Kept(BOUNDS[name], f"{min(ratios):.2f} to {max(ratios):.2f}",
@@ -365,7 +373,7 @@ def kept_ratio(figures, name):
 
 
 def kept_growth(figures):
-    rows = [each for table in TABLES for each in measured_rows(figures, table.rows, table.sizes)
+    rows = [each for each in all_measured(figures)
             if each.is_largest and each.growth is not None]
     excesses = [each.excess_growth for each in rows]
     return Kept(GROWTH, f"{min(excesses):+.2f} to {max(excesses):+.2f}",

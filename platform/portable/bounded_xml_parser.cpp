@@ -96,7 +96,7 @@ XmlLoadResult BoundedXmlParser::parse(std::unique_ptr<ByteReader> bytes) {
   bytes_->close();
   if (isOver()) {
     document_.reset();
-  } else if (bytes_->areRecoded()) {
+  } else if (document_ && bytes_->areRecoded()) {
     setEncoding(*document_, kUtf16);
   }
   if (exception_ != nullptr) {
@@ -212,10 +212,11 @@ void BoundedXmlParser::listen(const xmlError& error) {
   if (breaksTheDocument(error)) {
     guarded([&] {
       if (error.line > 0) {
-        // libxml2 has no better name for it.
+        // libxml2 has no better name for the column.
         fail({.line = error.line, .column = error.int2, .reason = oneLine(error.message)});
       } else {
-        refuse(oneLine(error.message));
+        // Of bytes that are no characters only the line can be told: the parser is elsewhere.
+        fail({.line = xmlSAX2GetLineNumber(context_.get()), .reason = oneLine(error.message)});
       }
     });
   }

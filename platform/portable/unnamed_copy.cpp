@@ -30,8 +30,11 @@ bool giveName(const FileDescriptor& file, const std::string& path) {
 }
 
 /// Without a descriptor a file without a name is gone, so that it is closed under its name.
-bool closeOrTakeBack(FileDescriptor& file, const std::string& path) {
-  if (file.close()) {
+bool finish(FileDescriptor& file,
+            const Status& status,
+            const std::string& path,
+            UnflushedDisks& disks) {
+  if (disks.add(file, status.st_dev) && file.close()) {
     return true;
   }
   ::unlink(path.c_str());
@@ -49,8 +52,8 @@ bool copyWithoutName(const FileDescriptor& source,
   Status status{};
   return file.isOpen() && ::fstat(file.number(), &status) == 0 &&
          takePermissions(file, status, permissions) &&
-         copyInKernel(source, file, sourceStatus.st_size) && disks.add(file, status.st_dev) &&
-         giveName(file, path) && closeOrTakeBack(file, path);
+         copyInKernel(source, file, sourceStatus.st_size) && giveName(file, path) &&
+         finish(file, status, path, disks);
 }
 
 }  // namespace quorbind

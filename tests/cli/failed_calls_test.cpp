@@ -10,6 +10,7 @@ const std::vector<FailingSystemCall> kFailing{
     {"mkdir", {"EACCES", "ENOSPC"}},
     {"write", {"ENOSPC", "EIO"}},
     {"copy_file_range", {"ENOSPC"}},
+    {"linkat", {"EACCES", "ENOSPC", "EEXIST", "ENOENT"}},
     {"fsync", {"EIO", "ENOSPC"}},
     {"syncfs", {"EIO"}},
     {"close", {"EIO"}},
@@ -18,7 +19,8 @@ const std::vector<FailingSystemCall> kFailing{
 };
 
 bool isForWriting(const SystemCall& call) {
-  return call.name != "openat" || call.text.find("O_CREAT") != std::string::npos;
+  const auto has = [&](std::string_view flag) { return call.text.find(flag) != std::string::npos; };
+  return call.name != "openat" || has("O_CREAT") || has("O_TMPFILE");
 }
 
 using FailedCall = InterruptedCommand;

@@ -57,6 +57,10 @@ TEST_F(LinkTarget, HasTheBookmarkOfItsSource) {
   EXPECT_EQ(find("Plant\\down\\alarms.htm#a\\b").bookmark, "a\\b");
 }
 
+TEST_F(LinkTarget, IsNotNamedBehindTheBookmarksSign) {
+  EXPECT_TRUE(find("nowhere.htm#x\\alarms.htm").isMissing());
+}
+
 TEST_F(LinkTarget, IsTheBookAsAWholeForASourceInFullAndForNone) {
   for (const char* source : {"Plant\\C:\\in\\toc.htm",
                              "Plant\\C:/in/toc.htm",

@@ -101,6 +101,14 @@ TEST_F(SeveralBooks, StopAtTheFirstThatFailsWhenTheFlagOrTheJobFileSaysSo) {
   EXPECT_EQ(books(), "");
 }
 
+TEST_F(SeveralBooks, DoNotStopWhereTheCommandLineOverrulesTheJobFile) {
+  const Outcome outcome =
+      runJob("stop-at-first = true\n" + inPlant_ + book("none.txt", "NON") + book("a.txt", "ALM"),
+             {"--stop-at-first=false"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(books(), "ALM\n");
+}
+
 TEST_F(SeveralBooks, KeepNothingOfTheOneBefore) {
   // A process remembers the folder that its first dialog was given, and would not ask again.
   disk.write("d.txt", tocOf("\"1\" \"Drums\" \"d.htm\" \"\"\n\"2\" \"Drives\" \"d.htm\" \"\"\n"));

@@ -111,6 +111,70 @@ TEST_F(FolderListingsTest, AsksForEveryNameThatAFileMayHaveBesideTheListedOne) {
   EXPECT_EQ(files_.asked, 3);
 }
 
+/// A disk on which every folder has as many files, and letter case counts.
+class LargeFolders : public MemoryFiles {
+ public:
+  bool fileExists(std::string_view path) override {
+    ++asked;
+    return path.ends_with("exact");
+  }
+  std::vector<std::string> fileNamesIn(std::string_view /*folder*/) override {
+    ++listed;
+    std::vector<std::string> names{"EXACT", "exact"};
+    for (int i = 0; i < 100'000; ++i) {
+      names.push_back("file" + std::to_string(i));
+    }
+    return names;
+  }
+
+  int asked = 0;
+  int listed = 0;
+};
+
+class LargeFolderListings : public ::testing::Test {
+ protected:
+  /// Asks for so many that the folder is listed, if any is.
+  void fill(const std::string& folder) {
+    for (int i = 0; i < 20; ++i) {
+      static_cast<void>(listings_.hasFile(folder + "file" + std::to_string(i)));
+    }
+    files_.asked = 0;
+  }
+
+  TemporaryFolder disk_;
+  std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
+  LargeFolders files_;
+  FolderListings listings_{files_, adapters_->locale()};
+};
+
+TEST_F(LargeFolderListings, EndWhenManyNamesHaveBeenListed) {
+  for (int i = 0; i < 20; ++i) {
+    fill("C:\\" + std::to_string(i) + "\\");
+  }
+  EXPECT_EQ(files_.listed, 5);
+  EXPECT_FALSE(listings_.hasFile("C:\\19\\file30"));
+  EXPECT_EQ(files_.asked, 1) << "the disk is asked where nothing was listed";
+  EXPECT_TRUE(listings_.hasFile("C:\\0\\file30"));
+  EXPECT_EQ(files_.asked, 1);
+}
+
+TEST_F(LargeFolderListings, LeaveToTheDiskWhatIsListedInAnotherSpellingOnly) {
+  fill("C:\\");
+  EXPECT_FALSE(listings_.hasFile("C:\\FILE30")) << "something else may stand under this very name";
+  EXPECT_EQ(files_.asked, 1);
+  EXPECT_TRUE(listings_.hasFile("C:\\EXACT"));
+  EXPECT_TRUE(listings_.hasFile("C:\\exact"));
+  EXPECT_EQ(files_.asked, 2) << "of the second spelling of two";
+  EXPECT_FALSE(listings_.hasFile("C:\\none"));
+  EXPECT_EQ(files_.asked, 2);
+}
+
+TEST_F(LargeFolderListings, LeaveToTheDiskWhatMayBeNoUnicode) {
+  fill("C:\\");
+  EXPECT_FALSE(listings_.hasFile("C:\\\xEF\xBF\xBD.htm"));
+  EXPECT_EQ(files_.asked, 1);
+}
+
 TEST(NameSet, TakesNamesInDifferentLetterCaseForOneAndKeepsTheFirstSpelling) {
   const TemporaryFolder disk;
   const auto adapters = makeAdapters(disk.path());

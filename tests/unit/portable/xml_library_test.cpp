@@ -22,6 +22,7 @@
 #include "platform/portable/xml_handles.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "platform/text_encoding.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/random_xml.h"
 #include "tests/support/temporary_folder.h"
@@ -175,6 +176,16 @@ class PortableXmlLibraryTest : public ::testing::Test {
   PortableXmlLibrary xml_{files_};
   std::unique_ptr<XmlDocument> document_ = xml_.createDocument();
 };
+
+TEST_F(PortableXmlLibraryTest, NoColumnIsToldOfBytesThatAreNoCharacters) {
+  std::string bytes = "\xFF\xFE";
+  appendUtf16LittleEndian(bytes, "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n<Book a=\"");
+  bytes.append("\x00\xD8", 2);
+  appendUtf16LittleEndian(bytes, "\"/>");
+  const XmlLoadResult result = load(bytes);
+  EXPECT_FALSE(result);
+  EXPECT_EQ(result.column, 0) << "the parser stands elsewhere";
+}
 
 // Files made to take long
 
