@@ -22,6 +22,11 @@ std::string selectionFileOf(const std::string& server) {
       .append(server_names::kSelectionFile);
 }
 
+/// Where there is no XML, that is what the user is told, whatever else is missing.
+void requireXml(XmlLibrary& xml) {
+  (void)xml.createDocument();
+}
+
 std::string libraryNamed(std::string_view name) {
   return elementsWith(selection_names::kQuorPath, selection_names::kName, name, '"');
 }
@@ -36,6 +41,7 @@ std::string locationOf(const XmlNode& library) {
 
 std::string QuorLocation(const Platform& platform, const std::string& vstrQuorName) {
   return trapped(platform.ui, source::kQuorLocation, std::string(), [&]() -> std::string {
+    requireXml(platform.xml);
     const std::string server = platform.toolset.createLibraryServices()->GetQuorServer();
     const std::string file = selectionFileOf(server);
     if (!platform.files.fileExists(file)) {

@@ -10,10 +10,11 @@ bool AcronymList::has(const std::string& acronym) {
     return true;
   }
   if (!all_) {
-    all_.emplace();
+    TextIndex all;
     for (const std::string& each : inOrder_) {
-      all_->add(each);
+      all.add(each);
     }
+    all_ = std::move(all);
   }
   return all_->contains(acronym);
 }

@@ -135,6 +135,7 @@ void LinkFile::requireIndex() {
   if (indexed_) {
     return;
   }
+  dropIndex();
   list_ = document().select(link_names::kListPath);
   for (const XmlNode& linkId : document().selectAll(link_names::kLinkIdPath)) {
     addToIndex(linkId);
@@ -170,8 +171,10 @@ void LinkFile::enter(const LinkIdentifier& link) {
   appendTextElement(document(), entry, link_names::kFullLink, link.fullLink);
   appendTextElement(document(), entry, link_names::kSourceFile, sourceFileOf(link));
   appendTextElement(document(), entry, link_names::kBookAcro, link.bookAcro);
-  list_.append(entry);
+  indexed_ = false;
   addToIndex(linkId);
+  list_.append(entry);
+  indexed_ = true;
 }
 
 }  // namespace quorbind

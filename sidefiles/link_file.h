@@ -81,6 +81,8 @@ class LinkFile final : public SideFile {
   std::vector<XmlNode> linkIds_;
   /// What is left, without their blanks, of the identifiers that have blanks at their ends.
   TextIndex trimmed_;
+  /// Whether the tables and the document are in step. Not behind an error half way, which may have
+  /// left one table longer than another.
   bool indexed_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/missing_xml.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/toolset_doubles.h"
 #include "tests/support/world.h"
@@ -29,9 +30,10 @@ class LibrarySelection : public ::testing::Test {
   void writeList(std::string_view bytes) { world_.disk.write(kFile, bytes); }
   std::string location(const std::string& name) { return QuorLocation(platform(), name); }
   std::vector<std::string> names() { return QuorNames(platform()); }
-  [[nodiscard]] Platform platform() {
+  [[nodiscard]] Platform platform() { return platformWith(world_.platform().xml); }
+  [[nodiscard]] Platform platformWith(XmlLibrary& xml) {
     const Platform& ports = world_.platform();
-    return {ports.files, ports.xml, ports.ui, toolset_, ports.locale, ports.spreadsheets};
+    return {ports.files, xml, ports.ui, toolset_, ports.locale, ports.spreadsheets};
   }
   [[nodiscard]] const std::vector<std::string>& record() const { return world_.user.record(); }
 
@@ -158,7 +160,34 @@ TEST_F(LibrarySelection, ReportsAServerThatCanNotBeAskedFor) {
                           "Quorbind:Book_Config::QuorNames"));
 }
 
+TEST_F(LibrarySelection, MissesTheXmlBeforeTheServerAndTheServerBeforeTheList) {
+  MissingXml xml("no XML here");
+  EXPECT_EQ(QuorLocation(platformWith(xml), "Plant"), "");
+  world_.toolset.breakDown();
+  EXPECT_EQ(QuorLocation(platformWith(xml), "Plant"), "");
+  EXPECT_EQ(location("Plant"), "");
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(429): no XML here\r"
+                          "Quorbind:Book_Config::strQuorLoacation",
+                          "critical: Error(429): no XML here\r"
+                          "Quorbind:Book_Config::strQuorLoacation",
+                          "critical: Error(429): ActiveX component can't create object\r"
+                          "Quorbind:Book_Config::strQuorLoacation"));
+}
+
 // Which libraries there are
+
+TEST_F(LibrarySelection, MissesTheServerBeforeTheXmlWhenNamesAreAskedFor) {
+  MissingXml xml("no XML here");
+  EXPECT_THAT(QuorNames(platformWith(xml)), IsEmpty());
+  world_.toolset.breakDown();
+  EXPECT_THAT(QuorNames(platformWith(xml)), IsEmpty());
+  EXPECT_THAT(record(),
+              ElementsAre("critical: Error(429): no XML here\r"
+                          "Quorbind:Book_Config::QuorNames",
+                          "critical: Error(429): ActiveX component can't create object\r"
+                          "Quorbind:Book_Config::QuorNames"));
+}
 
 TEST_F(LibrarySelection, ListsAllNamesInTheirOrderAndAnEmptyEntry) {
   writeList(listOf(library("Plant", "Docs\\Plant") + library("Alarms", "Docs\\Alarms")));

@@ -1,6 +1,6 @@
 #include "sidefiles/category_rebuild.h"
 
-#include "platform/xml_document.h"
+#include "tests/support/missing_xml.h"
 #include "tests/support/watched_xml.h"
 #include "tests/unit/sidefiles/side_file_test.h"
 
@@ -21,19 +21,6 @@ std::string book(std::string_view acronym, std::initializer_list<std::string_vie
   }
   return text + "</Book_Categories></Book>";
 }
-
-/// A machine without an XML library.
-class BrokenXml final : public XmlLibrary {
- public:
-  std::unique_ptr<XmlDocument> createDocument() override { fail(); }
-  XmlLoadResult scan(std::string_view /*path*/, XmlScanHandler& /*handler*/) override { fail(); }
-  XmlLoadResult scan(std::unique_ptr<ByteReader> /*bytes*/, XmlScanHandler& /*handler*/) override {
-    fail();
-  }
-
- private:
-  [[noreturn]] static void fail() { raise(ErrorNumber::kCannotCreateObject); }
-};
 
 class CategoryRebuild : public SideFileTest {
  protected:
@@ -139,7 +126,7 @@ TEST_F(AcronymsOfCategory, ReportAFileThatGoesAwayOnce) {
 
 // Reading the catalogue is the operation's own; what filing meets AddBookAcro tells.
 TEST_F(AcronymsOfCategory, CanNotBeHadWithoutXml) {
-  BrokenXml xml;
+  MissingXml xml;
   const Platform& p = platform();
   const TextArray acronyms = GetBookAcroValue(
       {p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets}, state(), "A", kCatalogue);
