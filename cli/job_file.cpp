@@ -37,7 +37,7 @@ constexpr std::size_t kLargestJobFile = std::size_t{1} << 20U;
 constexpr std::ptrdiff_t kMostDotsOfALine = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::string contentsOf(FileSystem& files, const std::string& name) {
+std::string textOfJob(FileSystem& files, const std::string& name) {
   std::string contents;
   readingInput(name, [&] {
     const auto reader = files.open(componentFile(name));
@@ -334,7 +334,7 @@ class JobReader {
 }  // namespace
 
 Job readJobFile(FileSystem& files, const std::string& name, const AddRequest& request) {
-  const std::string contents = contentsOf(files, name);
+  const std::string contents = textOfJob(files, name);
   return JobReader(name, contents, request).read();
 }
 
