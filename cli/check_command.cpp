@@ -41,7 +41,7 @@ class DocumentSearch {
   void note(const CellPlace& cell, std::string_view folder, std::string_view document) {
     const std::string_view name = document.substr(0, document.find('#'));
     const bool isThere = name.empty() || finds(name) ||
-                         (!folder.empty() && finds(std::string(folder).append("\\").append(name)));
+                         (!folder.empty() && finds(joinedPath(folder, name)));
     if (!isThere) {
       report_.missing.add({.cell = cell}, document);
     }

@@ -18,10 +18,6 @@ std::string_view withoutMark(std::string_view bookmark) {
   return bookmark;
 }
 
-std::string joinedPath(std::string_view folder, std::string_view name) {
-  return std::string(folder).append(folder.empty() ? "" : "\\").append(name);
-}
-
 }  // namespace
 
 std::string documentKey(std::string_view name, const Locale& locale) {

@@ -28,10 +28,6 @@ fs::path resolved(const fs::path& folder) {
   return result.has_filename() ? result : result.parent_path();
 }
 
-std::string joinedPath(std::string_view folder, std::string_view name) {
-  return std::string(folder).append(kSeparator).append(name);
-}
-
 }  // namespace
 
 std::string componentFile(const std::string& native) {

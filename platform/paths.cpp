@@ -72,6 +72,10 @@ std::string_view folderPartOf(std::string_view path) {
   return path.substr(0, path.size() - fileNameOf(path).size());
 }
 
+std::string joinedPath(std::string_view folder, std::string_view name) {
+  return std::string(folder).append(folder.empty() ? "" : "\\").append(name);
+}
+
 bool leadsToNetworkOrDevice(std::string_view path) {
   const std::string beginning = withBackslashes(path.substr(0, kLongestLeadOut));
   if (anyOf(kLeadsOutOfDrives, [&](auto leadOut) { return beginning.starts_with(leadOut); })) {

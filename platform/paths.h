@@ -21,6 +21,9 @@ std::string_view fileNameOf(std::string_view path);
 /// The folder that a path begins with, up to and including its last `\`; empty when there is none.
 std::string_view folderPartOf(std::string_view path);
 
+/// The path of what is called `name` in `folder`, which has no `\` at its end and may be empty.
+std::string joinedPath(std::string_view folder, std::string_view name);
+
 /// Whether a name that comes out of a document must not reach the file system: it leads onto the
 /// network (`\\server\share`), into a device name space (`\\.\`, `\\?\`, `\??\`), or one of its
 /// parts is a device name (`CON`, `nul.txt`, `COM1 `, `LPT²`), in any letter case and with `/` or

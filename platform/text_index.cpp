@@ -16,11 +16,13 @@ constexpr std::size_t kFirstSize = 64;
 
 std::uint32_t TextIndex::hashOf(std::string_view text) const {
   const std::hash<std::string_view> hash;
-  return static_cast<std::uint32_t>(anyCase_ ? hash(anyCase_->upperCase(text)) : hash(text));
+  return static_cast<std::uint32_t>(anyCase_ != nullptr ? hash(anyCase_->upperCase(text))
+                                                        : hash(text));
 }
 
 bool TextIndex::areOne(std::string_view left, std::string_view right) const {
-  return left == right || (anyCase_ && anyCase_->upperCase(left) == anyCase_->upperCase(right));
+  return left == right ||
+         (anyCase_ != nullptr && anyCase_->upperCase(left) == anyCase_->upperCase(right));
 }
 
 std::optional<std::size_t> TextIndex::find(std::string_view text) const {

@@ -8,6 +8,7 @@
 #include "cli/failure.h"
 #include "cli/paths.h"
 #include "platform/error_trap.h"
+#include "platform/paths.h"
 #include "platform/portable/sibling_replacement.h"
 
 namespace quorbind {
@@ -69,10 +70,6 @@ bool readingFile(Findings& findings,
   }
 }
 
-std::string pathIn(std::string_view folder, std::string_view name) {
-  return std::string(folder).append("\\").append(name);
-}
-
 FolderNames listFolder(FileSystem& files, Findings& findings, const std::string& folder) {
   FolderNames names;
   const auto error = errorOf([&] {
@@ -84,7 +81,7 @@ FolderNames listFolder(FileSystem& files, Findings& findings, const std::string&
                         names.files.end(),
                         std::back_inserter(names.folders));
     std::erase_if(names.folders, [&](const std::string& name) {
-      return !files.folderExists(pathIn(folder, name));
+      return !files.folderExists(joinedPath(folder, name));
     });
   });
   if (error) {
@@ -97,7 +94,7 @@ FolderNames listFolder(FileSystem& files, Findings& findings, const std::string&
 void findLeftovers(Findings& findings, const std::string& folder, const FolderNames& names) {
   for (const std::string& name : names.files) {
     if (isLeftover(name)) {
-      const std::string file = pathIn(folder, name);
+      const std::string file = joinedPath(folder, name);
       findings.add(FindingKind::kLeftover, {file}, {}, deletingCommand(file));
     }
   }

@@ -21,9 +21,6 @@ bool readingFile(Findings& findings,
                  FindingKind kind = FindingKind::kDamagedFile,
                  const std::string& command = {});
 
-/// The name of what stands in a folder.
-std::string pathIn(std::string_view folder, std::string_view name);
-
 /// What a folder holds.
 struct FolderNames {
   std::vector<std::string> files;

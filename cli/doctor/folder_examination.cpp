@@ -48,14 +48,14 @@ class FolderExamination {
     findLeftovers(library_.findings, folder, names);
     for (const std::string& name : names.files) {
       if (library_.entries && isNamedAsBookFile(name) &&
-          !library_.isClaimed(pathIn(folder, name))) {
-        tellOrphan(pathIn(folder, name));
+          !library_.isClaimed(joinedPath(folder, name))) {
+        tellOrphan(joinedPath(folder, name));
       }
     }
     if (depth < kDeepestFolder) {
       for (const std::string& name : names.folders) {
-        if (!isLink(pathIn(folder, name))) {
-          walk(pathIn(folder, name), depth + 1);
+        if (!isLink(joinedPath(folder, name))) {
+          walk(joinedPath(folder, name), depth + 1);
         }
       }
     }
@@ -71,7 +71,7 @@ class FolderExamination {
   /// A folder beside those of the books. Where a book lies in the library's own folder, it may be
   /// one of that book's.
   void requireBookIn(const std::string& name) {
-    const std::string folder = pathIn(library_.paths.folder, name);
+    const std::string folder = joinedPath(library_.paths.folder, name);
     if (library_.entries && !hasOwnFolder_ && !folders_.contains(library_.upperCase(name)) &&
         !hasOrphan(folder)) {
       library_.findings.add(Kind::kOrphanFolder, {folder});
@@ -129,7 +129,7 @@ class FolderExamination {
                                        const BookContents& contents) const {
     const std::string stated = folderInBookPath(contents.path.text);
     const std::string& root = library_.paths.folder;
-    const std::string folder = stated.empty() ? root : pathIn(root, stated);
+    const std::string folder = stated.empty() ? root : joinedPath(root, stated);
     const bool isHere =
         contents.path.line > 0 && library_.upperCase(folder) == library_.upperCase(folderOf(file));
     return isHere ? mendingCommand("add", {nativeName(file)}, {}, library_.place) : std::string();

@@ -20,6 +20,11 @@ TEST(WithBackslashes, TurnsEverySlash) {
   EXPECT_EQ(withBackslashes(""), "");
 }
 
+TEST(JoinedPath, PutsABackslashBehindAFolder) {
+  EXPECT_EQ(joinedPath("C:\\Docs", "a.txt"), "C:\\Docs\\a.txt");
+  EXPECT_EQ(joinedPath("", "a.txt"), "a.txt");
+}
+
 TEST(FolderOf, IsWhatStandsBeforeTheLastBackslash) {
   EXPECT_EQ(folderOf("C:\\Docs\\a.txt"), "C:\\Docs");
   EXPECT_EQ(folderOf("C:\\Docs\\"), "C:\\Docs");
