@@ -9,3 +9,8 @@ add_compile_options(
   "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>"
   "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>")
 add_link_options(-static -Wl,--no-insert-timestamp)
+
+# A function calls its own copy of an inline one there as GCC sees it, and counts on the registers that
+# this copy leaves alone. The linker keeps one copy of all, maybe that of a source that is compiled
+# with other options.
+add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-fno-ipa-ra>)
