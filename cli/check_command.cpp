@@ -40,8 +40,8 @@ class DocumentSearch {
   /// The same for a row of a workbook, which may name a document without its book's folder.
   void note(const CellPlace& cell, std::string_view folder, std::string_view document) {
     const std::string_view name = document.substr(0, document.find('#'));
-    const bool isThere = name.empty() || finds(name) ||
-                         (!folder.empty() && finds(joinedPath(folder, name)));
+    const bool isThere =
+        name.empty() || finds(name) || (!folder.empty() && finds(joinedPath(folder, name)));
     if (!isThere) {
       report_.missing.add({.cell = cell}, document);
     }
