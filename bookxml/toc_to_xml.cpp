@@ -118,7 +118,7 @@ void CTOCToXML::writeFile(const std::string& tocPath,
                           const std::string& bookPath,
                           const Book& book) {
   DocumentFile file(platform_.files, bookPath);
-  file.write(std::string(kUnicodeDeclaration).append("\r\n"));
+  file.write(std::string(kUnicodeDeclaration).append(kLineEnd));
   XmlWriter writer([&file](std::string_view text) { file.write(text); });
   maddComment(writer);
   writer.startElement(book_names::kMaster);

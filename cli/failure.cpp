@@ -7,6 +7,7 @@
 #include "cli/paths.h"
 #include "cli/toc_file.h"
 #include "platform/abandoned.h"
+#include "platform/file_bytes.h"
 #include "platform/file_system.h"
 #include "platform/runtime_error.h"
 #include "platform/user_interface.h"
@@ -66,10 +67,7 @@ CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result) {
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
-  readingInput(name, [&] {
-    char first = 0;
-    static_cast<void>(files.open(path)->read(&first, 1));
-  });
+  readingInput(name, [&] { requireReadable(files, path); });
 }
 
 std::string internalError(const std::exception& error) {

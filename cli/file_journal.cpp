@@ -4,6 +4,7 @@
 
 #include "cli/failure.h"
 #include "platform/error_trap.h"
+#include "platform/file_bytes.h"
 #include "platform/paths.h"
 #include "platform/runtime_error.h"
 
@@ -106,10 +107,7 @@ class FileJournal::WatchedCopies final : public CopySeries {
 
 /// Notes it when it is not, as any read does.
 bool FileJournal::isReadable(std::string_view path) {
-  return ignoringErrors([&] {
-           char first = 0;
-           static_cast<void>(open(path)->read(&first, 1));
-         }) == 0;
+  return ignoringErrors([&] { requireReadable(*this, path); }) == 0;
 }
 
 // What can't be looked at counts as missing, and has to be told all the same.

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "cli/failure.h"
@@ -18,7 +19,9 @@
 #include "cli/suggestion.h"
 #include "cli/text_list.h"
 #include "cli/toc_file.h"
+#include "platform/file_bytes.h"
 #include "platform/text.h"
+#include "platform/text_encoding.h"
 
 namespace quorbind {
 
@@ -35,21 +38,14 @@ constexpr std::string_view kStopAtFirst = "stop-at-first";
 constexpr std::size_t kLargestJobFile = std::size_t{1} << 20U;
 /// The parser follows the parts of a dotted key into the depth, and no key here has any.
 constexpr std::ptrdiff_t kMostDotsOfALine = 64;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string textOfJob(FileSystem& files, const std::string& name) {
-  std::string contents;
-  readingInput(name, [&] {
-    const auto reader = files.open(componentFile(name));
-    std::array<char, 4096> bytes{};
-    while (const std::size_t count = reader->read(bytes.data(), bytes.size())) {
-      contents.append(bytes.data(), count);
-      if (contents.size() > kLargestJobFile) {
-        throw CommandFailure(ExitStatus::kNotParseable, name + ": it is too large for a job file");
-      }
-    }
-  });
-  return contents.starts_with(kByteOrderMark) ? contents.substr(kByteOrderMark.size()) : contents;
+  std::optional<std::string> contents;
+  readingInput(name, [&] { contents = bytesOf(files, componentFile(name), kLargestJobFile); });
+  if (!contents) {
+    throw CommandFailure(ExitStatus::kNotParseable, name + ": it is too large for a job file");
+  }
+  return contents->starts_with(kUtf8Mark) ? contents->substr(kUtf8Mark.size()) : *contents;
 }
 
 class JobReader {

@@ -1,9 +1,9 @@
 #include "cli/line_place.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
+#include "platform/file_bytes.h"
 #include "platform/portable/xml_decoding.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -23,20 +23,6 @@ std::size_t countCharacters(std::string_view text) {
 /// Bombs have a single line that does not fit into memory.
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 constexpr std::size_t kLongestLine = std::size_t{64} << 10U;
-
-/// Nothing for a file that is too large.
-std::optional<std::string> contentsOf(FileSystem& files, const std::string& path) {
-  const auto reader = files.open(path);
-  std::array<char, std::size_t{64} << 10U> bytes{};
-  std::string contents;
-  while (const std::size_t count = reader->read(bytes.data(), bytes.size())) {
-    contents.append(bytes.data(), count);
-    if (contents.size() > kLargestFile) {
-      return std::nullopt;
-    }
-  }
-  return contents;
-}
 
 std::string lineOfText(const Platform& platform, const std::string& path, std::size_t number) {
   TextReader reader(platform.files, platform.locale, path);
@@ -73,7 +59,7 @@ std::optional<std::string> lineOfFile(const Platform& platform,
     return std::nullopt;
   }
   try {
-    const auto contents = contentsOf(platform.files, path);
+    const auto contents = bytesOf(platform.files, path, kLargestFile);
     if (!contents) {
       return std::nullopt;
     }

@@ -8,6 +8,7 @@
 #include <set>
 #include <utility>
 
+#include "platform/file_bytes.h"
 #include "platform/paths.h"
 #include "platform/portable/drive_name.h"
 #include "platform/portable/system_call.h"
@@ -88,8 +89,7 @@ void RehearsedFiles::copyFile(std::string_view from, std::string_view to) {
     raise(ErrorNumber::kPermissionDenied);
   }
   if (const auto* file = std::get_if<DiskFile>(&content)) {
-    char first = 0;
-    static_cast<void>(disk_.open(file->path)->read(&first, 1));
+    requireReadable(disk_, file->path);
   }
   requireTarget(to);
   put(to, std::move(content));

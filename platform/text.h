@@ -10,6 +10,9 @@
 
 namespace quorbind {
 
+/// What ends a line of every file that is written.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// Without the blanks (character 32, no other) at both ends.
 std::string_view trimBlanks(std::string_view text);
 /// Without any of `characters` at both ends.

@@ -13,10 +13,6 @@ constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFirstBeyond16Bits = 0x10000;
 constexpr char32_t kLastCodePoint = 0x10FFFF;
 
-std::uint8_t byteAt(std::string_view text, std::size_t at) {
-  return static_cast<std::uint8_t>(text[at]);
-}
-
 bool isAscii(std::uint8_t byte) {
   return byte < 0x80;
 }

@@ -1,10 +1,23 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace quorbind {
+
+/// What a file of text may begin with to tell its encoding.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
+inline constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
+
+/// U+FFFD, which stands for what is no character.
+inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
+
+inline std::uint8_t byteAt(std::string_view text, std::size_t at) {
+  return static_cast<std::uint8_t>(text[at]);
+}
 
 /// The most bytes that one character takes in UTF-8.
 inline constexpr std::size_t kLongestUtf8Character = 4;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 
 namespace quorbind {
@@ -14,12 +15,7 @@ using namespace std::string_view_literals;
 
 constexpr std::size_t kChunkSize = 65'536;
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
-constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
 constexpr std::size_t kLongestMark = kUtf8Mark.size();
-
-constexpr std::string_view kTextLineEnd = "\r\n";
 
 }  // namespace
 
@@ -168,7 +164,7 @@ void TextWriter::write(std::string_view text) {
 
 void TextWriter::writeLine(std::string_view text) {
   write(text);
-  write(kTextLineEnd);
+  write(kLineEnd);
 }
 
 void TextWriter::close() {

@@ -14,8 +14,6 @@ namespace quorbind {
 namespace {
 
 constexpr std::size_t kFlushSize = std::size_t{32} * 1024;
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kReplacementText = "\xEF\xBF\xBD";
 
 /// What each ASCII character is written as; empty for those that are written as they are.
 using Spelling = std::array<std::string_view, 128>;
@@ -23,7 +21,7 @@ using Spelling = std::array<std::string_view, 128>;
 constexpr Spelling kCharactersOnly = [] {
   Spelling spelling{};
   for (std::size_t control = 0; control < ' '; ++control) {
-    spelling[control] = kReplacementText;
+    spelling[control] = kReplacementCharacter;
   }
   spelling['\t'] = spelling['\n'] = spelling['\r'] = {};
   return spelling;
@@ -55,10 +53,6 @@ constexpr Spelling kAttribute = [] {
   return spelling;
 }();
 
-std::uint8_t characterAt(std::string_view text, std::size_t at) {
-  return static_cast<std::uint8_t>(text[at]);
-}
-
 /// Whether XML can hold the character, one that is not ASCII.
 bool isAllowed(const Utf8Character& character) {
   return character.length > 0 && character.codePoint != 0xFFFE && character.codePoint != 0xFFFF;
@@ -68,7 +62,7 @@ bool isAllowed(const Utf8Character& character) {
 std::size_t plainPrefix(std::string_view text, const Spelling& spelling) {
   std::size_t at = 0;
   while (at < text.size()) {
-    const std::uint8_t byte = characterAt(text, at);
+    const std::uint8_t byte = byteAt(text, at);
     if (byte < spelling.size()) {
       if (!spelling[byte].empty()) {
         return at;
@@ -93,8 +87,8 @@ void appendSpelled(std::string& target, std::string_view text, const Spelling& s
       return;
     }
     text.remove_prefix(plain);
-    const std::uint8_t byte = characterAt(text, 0);
-    target.append(byte < spelling.size() ? spelling[byte] : kReplacementText);
+    const std::uint8_t byte = byteAt(text, 0);
+    target.append(byte < spelling.size() ? spelling[byte] : kReplacementCharacter);
     text.remove_prefix(std::max(firstUtf8Character(text).length, std::size_t{1}));
   }
 }

@@ -5,6 +5,7 @@
 #include "platform/error_trap.h"
 #include "platform/locale.h"
 #include "platform/paths.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
 #include "resources/messages.h"
 #include "sidefiles/book_link.h"
@@ -22,7 +23,6 @@ namespace {
 constexpr std::string_view kExportHead =
     "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\" \"FLinkValue\" \"BookLinkValue\"\r\n"
     "\r\n";
-constexpr std::string_view kExportLineEnd = "\r\n";
 
 /// The book itself is level 1 of an export, and its headings begin below it. Raises 6 where there
 /// is no next level.
@@ -163,7 +163,7 @@ bool TocCheck::mbCheckHTMLForValidity(std::string_view block,
                                    .subLink = mstrCurBookMark_,
                                    .fLinkValue = fLink,
                                    .bookLinkValue = bookLink}))
-        .append(kExportLineEnd);
+        .append(kLineEnd);
     return true;
   });
 }

@@ -58,17 +58,17 @@ class Shelf:
         self.runs = 0
         subprocess.run([programs.command, "init", "--server", self.pristine, "--library", LIBRARY],
                        check=True, stdout=subprocess.DEVNULL)
-        programs.make("catalogue", books, self.library_of(self.pristine) / "Quor_TOC.xml")
+        programs.make("catalogue", books, self.folder_of_library(self.pristine) / "Quor_TOC.xml")
 
     @staticmethod
-    def library_of(server):
+    def folder_of_library(server):
         return server / "Docs" / LIBRARY
 
     def server(self):
         self.runs += 1
         server = self.folder / f"server{self.runs}"
         shutil.copytree(self.pristine, server)
-        (self.library_of(server) / "Manual").mkdir()
+        (self.folder_of_library(server) / "Manual").mkdir()
         return server
 
 
@@ -91,10 +91,10 @@ class Addition:
 
     def add_on_floor(self, server, beginning):
         return self.programs.time(self.programs.floor, self.kind, self.toc,
-                                  Shelf.library_of(server), *beginning, *self.floor_arguments)
+                                  Shelf.folder_of_library(server), *beginning, *self.floor_arguments)
 
     def book_in(self, server):
-        return Shelf.library_of(server) / self.book
+        return Shelf.folder_of_library(server) / self.book
 
     def measure(self, count):
         """The quickest Times of both, which have left the same book file behind."""
@@ -104,7 +104,7 @@ class Addition:
             ours.append(self.add(server))
             book = self.book_in(server).read_bytes()
             floor.append(self.add_on_floor(floor_server, self.beginning_of(book)))
-            made = Shelf.library_of(floor_server) / "Manual/Book_BEN.xml"
+            made = Shelf.folder_of_library(floor_server) / "Manual/Book_BEN.xml"
             # A book file as table of contents is taken over with its name and its date.
             if self.kind != "xml" and made.read_bytes() != book:
                 sys.exit(f"{self.toc}: the floor does not write what the command writes")
@@ -172,7 +172,7 @@ def measure_catalogue(programs, folder):
     size = SIZES[-1]
     server = Shelf(programs, folder / "large", size).server()
     at = ["--server", server, "--library", LIBRARY]
-    catalogue = Shelf.library_of(server) / "Quor_TOC.xml"
+    catalogue = Shelf.folder_of_library(server) / "Quor_TOC.xml"
     return {
         ("process/parse", size): programs.time(programs.floor, "parse", catalogue),
         ("process/load", size): programs.time(programs.floor, "load", catalogue),

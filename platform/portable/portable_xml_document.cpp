@@ -1,5 +1,6 @@
 #include "platform/portable/portable_xml_document.h"
 
+#include <memory>
 #include <utility>
 
 #include "platform/portable/element_index.h"
@@ -40,18 +41,16 @@ PortableXmlDocument::PortableXmlDocument(FileSystem& files) : files_(files) {
 
 XmlLoadResult PortableXmlDocument::load(std::string_view path) {
   begin(std::make_unique<XmlTree>());
-  const auto loadAs = [&](XmlBytes::Utf16 utf16, bool& isToBeRepeated) {
-    DocumentParser parser(utf16);
-    XmlLoadResult result = parser.parse(files_, path);
-    isToBeRepeated = parser.needsFileAsItStands();
-    if (result && !isToBeRepeated) {
-      begin(parser.takeTree());
-    }
-    return result;
-  };
-  bool isToBeRepeated = false;
-  XmlLoadResult result = loadAs(XmlBytes::Utf16::kAsUtf8, isToBeRepeated);
-  return isToBeRepeated ? loadAs(XmlBytes::Utf16::kAsItStands, isToBeRepeated) : result;
+  auto parser = std::make_unique<DocumentParser>(XmlBytes::Utf16::kAsUtf8);
+  XmlLoadResult result = parser->parse(files_, path);
+  if (parser->needsFileAsItStands()) {
+    parser = std::make_unique<DocumentParser>(XmlBytes::Utf16::kAsItStands);
+    result = parser->parse(files_, path);
+  }
+  if (result) {
+    begin(parser->takeTree());
+  }
+  return result;
 }
 
 void PortableXmlDocument::save(std::string_view path) {

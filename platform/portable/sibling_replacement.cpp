@@ -23,7 +23,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kWriteSize = 65'536;
 constexpr int kMaximumLinks = 40;
-constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr mode_t kAllButExecute = 0666;
 

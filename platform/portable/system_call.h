@@ -3,6 +3,7 @@
 // The ground rules of this folder's system calls: descriptors close themselves, interrupted calls
 // are made again, and errno becomes the run-time error that the file-system port promises for it.
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cerrno>
@@ -13,6 +14,9 @@
 #include <vector>
 
 namespace quorbind {
+
+/// Who may read, write and execute a file, of all that its mode says.
+inline constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 
 /// An open file or folder, or none.
 class FileDescriptor {

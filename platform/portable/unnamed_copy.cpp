@@ -7,8 +7,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr mode_t kPermissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
-
 using Status = struct stat;
 
 /// What the file was made with is mostly right already, and to ask costs less than to change it.

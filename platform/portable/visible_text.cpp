@@ -7,6 +7,7 @@ namespace quorbind {
 namespace {
 
 constexpr char kDelete = 0x7F;
+constexpr std::string_view kHexadecimalDigits = "0123456789ABCDEF";
 /// The first byte of the two that stand for U+0080 to U+009F, the upper control characters.
 constexpr char kUpperControlLead = '\xC2';
 
@@ -32,9 +33,10 @@ bool rearranges(char32_t character) {
 constexpr char kRearrangingLead = '\xE2';
 
 void appendCode(std::string& target, char control) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   const unsigned char code = byteOf(control);
-  target.append("\\x").append(1, kDigits[code >> 4U]).append(1, kDigits[code & 0xFU]);
+  target.append("\\x")
+      .append(1, kHexadecimalDigits[code >> 4U])
+      .append(1, kHexadecimalDigits[code & 0xFU]);
 }
 
 bool isInsideCharacter(char byte) {
@@ -77,10 +79,9 @@ std::string visibleText(std::string_view text) {
 }
 
 std::string writtenOut(char32_t character) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string code;
   for (char32_t rest = character; rest > 0; rest >>= 4U) {
-    code.insert(code.begin(), kDigits[rest & 0xFU]);
+    code.insert(code.begin(), kHexadecimalDigits[rest & 0xFU]);
   }
   return "\\u{" + code + "}";
 }

@@ -18,7 +18,7 @@ constexpr std::string_view kUtf8Declaration = R"(<?xml version="1.0" encoding="U
 
 const std::string& beginningOfOurs() {
   static const std::string kBeginning = [] {
-    std::string bytes = "\xFF\xFE";
+    std::string bytes(kUtf16LittleEndianMark);
     appendUtf16LittleEndian(bytes, kUnicodeDeclaration);
     return bytes;
   }();

@@ -15,8 +15,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
 /// How a file in UTF-16 begins: with a mark, or with its first character.
 struct Utf16Beginning {
   std::string_view bytes;
@@ -75,8 +73,8 @@ std::optional<std::string> fromDeclaredCodePage(std::string_view bytes) {
 
 std::string decodedXml(std::string_view bytes) {
   for (const auto& [beginning, markLength, order] :
-       {Utf16Beginning{"\xFF\xFE"sv, 2, ByteOrder::kLittleEndian},
-        Utf16Beginning{"\xFE\xFF"sv, 2, ByteOrder::kBigEndian},
+       {Utf16Beginning{kUtf16LittleEndianMark, 2, ByteOrder::kLittleEndian},
+        Utf16Beginning{kUtf16BigEndianMark, 2, ByteOrder::kBigEndian},
         Utf16Beginning{"<\0"sv, 0, ByteOrder::kLittleEndian},
         Utf16Beginning{"\0<"sv, 0, ByteOrder::kBigEndian}}) {
     if (bytes.starts_with(beginning)) {

@@ -18,8 +18,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-
 /// What xmlDoc::standalone says besides 0 and 1.
 constexpr int kNoDeclaration = -1;
 constexpr int kNotStated = -2;
@@ -77,7 +75,7 @@ XmlWriter::Sink sinkInto(FileReplacement& file, const std::string& encoding) {
     return [&file](std::string_view text) { file.write(text); };
   }
   if (isUtf16(encoding)) {
-    file.write(kUtf16Mark);
+    file.write(kUtf16LittleEndianMark);
     return [&file, bytes = std::string()](std::string_view text) mutable {
       bytes.clear();
       appendUtf16LittleEndian(bytes, text);

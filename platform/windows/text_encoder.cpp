@@ -48,7 +48,7 @@ TextEncoder::TextEncoder(std::string_view encoding) : codePage_(codePageOf(encod
 }
 
 std::string_view TextEncoder::mark() const {
-  return codePage_ == kUtf16 ? "\xFF\xFE" : "";
+  return codePage_ == kUtf16 ? kUtf16LittleEndianMark : std::string_view();
 }
 
 std::string_view TextEncoder::encode(std::string_view utf8) {

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "platform/text_encoding.h"
+
 namespace quorbind {
 
 namespace {
@@ -20,8 +22,9 @@ class Markup {
  public:
   explicit Markup(ByteReader& bytes) : bytes_(bytes) {
     const std::string_view start = fillWithStart();
-    const bool isBigEndian = start.starts_with("\xFE\xFF"sv) || start.starts_with("\0<"sv);
-    const bool isLittleEndian = start.starts_with("\xFF\xFE"sv) || start.starts_with("<\0"sv);
+    const bool isBigEndian = start.starts_with(kUtf16BigEndianMark) || start.starts_with("\0<"sv);
+    const bool isLittleEndian =
+        start.starts_with(kUtf16LittleEndianMark) || start.starts_with("<\0"sv);
     unit_ = isBigEndian || isLittleEndian ? 2 : 1;
     low_ = isBigEndian ? 1 : 0;
   }

@@ -1,8 +1,10 @@
 #include "platform/workbooks/workbook_file.h"
 
 #include <cstddef>
+#include <optional>
 #include <utility>
 
+#include "platform/file_bytes.h"
 #include "platform/runtime_error.h"
 #include "platform/workbooks/compound_file.h"
 #include "platform/workbooks/workbook_refusal.h"
@@ -21,20 +23,11 @@ constexpr std::string_view kOlderBinaryStream = "Book";
 constexpr std::string_view kEncryptedStream = "EncryptedPackage";
 
 std::string readAll(FileSystem& files, std::string_view path) {
-  constexpr std::size_t kChunk = std::size_t{64} << 10U;
-  const std::unique_ptr<ByteReader> reader = files.open(path);
-  std::string bytes;
-  std::size_t count = 0;
-  do {
-    const std::size_t size = bytes.size();
-    bytes.resize(size + kChunk);
-    count = reader->read(bytes.data() + size, kChunk);
-    bytes.resize(size + count);
-    if (bytes.size() > kLargestFile) {
-      throw WorkbookRefusal("The file is larger than a workbook may be.");
-    }
-  } while (count > 0);
-  return bytes;
+  std::optional<std::string> bytes = bytesOf(files, path, kLargestFile);
+  if (!bytes) {
+    throw WorkbookRefusal("The file is larger than a workbook may be.");
+  }
+  return *std::move(bytes);
 }
 
 WorkbookTexts readCompound(std::string_view bytes) {
