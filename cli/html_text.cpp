@@ -1,9 +1,7 @@
 #include "cli/html_text.h"
 
-#include "platform/portable/text_cells.h"
 #include "platform/portable/visible_text.h"
 #include "platform/text.h"
-#include "platform/text_encoding.h"
 
 namespace quorbind {
 
@@ -26,12 +24,6 @@ std::string_view replacementFor(char character) {
   }
 }
 
-bool changesDirection(char32_t character) {
-  const bool isEmbedding = character >= U'\x202A' && character <= U'\x202E';
-  const bool isIsolate = character >= U'\x2066' && character <= U'\x2069';
-  return isEmbedding || isIsolate;
-}
-
 bool standsInLinks(char character) {
   constexpr std::string_view kOthers = "-._~";
   const bool isLetter =
@@ -44,17 +36,9 @@ bool standsInLinks(char character) {
 
 std::string htmlText(std::string_view text) {
   std::string html;
-  const std::string visible = visibleText(text);
-  for (std::string_view rest = visible; !rest.empty();) {
-    const Utf8Character character = firstUtf8Character(rest);
-    const std::string_view bytes = rest.substr(0, character.length);
-    if (changesDirection(character.codePoint)) {
-      html += writtenOut(character.codePoint);
-    } else {
-      const std::string_view replacement = replacementFor(rest.front());
-      html += replacement.empty() ? bytes : replacement;
-    }
-    rest.remove_prefix(character.length);
+  for (const char character : visibleText(text)) {
+    const std::string_view replacement = replacementFor(character);
+    html += replacement.empty() ? std::string_view(&character, 1) : replacement;
   }
   return html;
 }

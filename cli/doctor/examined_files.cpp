@@ -9,13 +9,11 @@
 #include "cli/paths.h"
 #include "platform/error_trap.h"
 #include "platform/paths.h"
-#include "platform/portable/sibling_replacement.h"
+#include "platform/temporary_name.h"
 
 namespace quorbind {
 
 namespace {
-
-constexpr std::size_t kNumberOfTemporary = 8;
 
 /// What a failure that concerns a file says of it.
 struct FileFailure {
@@ -39,13 +37,6 @@ FileFailure failureOf(const CommandFailure& failure, const std::string& path) {
   parts.reason =
       message.substr(std::min(message.find(kEndOfPlace) + kEndOfPlace.size(), message.size()));
   return parts;
-}
-
-bool isLeftover(std::string_view name) {
-  constexpr std::size_t kEnding =
-      kTemporaryInfix.size() + kNumberOfTemporary + kTemporaryExtension.size();
-  return name.size() > kEnding && name.ends_with(kTemporaryExtension) &&
-         name.substr(name.size() - kEnding).starts_with(kTemporaryInfix);
 }
 
 }  // namespace
@@ -93,7 +84,7 @@ FolderNames listFolder(FileSystem& files, Findings& findings, const std::string&
 
 void findLeftovers(Findings& findings, const std::string& folder, const FolderNames& names) {
   for (const std::string& name : names.files) {
-    if (isLeftover(name)) {
+    if (isTemporaryName(name)) {
       const std::string file = joinedPath(folder, name);
       findings.add(FindingKind::kLeftover, {file}, {}, deletingCommand(file));
     }

@@ -4,8 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
-#include <charconv>
 #include <climits>
 #include <filesystem>
 #include <optional>
@@ -14,6 +12,7 @@
 
 #include "platform/portable/extended_attributes.h"
 #include "platform/runtime_error.h"
+#include "platform/temporary_name.h"
 
 namespace quorbind {
 
@@ -63,13 +62,7 @@ std::optional<Status> statusOfOld(const std::string& path) {
 
 /// A name beside `target` that most likely nobody has.
 std::string siblingOf(const std::string& target) {
-  constexpr int kHexadecimal = 16;
-  std::array<char, 8> digits{};
-  const auto end = std::to_chars(
-      digits.data(), digits.data() + digits.size(), std::random_device{}(), kHexadecimal);
-  std::string ending(kTemporaryInfix);
-  ending.append(digits.data(), end.ptr).append(kTemporaryExtension);
-
+  const std::string ending = temporaryEnding(std::random_device{}());
   const std::size_t nameStart = target.rfind('/') + 1;
   return target.substr(0, nameStart) + target.substr(nameStart, NAME_MAX - ending.size()) + ending;
 }

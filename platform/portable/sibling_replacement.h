@@ -9,12 +9,6 @@
 
 namespace quorbind {
 
-/// What stands in the name of a temporary between the name of the file that it is to replace and a
-/// number of its own: `Quor_TOC.xml.quorbind-1c0ffee5.tmp`. A temporary that a killed process left
-/// behind is known by this, and may be deleted.
-inline constexpr std::string_view kTemporaryInfix = ".quorbind-";
-inline constexpr std::string_view kTemporaryExtension = ".tmp";
-
 /// Replaces a file by writing a temporary in the same folder and renaming it over the file.
 ///
 /// A symbolic link at the file's name stays; the file that it leads to is replaced. The temporary

@@ -57,6 +57,11 @@ std::string visibleLine(std::string_view line) {
 
 }  // namespace
 
+bool isObeyed(char32_t character) {
+  const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
+  return (isControl && character != '\t') || rearranges(character);
+}
+
 std::string visibleText(std::string_view text) {
   const std::string valid = toValidUtf8(text);
   std::string result;

@@ -12,6 +12,10 @@ namespace quorbind {
 /// like any other.
 std::string visibleText(std::string_view text);
 
+/// Whether a terminal may do something else with the character than show it, as above. A tab is
+/// none.
+bool isObeyed(char32_t character);
+
 /// `\u{202E}`
 std::string writtenOut(char32_t character);
 

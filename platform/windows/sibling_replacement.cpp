@@ -8,16 +8,13 @@
 #include <vector>
 
 #include "platform/runtime_error.h"
+#include "platform/temporary_name.h"
+#include "platform/windows/com_types.h"
 #include "platform/windows/system_error.h"
 
 namespace quorbind {
 
 namespace {
-
-/// What stands between the name of the file and a number in the name of its temporary. A temporary
-/// that a killed process left behind is known by this, and may be deleted.
-constexpr std::wstring_view kTemporaryInfix = L".quorbind-";
-constexpr std::wstring_view kTemporaryExtension = L".tmp";
 
 constexpr std::size_t kWriteSize = 65'536;
 constexpr std::size_t kLongestName = 255;
@@ -96,12 +93,7 @@ std::vector<std::byte> accessRightsOf(const std::wstring& path) {
 
 /// A name beside `target` that most likely nobody has.
 std::wstring siblingOf(const std::wstring& target) {
-  constexpr std::wstring_view kDigits = L"0123456789abcdef";
-  std::wstring ending(kTemporaryInfix);
-  for (unsigned number = std::random_device{}(), digit = 0; digit < 8; ++digit, number >>= 4U) {
-    ending.push_back(kDigits[number & 0xFU]);
-  }
-  ending.append(kTemporaryExtension);
+  const std::wstring ending = toWide(temporaryEnding(std::random_device{}()));
   const std::size_t nameStart = target.rfind(L'\\') + 1;
   return target.substr(0, nameStart) + target.substr(nameStart, kLongestName - ending.size()) +
          ending;

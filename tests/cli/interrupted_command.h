@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/portable/portable_file_system.h"
-#include "platform/portable/sibling_replacement.h"
 #include "platform/portable/xml_library.h"
+#include "platform/temporary_name.h"
 #include "tests/cli/library_subcommands.h"
 #include "tests/cli/system_calls.h"
 #include "tests/support/dates.h"

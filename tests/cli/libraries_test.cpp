@@ -136,6 +136,19 @@ TEST_F(Books, AsAnObject) {
             "}\n");
 }
 
+TEST_F(Books, AsAnObjectHaveNothingThatATerminalWouldObey) {
+  disk.write(kCatalogue,
+             catalogueWith(bookEntry("\xC2\x9B"
+                                     "2J|\xC2\x85|\x7F|\xE2\x80\xAE|\xC3\xA4|&#9;",
+                                     "X")));
+  EXPECT_EQ(inPlant({"books", "--json"}).out,
+            "{\n  \"format\": 1,\n"
+            "  \"books\": [\n"
+            "    \"\\u009b2J|\\u0085|\\u007f|\\u202e|\xC3\xA4|\\t\"\n"
+            "  ]\n"
+            "}\n");
+}
+
 TEST_F(Books, OfALibraryWithoutAny) {
   disk.write(kCatalogue, catalogueWith(""));
   EXPECT_EQ(inPlant({"books"}).out, "");

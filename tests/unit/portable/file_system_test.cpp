@@ -27,8 +27,8 @@
 
 #include "platform/portable/folder_index.h"
 #include "platform/portable/portable_file_system.h"
-#include "platform/portable/sibling_replacement.h"
 #include "platform/portable/system_call.h"
+#include "platform/temporary_name.h"
 #include "platform/text.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/small_disk.h"
