@@ -28,7 +28,7 @@ namespace {
 std::vector<std::string> namesOf(Wiring& wiring, const std::string& catalogue) {
   // The component says of every catalogue that does not load that its format is not valid; this
   // says why and where.
-  static_cast<void>(readCatalogue(wiring.module.platform, catalogue));
+  requireCatalogue(wiring.module.platform, catalogue);
   std::vector<std::string> names;
   callComponent(wiring, [&] { names = Book_Config(wiring.module).BookInfo(catalogue); });
   names = withoutLastEntry(std::move(names));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <utility>
 
 #include "catalogue/names.h"
@@ -49,6 +50,34 @@ ListedBook entryOf(const XmlNode& book) {
           .categories = categoriesOf(book)};
 }
 
+/// Tells whether a document has an element at a path, which it knows by its names alone.
+class ElementAt final : public XmlScanHandler {
+ public:
+  explicit ElementAt(std::string_view path) : path_(path, "/") {}
+
+  [[nodiscard]] bool isThere() const { return isThere_; }
+
+  void startElement(std::string_view name, const XmlScanAttributes& /*attributes*/) override {
+    if (matched_ == depth_ && matched_ < path_.count() && path_.at(matched_) == name) {
+      ++matched_;
+      isThere_ = isThere_ || matched_ == path_.count();
+    }
+    ++depth_;
+  }
+  void text(std::string_view /*text*/) override {}
+  void endElement(std::string_view /*name*/) override {
+    --depth_;
+    matched_ = std::min(matched_, depth_);
+  }
+
+ private:
+  Pieces path_;
+  /// How many elements are open, and how many of these, from the root, are of the path.
+  std::size_t depth_ = 0;
+  std::size_t matched_ = 0;
+  bool isThere_ = false;
+};
+
 const ListedBook& requireBook(const std::vector<ListedBook>& books,
                               std::string ListedBook::*stored,
                               const std::string& typed,
@@ -73,6 +102,17 @@ std::vector<ListedBook> readCatalogue(const Platform& platform, const std::strin
     }
   }
   return books;
+}
+
+void requireCatalogue(const Platform& platform, const std::string& path) {
+  requireReadable(platform.files, path, nativeName(path));
+  ElementAt list(kBooksPath);
+  if (const XmlLoadResult result = platform.xml.scan(path, list); !result) {
+    throw loadFailure(path, result);
+  }
+  if (!list.isThere()) {
+    throw missingElement(path, Pieces(kBooksPath, "/").last());
+  }
 }
 
 const ListedBook& requireBookNamed(const std::vector<ListedBook>& books,

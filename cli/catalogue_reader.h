@@ -26,6 +26,9 @@ struct ListedBook {
 /// read, does not parse, or lacks the list of books is a CommandFailure that says which and where.
 std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path);
 
+/// Fails as readCatalogue does, and takes no memory for the books.
+void requireCatalogue(const Platform& platform, const std::string& path);
+
 /// The first book that is called so, as a name is typed. Without one: a CommandFailure.
 const ListedBook& requireBookNamed(const std::vector<ListedBook>& books,
                                    const std::string& name,

@@ -172,7 +172,7 @@ void requireReplaceable(LibraryChange& change, bool mayBeLost) {
 std::string createCategories(LibraryChange& change, const CreateCategoriesArguments& arguments) {
   const LibraryPaths& paths = change.paths();
   // Where there is no catalogue, there is no library.
-  static_cast<void>(readCatalogue(change.platform(), paths.catalogue));
+  requireCatalogue(change.platform(), paths.catalogue);
   requireReplaceable(change, arguments.replace);
   requireDefaultCategories(change.platform(), paths);
   requireWritable(change.platform().files, paths.bookCategories);

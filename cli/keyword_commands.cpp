@@ -99,7 +99,7 @@ std::vector<std::string> booksWith(const std::string& word,
 void findKeyword(const FindKeywordArguments& arguments,
                  const LibraryPaths& library,
                  Wiring& wiring) {
-  static_cast<void>(readCatalogue(wiring.module.platform, library.catalogue));
+  requireCatalogue(wiring.module.platform, library.catalogue);
   const auto names = booksWith(
       arguments.word, readKeywords(wiring.module.platform, library.searchKeywords), wiring.locale);
   if (arguments.json) {

@@ -168,7 +168,7 @@ std::string mergeLinks(LibraryChange& change, const std::string& from) {
   const std::string& target = change.paths().linkIds;
   const std::string source = componentFile(from);
   // Where there is no catalogue, there is no library.
-  static_cast<void>(readCatalogue(change.platform(), change.paths().catalogue));
+  requireCatalogue(change.platform(), change.paths().catalogue);
   static_cast<void>(readExistingLinks(change.platform(), source));
   const std::size_t before = readLinks(change.platform(), target).size();
   requireWritable(change.platform().files, target);
@@ -186,7 +186,7 @@ ExitStatus runListLinks(const ListLinksArguments& arguments) {
   const LibraryPaths library(arguments.place.server, arguments.place.library);
   Wiring wiring(library.serverRoot, processTerminal(/*mayAsk=*/false));
   return runListing(wiring, arguments.json, [&] {
-    static_cast<void>(readCatalogue(wiring.module.platform, library.catalogue));
+    requireCatalogue(wiring.module.platform, library.catalogue);
     const Links links = readLinks(wiring.module.platform, library.linkIds);
     if (arguments.json) {
       printLinksAsJson(links);
@@ -206,7 +206,7 @@ ExitStatus runCheckLinks(const CheckLinksArguments& arguments) {
   Wiring wiring(library.serverRoot, processTerminal(/*mayAsk=*/false));
   LinkPlaces duplicates;
   const ExitStatus status = runListing(wiring, arguments.json, [&] {
-    static_cast<void>(readCatalogue(wiring.module.platform, library.catalogue));
+    requireCatalogue(wiring.module.platform, library.catalogue);
     duplicates = findDuplicates(wiring, arguments.place, library);
     reportDuplicates(arguments, duplicates, wiring);
   });

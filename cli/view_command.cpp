@@ -79,7 +79,7 @@ class Viewing {
       return;
     }
     // Where there is no catalogue, there is no library.
-    static_cast<void>(readCatalogue(wiring_.module.platform, server_.catalogue));
+    requireCatalogue(wiring_.module.platform, server_.catalogue);
     read(server_, arguments_.place.library);
   }
 

@@ -243,18 +243,15 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
                                     std::string_view source,
                                     std::int16_t /*reservedOverwrite*/,
                                     std::int16_t /*reservedDialog*/) {
-  if (!files_.fileExists(source)) {
+  const std::string from = files_.absolutePath(source);
+  if (!isThere(from)) {
     return false;
   }
-  const std::string from = files_.absolutePath(source);
   std::string to;
   bool isCopied = false;
   const bool isInPlace = ignoringErrors([&] {
                            to = targetFor(from, destination);
-                           if (!files_.sameFile(from, to)) {
-                             copyItself(from, to);
-                             isCopied = true;
-                           }
+                           isCopied = copyItself(from, to);
                          }) == 0;
   if (isCopied) {
     copyWhatBelongsTo(from, to, wasMovedIntoBookFolder(source, destination));
@@ -266,13 +263,21 @@ void ReferenceFileCopy::flush() {
   copies_->flush();
 }
 
-void ReferenceFileCopy::copyItself(const std::string& source, const std::string& target) {
+/// A book file may have been made a moment ago; documents stood before.
+bool ReferenceFileCopy::isThere(const std::string& source) {
+  return isXml(source) ? files_.fileExists(source) : listings_.hasFile(source);
+}
+
+bool ReferenceFileCopy::copyItself(const std::string& source, const std::string& target) {
   makeFolders(files_, folderOf(target));
-  if (isXml(source)) {
-    files_.copyFile(source, target);
-  } else {
-    copies_->copy(source, target);
+  if (!isXml(source)) {
+    return copies_->copy(source, target);
   }
+  const bool isInPlace = files_.sameFile(source, target);
+  if (!isInPlace) {
+    files_.copyFile(source, target);
+  }
+  return !isInPlace;
 }
 
 std::string ReferenceFileCopy::targetFor(std::string_view source,

@@ -55,7 +55,9 @@ class ReferenceFileCopy final : public FileCopy {
   void flush() override;
 
  private:
-  void copyItself(const std::string& source, const std::string& target);
+  [[nodiscard]] bool isThere(const std::string& source);
+  /// Answers false where both are one file.
+  bool copyItself(const std::string& source, const std::string& target);
   [[nodiscard]] std::string targetFor(std::string_view source, std::string_view destination) const;
   [[nodiscard]] bool wasMovedIntoBookFolder(std::string_view source,
                                             std::string_view destination) const;
