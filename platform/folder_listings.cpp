@@ -1,5 +1,6 @@
 #include "platform/folder_listings.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/error_trap.h"
@@ -32,6 +33,7 @@ bool isThere(const RunTimeError& error) {
 }  // namespace
 
 bool FolderListings::hasFile(const std::string& path) {
+  forgetSomeFolders();
   const std::string folderName(folderPartOf(path));
   const std::string_view name = fileNameOf(path);
   Folder& folder = folders_[folderName];
@@ -47,6 +49,13 @@ bool FolderListings::hasFile(const std::string& path) {
   }
   const auto found = folder.names->find(name);
   return found && (folder.names->at(*found) == name || files_.fileExists(path));
+}
+
+void FolderListings::forgetSomeFolders() {
+  if (folders_.size() >= mostFolders_) {
+    std::erase_if(folders_, [](const auto& folder) { return !folder.second.isListed; });
+    mostFolders_ = std::max(kMostFolders, 2 * folders_.size());
+  }
 }
 
 /// Nothing where a file that is there might be left out.

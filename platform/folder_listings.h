@@ -50,17 +50,22 @@ class FolderListings {
   [[nodiscard]] bool hasFile(const std::string& path);
 
  private:
+  static constexpr std::size_t kMostFolders = 10'000;
+
   struct Folder {
     std::size_t askedFor = 0;
     bool isListed = false;
     /// Of files; nothing for a folder that is not listed.
     std::optional<NameSet> names;
   };
+  /// Where they are too many: those that are not listed, as if nothing had been asked of them.
+  void forgetSomeFolders();
   [[nodiscard]] std::optional<NameSet> list(const std::string& folder);
 
   FileSystem& files_;
   const Locale& locale_;
   std::unordered_map<std::string, Folder> folders_;
+  std::size_t mostFolders_ = kMostFolders;
   std::size_t listedNames_ = 0;
 };
 

@@ -111,6 +111,19 @@ TEST_F(FolderListingsTest, AsksForEveryNameThatAFileMayHaveBesideTheListedOne) {
   EXPECT_EQ(files_.asked, 3);
 }
 
+TEST_F(FolderListingsTest, DoNotRememberEveryFolderThatWasAskedForOnce) {
+  for (int number = 0; number < 12; ++number) {
+    static_cast<void>(listings_.hasFile(pathOf(number)));
+  }
+  for (int folder = 0; folder < 20'000; ++folder) {
+    static_cast<void>(listings_.hasFile("C:\\" + std::to_string(folder) + "\\page.htm"));
+  }
+  for (int number = 0; number < 12; ++number) {
+    static_cast<void>(listings_.hasFile(pathOf(number)));
+  }
+  EXPECT_EQ(files_.listed, 0) << "the folder has been asked for 12 files as far as it knows";
+}
+
 /// A disk on which every folder has as many files, and letter case counts.
 class LargeFolders : public MemoryFiles {
  public:
