@@ -7,6 +7,7 @@
 #include "catalogue/book_config.h"
 #include "catalogue/names.h"
 #include "cli/component_call.h"
+#include "cli/failure.h"
 #include "cli/json_text.h"
 #include "cli/listing.h"
 #include "cli/paths.h"
@@ -46,6 +47,18 @@ void printPlace(const std::string& library, const std::string& catalogue, bool j
   }
 }
 
+/// The list is a document like any other, and its names may lead out of the server.
+void requireBelowServer(const LibraryPaths& server,
+                        const std::string& library,
+                        const std::string& catalogue) {
+  if (!catalogue.starts_with(server.serverRoot) ||
+      !staysBelow(std::string_view(catalogue).substr(server.serverRoot.size()))) {
+    throw CommandFailure(
+        ExitStatus::kRefused,
+        nativeName(server.selection) + ": the place of " + library + " is not on the server");
+  }
+}
+
 /// Runs what asks the server's list of libraries.
 template <typename Question>
 ExitStatus askSelection(const std::string& server, bool json, Question&& question) {
@@ -53,14 +66,14 @@ ExitStatus askSelection(const std::string& server, bool json, Question&& questio
   Wiring wiring(paths.serverRoot, processTerminal(/*mayAsk=*/false));
   return runListing(wiring, json, [&] {
     requireSelection(wiring.module.platform, paths);
-    question(wiring);
+    question(wiring, paths);
   });
 }
 
 }  // namespace
 
 ExitStatus runLibraries(const LibrariesArguments& arguments) {
-  return askSelection(arguments.server, arguments.json, [&](Wiring& wiring) {
+  return askSelection(arguments.server, arguments.json, [&](Wiring& wiring, const LibraryPaths&) {
     std::vector<std::string> names;
     callComponent(wiring, [&] { names = Book_Config(wiring.module).QuorNames(); });
     printLibraries(withoutLastEntry(std::move(names)), arguments.json);
@@ -68,12 +81,15 @@ ExitStatus runLibraries(const LibrariesArguments& arguments) {
 }
 
 ExitStatus runWhere(const WhereArguments& arguments) {
-  return askSelection(arguments.server, arguments.json, [&](Wiring& wiring) {
-    std::string catalogue;
-    callComponent(wiring,
-                  [&] { catalogue = Book_Config(wiring.module).QuorLocation(arguments.library); });
-    printPlace(arguments.library, nativeName(catalogue), arguments.json);
-  });
+  return askSelection(
+      arguments.server, arguments.json, [&](Wiring& wiring, const LibraryPaths& server) {
+        std::string catalogue;
+        callComponent(wiring, [&] {
+          catalogue = Book_Config(wiring.module).QuorLocation(arguments.library);
+        });
+        requireBelowServer(server, arguments.library, catalogue);
+        printPlace(arguments.library, nativeName(catalogue), arguments.json);
+      });
 }
 
 }  // namespace quorbind

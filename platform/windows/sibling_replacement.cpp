@@ -189,7 +189,11 @@ void SiblingReplacement::copyFrom(const std::wstring& source) {
   if (copied != ERROR_SUCCESS) {
     fail(copied);
   }
-  attributes_ = ::GetFileAttributesW(source.c_str()) & (kKeptAttributes | FILE_ATTRIBUTE_READONLY);
+  const DWORD attributes = ::GetFileAttributesW(source.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    fail(::GetLastError());
+  }
+  attributes_ = attributes & (kKeptAttributes | FILE_ATTRIBUTE_READONLY);
   ::SetFileAttributesW(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
   const DWORD opened = patience_.whenFree(temporary_, [&] {
     file_ = Handle(::CreateFileW(

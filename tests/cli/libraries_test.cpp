@@ -58,6 +58,19 @@ TEST_F(Libraries, WhereALibraryIsComesFromTheListAndNeedNotExist) {
   EXPECT_EQ(where("A & 'B'").out, "DISK/server/Other/Place/Quor_TOC.xml\n");
 }
 
+TEST_F(Libraries, APlaceThatLeadsOutOfTheServerIsRefused) {
+  for (const char* place : {"..\\evil", "Docs\\..\\..\\evil", "../evil", "Docs\\nul"}) {
+    writeSelection(std::string("<Quor><Quor_Name>Plant</Quor_Name><Quor_Location>") + place +
+                   "</Quor_Location></Quor>");
+    const Outcome outcome = where("Plant");
+    EXPECT_EQ(outcome.status, 1) << place;
+    EXPECT_EQ(outcome.out, "") << place;
+    EXPECT_EQ(outcome.err,
+              "critical: DISK/server/Docs/Quor_Selection.xml: the place of Plant is not on the "
+              "server\n");
+  }
+}
+
 TEST_F(Libraries, WhereALibraryIsAsAnObject) {
   const Outcome outcome = where("Plant", {"--json"});
   EXPECT_EQ(replaceAll(outcome.out, disk.path().string(), "DISK"),
