@@ -8,6 +8,7 @@
 #include "cli/failure.h"
 #include "cli/job_file.h"
 #include "cli/json_text.h"
+#include "cli/point_of_need.h"
 #include "cli/report.h"
 #include "cli/wiring.h"
 
@@ -43,6 +44,7 @@ ExitStatus runJob(const AddRequest& request) {
     job = readJobFile(wiring.files, *request.job, request);
     return ExitStatus::kDone;
   });
+  tellAccepted(status, wiring.ui.shown());
   if (status == ExitStatus::kDone) {
     return addAll(job.additions, job.stopsAtFirst, request.json);
   }

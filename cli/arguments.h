@@ -15,6 +15,7 @@ struct LibraryArguments {
 
 struct InitArguments {
   LibraryArguments place;
+  bool json = false;
 };
 
 struct AddArguments {
@@ -36,6 +37,7 @@ struct AddArguments {
 struct PrepareArguments {
   std::string toc;
   std::optional<std::string> output;
+  bool json = false;
 };
 
 struct CheckArguments {

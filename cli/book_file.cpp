@@ -121,7 +121,7 @@ class LinkScan final : public XmlScanHandler {
 void scanBookFile(const Platform& platform, const std::string& path, XmlScanHandler& scan) {
   requireReadable(platform.files, path, nativeName(path));
   if (const XmlLoadResult result = platform.xml.scan(path, scan); !result) {
-    throw loadFailure(path, result);
+    throw loadFailure(platform, path, result);
   }
 }
 

@@ -3,15 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iostream>
 
+#include "cli/line_place.h"
+#include "cli/marked_line.h"
 #include "cli/paths.h"
 #include "cli/toc_file.h"
 #include "platform/abandoned.h"
 #include "platform/file_bytes.h"
 #include "platform/file_system.h"
+#include "platform/platform.h"
 #include "platform/runtime_error.h"
 #include "platform/user_interface.h"
 #include "platform/xml_document.h"
+#include "toc/toc_check.h"
 
 namespace quorbind {
 
@@ -41,6 +46,15 @@ void concerning(std::string_view name, ExitStatus status, const std::function<vo
   }
 }
 
+/// Nothing where the line can't be shown.
+std::string markedLineOf(const Platform& platform,
+                         const std::string& path,
+                         std::size_t line,
+                         std::size_t column) {
+  const auto text = lineOfFile(platform, path, TocCheck::kXml, line);
+  return text ? markedLine(std::to_string(line), *text, column, 0) : std::string();
+}
+
 }  // namespace
 
 bool isWriteError(std::int32_t number) {
@@ -59,11 +73,15 @@ void writingOutput(std::string_view name, const std::function<void()>& step) {
   concerning(name, ExitStatus::kWriteFailed, step);
 }
 
-CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result) {
+CommandFailure loadFailure(const Platform& platform,
+                           const std::string& path,
+                           const XmlLoadResult& result) {
   const ExitStatus status = result.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
   const auto line = static_cast<std::size_t>(result.line);
   const auto column = static_cast<std::size_t>(result.column);
-  return {status, placeIn(nativeName(path), line, column) + result.reason};
+  return {status,
+          placeIn(nativeName(path), line, column) + result.reason,
+          markedLineOf(platform, path, line, column)};
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
@@ -79,6 +97,7 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
     return subcommand();
   } catch (const CommandFailure& failure) {
     ui.show(criticalMessage(failure.what()));
+    std::cerr << failure.help();
     return failure.status();
   } catch (const AlreadyTold& told) {
     return told.status();

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "cli/exit_status.h"
 
@@ -13,19 +14,23 @@ namespace quorbind {
 
 class FileSystem;
 class UserInterface;
+struct Platform;
 struct XmlLoadResult;
 
 /// Ends a subcommand with a message to the user and an exit status. Messages name files as this
 /// machine does: `FILE: what is wrong`, with the line as `FILE:LINE:`.
 class CommandFailure : public std::runtime_error {
  public:
-  CommandFailure(ExitStatus status, const std::string& message)
-      : std::runtime_error(message), status_(status) {}
+  /// `help` is shown under the message: lines ended by LF.
+  CommandFailure(ExitStatus status, const std::string& message, std::string help = {})
+      : std::runtime_error(message), status_(status), help_(std::move(help)) {}
 
   [[nodiscard]] ExitStatus status() const noexcept { return status_; }
+  [[nodiscard]] const std::string& help() const noexcept { return help_; }
 
  private:
   ExitStatus status_;
+  std::string help_;
 };
 
 /// Ends a subcommand whose user has been told why, by a box of the component or by an own answer.
@@ -53,9 +58,12 @@ void readingInput(std::string_view name, const std::function<void()>& step);
 /// CommandFailure: the write failed.
 void writingOutput(std::string_view name, const std::function<void()>& step);
 
-/// The failure to load the XML file at `path`, which the component names so. Without a line to
-/// blame it is not the contents that are wrong: the file can't be read.
-CommandFailure loadFailure(std::string_view path, const XmlLoadResult& result);
+/// The failure to load the XML file at `path`, which the component names so. It shows the line to
+/// blame with a mark under it; without such a line it is not the contents that are wrong: the file
+/// can't be read.
+CommandFailure loadFailure(const Platform& platform,
+                           const std::string& path,
+                           const XmlLoadResult& result);
 
 /// Fails unless there is a file at `path` that can be read. `name` is the user's name for it.
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name);

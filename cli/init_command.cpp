@@ -2,13 +2,18 @@
 
 #include <array>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/book_config.h"
 #include "catalogue/names.h"
 #include "cli/failure.h"
+#include "cli/json_text.h"
 #include "cli/paths.h"
+#include "cli/point_of_need.h"
+#include "cli/report.h"
 #include "cli/side_file_rules.h"
 #include "cli/wiring.h"
 #include "platform/paths.h"
@@ -29,6 +34,7 @@ class Initialisation {
  public:
   Initialisation(const InitArguments& arguments, Wiring& wiring)
       : library_(arguments.place.library),
+        json_(arguments.json),
         paths_(arguments.place.server, arguments.place.library),
         wiring_(wiring) {}
 
@@ -54,9 +60,21 @@ class Initialisation {
     } else if (!selection) {
       makeFile(paths_.selection, [this](XmlWriter& writer) { writeSelection(writer); });
     }
-    if (!changed_) {
+    if (written_.empty() && !json_) {
       std::cout << "Nothing to do: " << visibleText(library_) << " is complete.\n";
     }
+  }
+
+  /// How it ended, as one object.
+  void printAsJson(ExitStatus status) const {
+    Json object = {{"status", static_cast<int>(status)},
+                   {"library", library_},
+                   {"written", written_},
+                   {"messages", toJson(wiring_.ui.shown())}};
+    if (status != ExitStatus::kDone) {
+      object["note"] = written_.empty() ? kNothingWritten : "only a part was written";
+    }
+    printJson(object);
   }
 
  private:
@@ -85,7 +103,7 @@ class Initialisation {
     requireReadable(wiring_.files, paths_.selection, nativeName(paths_.selection));
     auto document = wiring_.xml.createDocument();
     if (const XmlLoadResult result = document->load(paths_.selection); !result) {
-      throw loadFailure(paths_.selection, result);
+      throw loadFailure(wiring_.module.platform, paths_.selection, result);
     }
     if (!listOf(*document)) {
       throw CommandFailure(ExitStatus::kNotParseable,
@@ -194,14 +212,18 @@ class Initialisation {
   template <typename Step>
   void written(const std::string& path, Step&& step) {
     writingOutput(nativeName(path), step);
-    changed_ = true;
-    std::cout << "wrote " << visibleText(nativeName(path)) << '\n';
+    written_.push_back(nativeName(path));
+    if (!json_) {
+      std::cout << "wrote " << visibleText(written_.back()) << '\n';
+    }
   }
 
   std::string library_;
+  bool json_ = false;
   LibraryPaths paths_;
   Wiring& wiring_;
-  bool changed_ = false;
+  /// Files and folders, in the order in which they were made.
+  std::vector<std::string> written_;
 };
 
 }  // namespace
@@ -209,10 +231,16 @@ class Initialisation {
 ExitStatus runInit(const InitArguments& arguments) {
   Wiring wiring(LibraryPaths(arguments.place.server, arguments.place.library).serverRoot,
                 processTerminal(/*mayAsk=*/false));
-  return reportingFailures(wiring.ui, [&] {
-    Initialisation(arguments, wiring).run();
+  Initialisation initialisation(arguments, wiring);
+  const ExitStatus status = reportingFailures(wiring.ui, [&] {
+    initialisation.run();
     return ExitStatus::kDone;
   });
+  tellAccepted(status, wiring.ui.shown());
+  if (arguments.json) {
+    initialisation.printAsJson(status);
+  }
+  return status;
 }
 
 }  // namespace quorbind

@@ -4,7 +4,9 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "cli/message_story.h"
 #include "platform/portable/visible_text.h"
 #include "platform/text_encoding.h"
 
@@ -12,49 +14,56 @@ namespace quorbind {
 
 namespace {
 
-void appendEscaped(std::string& target, char32_t character) {
+std::string escaped(char32_t character) {
   constexpr std::string_view kDigits = "0123456789abcdef";
-  target += "\\u";
+  std::string escape = "\\u";
   for (const unsigned shift : {12U, 8U, 4U, 0U}) {
-    target += kDigits[(character >> shift) & 0xFU];
+    escape += kDigits[(character >> shift) & 0xFU];
   }
+  return escape;
 }
 
-/// The same object with every character escaped that a terminal would obey; outside of its texts it
-/// has none but line ends.
-std::string showable(std::string_view json) {
-  std::string result;
-  result.reserve(json.size());
-  while (!json.empty()) {
-    const Utf8Character character = firstUtf8Character(json);
+/// Every character that a terminal would obey is escaped; outside of its texts an object has none
+/// but line ends.
+void printShowable(std::string_view json) {
+  std::size_t plain = 0;
+  while (plain < json.size()) {
+    const Utf8Character character = firstUtf8Character(json.substr(plain));
     if (isObeyed(character.codePoint) && character.codePoint != '\n') {
-      appendEscaped(result, character.codePoint);
+      std::cout << json.substr(0, plain) << escaped(character.codePoint);
+      json.remove_prefix(plain + character.length);
+      plain = 0;
     } else {
-      result.append(json, 0, character.length);
+      plain += character.length;
     }
-    json.remove_prefix(character.length);
   }
-  return result;
+  std::cout << json << '\n';
 }
 
 }  // namespace
 
 // Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
 // report.
-void printJson(const Json& members) {
+void printJson(Json members) {
   constexpr int kIndent = 2;
   Json object = {{"format", kJsonFormat}};
-  object.update(members);
-  std::cout << showable(object.dump(kIndent, ' ', false, Json::error_handler_t::replace)) << '\n';
+  for (auto& [name, value] : members.items()) {
+    object[name] = std::move(value);
+  }
+  printShowable(object.dump(kIndent, ' ', false, Json::error_handler_t::replace));
 }
 
 Json toJson(const std::vector<ShownMessage>& messages) {
   Json list = Json::array();
   for (const ShownMessage& message : messages) {
-    list.push_back({{"icon", wordFor(message.icon)},
-                    {"title", message.title},
-                    {"text", message.text},
-                    {"clipboard", message.clipboard ? Json(*message.clipboard) : Json(nullptr)}});
+    Json object = {{"icon", wordFor(message.icon)},
+                   {"title", message.title},
+                   {"text", message.text},
+                   {"clipboard", message.clipboard ? Json(*message.clipboard) : Json(nullptr)}};
+    if (const std::string_view accepted = acceptedInsteadOf(message.text); !accepted.empty()) {
+      object["expected"] = accepted;
+    }
+    list.push_back(std::move(object));
   }
   return list;
 }

@@ -15,9 +15,9 @@ using Json = nlohmann::ordered_json;
 inline constexpr int kJsonFormat = 1;
 
 /// Puts one object on the standard output: the number of its form, then `members`.
-void printJson(const Json& members);
+void printJson(Json members);
 
-/// The boxes of a run.
+/// The boxes of a run, each with what would be accepted instead of what it refuses.
 Json toJson(const std::vector<ShownMessage>& messages);
 
 }  // namespace quorbind

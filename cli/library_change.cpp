@@ -8,6 +8,7 @@
 
 #include "cli/failure.h"
 #include "cli/json_text.h"
+#include "cli/point_of_need.h"
 #include "platform/abandoned.h"
 #include "platform/portable/visible_text.h"
 #include "platform/text.h"
@@ -72,6 +73,7 @@ LibraryChange::LibraryChange(const LibraryArguments& place,
 ExitStatus LibraryChange::run(const std::function<std::string()>& work) {
   const ExitStatus status = attempt(work);
   wiring_.ui.unloadProgress();
+  tellAccepted(status, wiring_.ui.shown());
   if (status != ExitStatus::kDone) {
     std::cerr << "quorbind: " << visibleText(library_ + ": " + noteOfFailure()) << '\n';
   }

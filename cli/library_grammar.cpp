@@ -17,6 +17,7 @@ void offerInit(CLI::App& app, Task& task) {
             "Make a library: its folder, its catalogue, its entry in the server's list",
             runInit);
   addPlace(command, arguments.place);
+  addJson(command, arguments.json);
   command.footer("What is there already stays as it is. Nothing is done twice.");
 }
 

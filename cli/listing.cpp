@@ -1,6 +1,7 @@
 #include "cli/listing.h"
 
 #include "cli/failure.h"
+#include "cli/point_of_need.h"
 #include "cli/report.h"
 
 namespace quorbind {
@@ -10,6 +11,7 @@ ExitStatus runListing(Wiring& wiring, bool json, const std::function<void()>& li
     listing();
     return ExitStatus::kDone;
   });
+  tellAccepted(status, wiring.ui.shown());
   if (status != ExitStatus::kDone && json) {
     printFailure(status, wiring.ui.shown(), "nothing was shown");
   }

@@ -8,7 +8,7 @@
 namespace quorbind {
 
 /// Runs a subcommand that only shows something, which `listing` does. A failure is told to the
-/// user, and with `json` in one object as well.
+/// user, with what would be accepted instead, and with `json` in one object as well.
 ExitStatus runListing(Wiring& wiring, bool json, const std::function<void()>& listing);
 
 }  // namespace quorbind

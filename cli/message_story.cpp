@@ -23,11 +23,13 @@ bool holds(std::string_view text, std::string_view part) {
   return findIgnoringAsciiCase(text, part) != std::string_view::npos;
 }
 
+using Search = bool (*)(std::string_view text, std::string_view part);
+
 /// Whether the box `box` shows `text`, with anything in the place of a tag.
-bool isShownIn(std::string_view text, std::string_view box) {
+bool isShownIn(std::string_view text, std::string_view box, Search finds) {
   const Pieces pieces(text, kTagInRuleText);
-  return std::all_of(pieces.begin(), pieces.end(), [box](std::string_view piece) {
-    return holds(box, trimBlanks(piece));
+  return std::all_of(pieces.begin(), pieces.end(), [&](std::string_view piece) {
+    return finds(box, trimBlanks(piece));
   });
 }
 
@@ -43,7 +45,7 @@ std::vector<Explanation> explanationsWhere(Condition&& condition) {
 
 std::vector<Explanation> explanationsByText(std::string_view question) {
   const auto matches = [question](const Explanation& explanation) {
-    return holds(explanation.text, question) || isShownIn(explanation.text, question);
+    return holds(explanation.text, question) || isShownIn(explanation.text, question, holds);
   };
   std::vector<Explanation> whole = explanationsWhere([&](const Explanation& explanation) {
     return explanation.topic != Topic::kPart && matches(explanation);
@@ -63,13 +65,15 @@ std::vector<Explanation> explanationsFor(std::string_view question) {
 }
 
 std::string_view acceptedInsteadOf(std::string_view box) {
+  // Boxes show the texts letter for letter, and two of these differ in nothing but letter case.
   // What the table of contents itself says stands in front of the rule, on lines of its own.
   while (!box.empty()) {
     const std::size_t lineEnd = box.find_last_of("\r\n");
     const std::string_view line = lineEnd == std::string_view::npos ? box : box.substr(lineEnd + 1);
     const Explanation* longest = nullptr;
     for (const Explanation& explanation : kExplanations) {
-      const bool isRule = !explanation.accepted.empty() && isShownIn(explanation.text, line);
+      const bool isRule =
+          !explanation.accepted.empty() && isShownIn(explanation.text, line, contains);
       if (isRule && (longest == nullptr || explanation.text.size() > longest->text.size())) {
         longest = &explanation;
       }

@@ -7,12 +7,11 @@
 
 #include "cli/failure.h"
 #include "cli/paths.h"
-#include "cli/point_of_need.h"
 #include "cli/prepared_toc.h"
+#include "cli/report.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
-#include "platform/portable/visible_text.h"
 #include "platform/text_file.h"
 #include "toc/toc_check.h"
 
@@ -53,21 +52,23 @@ void writeFile(Wiring& wiring,
   writingOutput(output, [&] { file->commit(); });
 }
 
-ExitStatus refuse(Wiring& wiring, const TocFile& toc, const TocRefusal& refusal) {
+ExitStatus refuse(PreparationReport& report,
+                  Wiring& wiring,
+                  const TocFile& toc,
+                  const TocRefusal& refusal) {
   tellRefusal(wiring.ui, refusal);
-  const auto line =
+  report.place = refusal.place;
+  report.lineText =
       lineOfFile(wiring.module.platform, toc.path, TocCheck::kText, refusal.place.line);
-  std::cerr << helpWith(wiring.ui.shown(), refusal.place, line) << "quorbind: "
-            << visibleText(placeIn(toc.name, refusal.place.line, refusal.place.column))
-            << "nothing was written\n";
   return ExitStatus::kRefused;
 }
 
-ExitStatus prepare(const PrepareArguments& arguments, Wiring& wiring) {
+ExitStatus prepare(const PrepareArguments& arguments, PreparationReport& report, Wiring& wiring) {
   const TocFile toc(wiring.files, arguments.toc);
   const TocSurvey survey = surveyTextToc(wiring.module.platform, toc);
+  report.entries = survey.entries;
   if (survey.refusal) {
-    return refuse(wiring, toc, *survey.refusal);
+    return refuse(report, wiring, toc, *survey.refusal);
   }
   if (arguments.output) {
     writeFile(wiring, toc, survey, *arguments.output);
@@ -81,7 +82,12 @@ ExitStatus prepare(const PrepareArguments& arguments, Wiring& wiring) {
 
 ExitStatus runPrepare(const PrepareArguments& arguments) {
   Wiring wiring("", processTerminal(/*mayAsk=*/false));
-  return reportingFailures(wiring.ui, [&] { return prepare(arguments, wiring); });
+  PreparationReport report;
+  report.toc = arguments.toc;
+  report.output = arguments.output.value_or("");
+  report.status = reportingFailures(wiring.ui, [&] { return prepare(arguments, report, wiring); });
+  printPreparation(report, wiring.ui.shown(), arguments.json);
+  return report.status;
 }
 
 }  // namespace quorbind

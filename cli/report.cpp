@@ -19,13 +19,14 @@ namespace {
 
 constexpr const char* kNotAccepted = "not accepted";
 
-/// Whether the last box refused what was handed in. Violations of a workbook have been told one by
-/// one.
+/// Whether violations of a workbook have been told one by one.
 template <typename Report>
-bool isRefusal(const Report& report) {
-  return report.violations.empty() &&
-         (report.status == ExitStatus::kRefused || report.status == ExitStatus::kInputMissing ||
-          report.status == ExitStatus::kNotParseable);
+bool hasViolations(const Report& report) {
+  if constexpr (requires { report.violations; }) {
+    return !report.violations.empty();
+  } else {
+    return false;
+  }
 }
 
 Json toJson(const ListedBook& book) {
@@ -62,7 +63,7 @@ void addRefusal(Json& object, const Report& report, const std::vector<ShownMessa
   if (report.lineText) {
     object["text"] = *report.lineText;
   }
-  if (isRefusal(report) && !messages.empty()) {
+  if (isRefusal(report.status) && !hasViolations(report) && !messages.empty()) {
     addText(object, "expected", acceptedInsteadOf(messages.back().text));
   }
 }
@@ -82,9 +83,7 @@ void addViolations(Json& object, const std::vector<WorkbookViolation>& violation
     Json entry = Json::object();
     addPlace(entry, violation.cell);
     entry["text"] = violation.box.text;
-    if (violation.clipboard) {
-      entry["cell"] = *violation.clipboard;
-    }
+    addText(entry, "cell", violation.cellText);
     addText(entry, "expected", acceptedInsteadOf(violation.box.text));
     list.push_back(std::move(entry));
   }
@@ -155,14 +154,29 @@ void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>
     object["books"] = *report.books;
   }
   object["entries"] = report.entries;
-  object["missing"] = missing;
+  object["missing"] = std::move(missing);
   object["messages"] = toJson(messages);
   addRefusal(object, report, messages);
   addViolations(object, report.violations);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }
-  printJson(object);
+  printJson(std::move(object));
+}
+
+void printPreparationAsJson(const PreparationReport& report,
+                            const std::vector<ShownMessage>& messages) {
+  const bool isDone = report.status == ExitStatus::kDone;
+  Json object = {{"status", static_cast<int>(report.status)},
+                 {"written", isDone},
+                 {"file", report.output},
+                 {"entries", report.entries},
+                 {"messages", toJson(messages)}};
+  addRefusal(object, report, messages);
+  if (!isDone) {
+    object["note"] = kNothingWritten;
+  }
+  printJson(std::move(object));
 }
 
 void printBooksAsText(const std::vector<ListedBook>& books) {
@@ -226,14 +240,14 @@ void printBookAsJson(const ListedBook& book,
     object["missing"] = isMissing;
   }
   object["headings"] = list;
-  printJson(object);
+  printJson(std::move(object));
 }
 
 template <typename Report>
 void tellFailure(const Report& report,
                  const std::vector<ShownMessage>& messages,
                  const std::string& note) {
-  if (isRefusal(report)) {
+  if (isRefusal(report.status)) {
     std::cerr << helpWith(messages, report.place, report.lineText);
   }
   const std::string place = placeIn(report.toc, report.place.line, report.place.column);
@@ -280,6 +294,20 @@ void printCheck(const CheckReport& report, const std::vector<ShownMessage>& mess
     printCheckAsJson(report, messages);
   } else {
     printCheckAsText(report);
+  }
+}
+
+void printPreparation(const PreparationReport& report,
+                      const std::vector<ShownMessage>& messages,
+                      bool json) {
+  // What stands on the standard output when a write fails can't be taken back.
+  if (report.status == ExitStatus::kRefused) {
+    tellFailure(report, messages, kNothingWritten);
+  } else {
+    tellAccepted(report.status, messages);
+  }
+  if (json) {
+    printPreparationAsJson(report, messages);
   }
 }
 

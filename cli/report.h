@@ -89,6 +89,21 @@ struct CheckReport {
   std::vector<WorkbookViolation> violations;
 };
 
+/// Why the status is not 0, of a run that had something to write.
+inline constexpr const char* kNothingWritten = "nothing was written";
+
+/// How the preparation of a text ended.
+struct PreparationReport {
+  ExitStatus status = ExitStatus::kInternal;
+  std::string toc;
+  /// The file to write; empty for the standard output.
+  std::string output;
+  /// What was refused: its place and the whole line.
+  LinePlace place = {};
+  std::optional<std::string> lineText;
+  std::size_t entries = 0;
+};
+
 /// The end of a run that has nothing to report but its failure, as one JSON object. `note` says why
 /// the status is not 0.
 void printFailure(ExitStatus status,
@@ -103,6 +118,11 @@ Json toJson(const AdditionReport& report, const std::vector<ShownMessage>& messa
 
 /// Tells of a failure on the error output as well.
 void printCheck(const CheckReport& report, const std::vector<ShownMessage>& messages, bool json);
+
+/// Tells of a failure on the error output as well. Without `json` there is nothing else to tell.
+void printPreparation(const PreparationReport& report,
+                      const std::vector<ShownMessage>& messages,
+                      bool json);
 
 void printBooks(const std::vector<ListedBook>& books, bool json);
 /// `isMissing` tells whether a single document is not there.

@@ -10,7 +10,7 @@ std::unique_ptr<XmlDocument> loadRequired(const Platform& platform, const std::s
   requireReadable(platform.files, path, nativeName(path));
   auto document = platform.xml.createDocument();
   if (const XmlLoadResult result = document->load(path); !result) {
-    throw loadFailure(path, result);
+    throw loadFailure(platform, path, result);
   }
   return document;
 }

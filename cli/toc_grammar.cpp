@@ -137,10 +137,15 @@ void offerPrepare(CLI::App& app, Task& task) {
             "Write a text table of contents in the form that can be checked and converted",
             runPrepare);
   addToc(command, arguments.toc);
-  command
-      .add_option("-o,--output", arguments.output, "File to write; the standard output without it")
-      ->check(refusalOfEmptyText)
-      ->option_text("OUT");
+  CLI::Option* output =
+      command
+          .add_option(
+              "-o,--output", arguments.output, "File to write; the standard output without it")
+          ->check(refusalOfEmptyText)
+          ->option_text("OUT");
+  addJson(command, arguments.json);
+  // The standard output can't hold both.
+  command.get_option("--json")->needs(output);
   command.footer("'add' does this by itself. The text is written as UTF-8.");
 }
 

@@ -60,6 +60,8 @@ void takeNames(WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wi
     SurveyedBook& book = survey.books[unnamed.front()];
     book.name = rules->mstrCheckSpecialCharecters(*arguments.name);
     book.acronym = rules->mstrCheckSpecialCharecters(*arguments.acronym);
+    book.nameText.clear();
+    book.acronymText.clear();
   } else if (!wiring.mayAsk) {
     throw Abandoned(AbandonReason::kAnswerMissing,
                     (unnamed.size() == 1 ? "give --name and --acro, or the acronym in "
@@ -107,12 +109,14 @@ std::vector<WorkbookViolation> takenNames(const WorkbookSurvey& survey,
     const SurveyedBook& book = survey.books[index];
     const std::int32_t row = listRow(index);
     if (const auto box = names.takeName(book.name)) {
-      taken.push_back(
-          {.cell = {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn}, .box = *box});
+      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn},
+                       .box = *box,
+                       .cellText = book.nameText});
     }
     if (const auto box = names.takeAcronym(book.acronym)) {
-      taken.push_back(
-          {.cell = {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn}, .box = *box});
+      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn},
+                       .box = *box,
+                       .cellText = book.acronymText});
     }
   }
   return taken;

@@ -46,6 +46,7 @@ constexpr std::string_view kNotEmpty = text(RuleText::kWorkbookCellNotEmpty);
 constexpr std::string_view kNotExportable = text(RuleText::kWorkbookCellNotExportable);
 constexpr std::string_view kNoList = text(RuleText::kWorkbookWithoutList);
 constexpr std::string_view kAcronymTooLong = text(RuleText::kWorkbookAcronymTooLong);
+constexpr std::string_view kCategoryNotSought = text(RuleText::kWorkbookCategoryNotSought);
 
 /// Takes the boxes that rules show, so that they can be shown with their place.
 class BoxCollector final : public UserInterface {
@@ -125,6 +126,9 @@ class WorkbookSurveyor {
   std::string acceptedText(const CellPlace& cell, const std::string& cellText, Message label);
   void surveyAcronym(const CellPlace& cell, const std::string& acronym);
   void surveyKeywords(const CellPlace& cell, const SurveyedBook& book);
+  void surveyCategories(const CellPlace& cell,
+                        const std::vector<std::string>& list,
+                        SurveyedBook& book);
   void requireOwnNames(std::int32_t row, const SurveyedBook& book, bool isNamedByList);
 
   /// The levels of all books are looked at before the cells of each.
@@ -140,15 +144,22 @@ class WorkbookSurveyor {
   void refuse(const CellPlace& cell,
               UserMessage box,
               ExitStatus status = ExitStatus::kRefused,
-              std::optional<std::string> clipboard = std::nullopt) {
+              std::string cellText = {}) {
+    take({.cell = cell, .box = std::move(box), .cellText = std::move(cellText)}, status);
+  }
+  /// Offers what stands in the cell on the clipboard.
+  void refuseOffering(const CellPlace& cell, UserMessage box, const std::string& cellText) {
+    take({.cell = cell, .box = std::move(box), .clipboard = cellText, .cellText = cellText},
+         ExitStatus::kRefused);
+  }
+  void take(WorkbookViolation violation, ExitStatus status) {
     survey_.status = std::max(survey_.status, status);
     if (survey_.violations.size() < kMostViolations) {
-      survey_.violations.push_back(
-          {.cell = cell, .box = std::move(box), .clipboard = std::move(clipboard)});
+      survey_.violations.push_back(std::move(violation));
     }
   }
   void refuseCell(const CellPlace& cell, std::string_view error, const std::string& cellText) {
-    refuse(cell, boxOf(cell, error), ExitStatus::kRefused, cellText);
+    refuseOffering(cell, boxOf(cell, error), cellText);
   }
 
   const Platform& platform_;
@@ -181,7 +192,10 @@ std::unique_ptr<Workbook> WorkbookSurveyor::open() {
 void WorkbookSurveyor::surveyHeadings(Worksheet& sheet) {
   for (const ExcelColumn& column : kColumnsWithHeaders) {
     if (!hasExcelHeader(sheet, platform_.locale, column)) {
-      refuse({kHeadingSheet, kHeaderRow, column.number}, boxOf(column.refusal));
+      refuse({kHeadingSheet, kHeaderRow, column.number},
+             boxOf(column.refusal),
+             ExitStatus::kRefused,
+             sheet.cellText(kHeaderRow, column.number));
     }
   }
   const std::int32_t end = surveyRows(sheet);
@@ -195,7 +209,8 @@ void WorkbookSurveyor::surveyHeadings(Worksheet& sheet) {
   // The component reads a first book of one row again in the place of the second.
   if (survey_.books.size() > 1 && survey_.books.front().lastRow == kFirstRow) {
     const CellPlace cell{kHeadingSheet, kFirstRow, kLevelColumn};
-    refuse(cell, boxOf(cell, kOneRow));
+    refuse(
+        cell, boxOf(cell, kOneRow), ExitStatus::kRefused, sheet.cellText(kFirstRow, kLevelColumn));
   }
 }
 
@@ -207,7 +222,7 @@ std::int32_t WorkbookSurveyor::surveyRows(Worksheet& sheet) {
     }
     if (row > kLastRow) {
       const CellPlace cell{kHeadingSheet, row, kLevelColumn};
-      refuse(cell, boxOf(cell, kTooManyRows), ExitStatus::kNotParseable);
+      refuse(cell, boxOf(cell, kTooManyRows), ExitStatus::kNotParseable, level);
       return row;
     }
     ++survey_.entries;
@@ -220,10 +235,7 @@ void WorkbookSurveyor::surveyLevel(std::int32_t row, const std::string& cellText
   const CellPlace cell{kHeadingSheet, row, kLevelColumn};
   std::int16_t level = 0;
   if (const auto violation = readExcelLevel(row, kLevelColumn, cellText, level)) {
-    refuse(cell,
-           criticalMessage(violation->violation.message),
-           ExitStatus::kRefused,
-           violation->cellText);
+    refuseOffering(cell, criticalMessage(violation->violation.message), violation->cellText);
     return;
   }
   if (level == 1) {
@@ -235,7 +247,7 @@ void WorkbookSurveyor::surveyLevel(std::int32_t row, const std::string& cellText
     refuseCell(cell, kLevelJumps, cellText);
   } else if (level + 2 > kMaximumXmlDepth) {
     // A heading of level 2 stands inside two elements and has its name inside it.
-    refuse(cell, boxOf(cell, kLevelTooDeep), ExitStatus::kNotParseable);
+    refuse(cell, boxOf(cell, kLevelTooDeep), ExitStatus::kNotParseable, cellText);
   }
   deepestLevel_ = std::max(deepestLevel_, std::int32_t{level});
 }
@@ -291,7 +303,7 @@ void WorkbookSurveyor::surveyBook(Worksheet& sheet, SurveyedBook& book) {
   const std::string mainFile = sheet.cellText(book.firstRow, kFileColumn);
   book.place = statedPlaceOf(mainFile, static_cast<std::size_t>(book.firstRow));
   if (book.place.refusal) {
-    refuse(first, criticalMessage(*book.place.refusal), ExitStatus::kRefused, mainFile);
+    refuseOffering(first, criticalMessage(*book.place.refusal), mainFile);
   }
   for (std::int32_t row = book.firstRow; row <= book.lastRow; ++row) {
     const std::string document = sheet.cellText(row, kFileColumn);
@@ -305,8 +317,8 @@ void WorkbookSurveyor::surveyBook(Worksheet& sheet, SurveyedBook& book) {
       visitor_({kHeadingSheet, row, kFileColumn}, book.place.folder.value_or(""), document);
     }
   }
-  book.name =
-      rules_.mstrReplaceSpecialCharecters(trimBlanks(sheet.cellText(book.firstRow, kNameColumn)));
+  book.nameText = sheet.cellText(book.firstRow, kNameColumn);
+  book.name = rules_.mstrReplaceSpecialCharecters(trimBlanks(book.nameText));
 }
 
 void WorkbookSurveyor::surveyList(Worksheet* list) {
@@ -326,24 +338,22 @@ void WorkbookSurveyor::surveyList(Worksheet* list) {
 void WorkbookSurveyor::surveyListed(Worksheet& list, std::int32_t row, SurveyedBook& book) {
   const CellPlace nameCell{kBookSheet, row, kBookNameColumn};
   const CellPlace acronymCell{kBookSheet, row, kBookAcroColumn};
-  const std::string name =
-      acceptedText(nameCell, list.cellText(row, kBookNameColumn), Message::kBookNameLabel);
+  book.nameText = list.cellText(row, kBookNameColumn);
+  const std::string name = acceptedText(nameCell, book.nameText, Message::kBookNameLabel);
   if (!name.empty()) {
     book.name = name;
   }
   if (const auto refusal = refusalOfBookName(book.name)) {
-    refuse(nameCell, criticalMessage(*refusal), ExitStatus::kRefused, book.name);
+    refuseOffering(nameCell, criticalMessage(*refusal), book.name);
   }
-  book.acronym =
-      acceptedText(acronymCell, list.cellText(row, kBookAcroColumn), Message::kBookAcroLabel);
+  book.acronymText = list.cellText(row, kBookAcroColumn);
+  book.acronym = acceptedText(acronymCell, book.acronymText, Message::kBookAcroLabel);
   surveyAcronym(acronymCell, book.acronym);
   book.keywords = excelListOf(list.cellText(row, kKeywordsColumn));
   surveyKeywords({kBookSheet, row, kKeywordsColumn}, book);
-  for (const std::string& category : excelListOf(list.cellText(row, kCategoriesColumn))) {
-    if (!isBlank(category)) {
-      book.categories.emplace_back(trimBlanks(category));
-    }
-  }
+  surveyCategories({kBookSheet, row, kCategoriesColumn},
+                   excelListOf(list.cellText(row, kCategoriesColumn)),
+                   book);
 }
 
 std::string WorkbookSurveyor::acceptedText(const CellPlace& cell,
@@ -351,14 +361,14 @@ std::string WorkbookSurveyor::acceptedText(const CellPlace& cell,
                                            Message label) {
   const std::string_view value = trimBlanks(cellText);
   if (!rules_.CheckReplacedXMLCharacters(value, text(label))) {
-    refuse(cell, boxes_.take().value_or(UserMessage{}), ExitStatus::kRefused, cellText);
+    refuseOffering(cell, boxes_.take().value_or(UserMessage{}), cellText);
   }
   return rules_.mstrReplaceSpecialCharecters(value);
 }
 
 void WorkbookSurveyor::surveyAcronym(const CellPlace& cell, const std::string& acronym) {
   if (const auto refusal = refusalOfAcronym(acronym)) {
-    refuse(cell, criticalMessage(*refusal), ExitStatus::kRefused, acronym);
+    refuseOffering(cell, criticalMessage(*refusal), acronym);
   } else if (book_names::fileOf(acronym).size() > kLongestName) {
     refuseCell(cell, kAcronymTooLong, acronym);
   }
@@ -367,7 +377,23 @@ void WorkbookSurveyor::surveyAcronym(const CellPlace& cell, const std::string& a
 void WorkbookSurveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook& book) {
   for (const std::string& keyword : book.keywords) {
     if (const auto fault = findKeywordFault(trimBlanks(keyword))) {
-      refuse(cell, fault->box, ExitStatus::kRefused, keyword);
+      refuseOffering(cell, fault->box, keyword);
+    }
+  }
+}
+
+/// Categories are looked up between apostrophes. The component would leave out one that holds
+/// another, when its book is in the library already.
+void WorkbookSurveyor::surveyCategories(const CellPlace& cell,
+                                        const std::vector<std::string>& list,
+                                        SurveyedBook& book) {
+  for (const std::string& listed : list) {
+    const std::string category(trimBlanks(listed));
+    if (contains(category, "'")) {
+      refuseCell(cell, kCategoryNotSought, category);
+    }
+    if (!category.empty()) {
+      book.categories.push_back(category);
     }
   }
 }
@@ -378,10 +404,10 @@ void WorkbookSurveyor::requireOwnNames(std::int32_t row,
   const CellPlace nameCell = isNamedByList ? CellPlace{kBookSheet, row, kBookNameColumn}
                                            : CellPlace{kHeadingSheet, book.firstRow, kNameColumn};
   if (const auto box = taken_.takeName(book.name)) {
-    refuse(nameCell, *box);
+    refuse(nameCell, *box, ExitStatus::kRefused, book.nameText);
   }
   if (const auto box = taken_.takeAcronym(book.acronym)) {
-    refuse({kBookSheet, row, kBookAcroColumn}, *box);
+    refuse({kBookSheet, row, kBookAcroColumn}, *box, ExitStatus::kRefused, book.acronymText);
   }
 }
 

@@ -23,6 +23,8 @@ struct WorkbookViolation {
   UserMessage box;
   /// What is offered on the clipboard, where something is.
   std::optional<std::string> clipboard = std::nullopt;
+  /// What stands in the cell, as far as it helps to find it; empty for one that holds nothing.
+  std::string cellText = {};
 };
 
 /// One book of a workbook.
@@ -31,6 +33,9 @@ struct SurveyedBook {
   /// books has none; the acronym is empty then.
   std::string name;
   std::string acronym;
+  /// Both as they stand in the cells that give them; empty where no cell does.
+  std::string nameText;
+  std::string acronymText;
   std::vector<std::string> keywords;
   std::vector<std::string> categories;
   /// Where its first row says that it belongs.

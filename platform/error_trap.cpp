@@ -3,10 +3,15 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
+
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
 namespace {
+
+constexpr std::string_view kBeginning = text(RuleText::kRunTimeError);
 
 std::string wordError(const ErrorSource& source, const RunTimeError& error) {
   const std::string number = std::to_string(error.number());
@@ -14,9 +19,9 @@ std::string wordError(const ErrorSource& source, const RunTimeError& error) {
   const std::string sourceLine = "\r" + std::string(source.text);
   switch (source.wording) {
     case ErrorWording::kSourceLine:
-      return "Error(" + number + "): " + description + sourceLine;
+      return std::string(kBeginning) + number + "): " + description + sourceLine;
     case ErrorWording::kTightSourceLine:
-      return "Error(" + number + "):" + description + sourceLine;
+      return std::string(kBeginning) + number + "):" + description + sourceLine;
     case ErrorWording::kWideSourceLine:
       return "Error (" + number + " ):" + description + sourceLine;
     case ErrorWording::kInProcedure:

@@ -33,7 +33,7 @@ struct Explanation {
   /// The whole box, with signs for what stands elsewhere.
   std::string_view shown;
   std::string_view meaning;
-  /// Both are empty when the message tells of no fault.
+  /// Both are empty when the message tells of no fault, or of faults of many kinds.
   std::string_view accepted;
   std::string_view mending;
 };

@@ -4,8 +4,9 @@
 
 namespace quorbind {
 
-/// The texts without a number by which tables of contents and names are refused, by name. They
-/// stand with their explanations in explanations.def.
+/// The texts without a number by which tables of contents and names are refused, and that which
+/// begins the boxes of run-time errors, by name. They stand with their explanations in
+/// explanations.def.
 enum class RuleText {
 #define QUOR_EXPLANATION(name, topic, shown, meaning, accepted, mending)
 #define QUOR_RULE_TEXT(name, text, topic, shown, meaning, accepted, mending) name,

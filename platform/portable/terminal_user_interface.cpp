@@ -74,6 +74,12 @@ void TerminalUserInterface::show(const UserMessage& message) {
                    << std::endl;
 }
 
+void TerminalUserInterface::settle() {
+  for (ShownMessage& message : shown_) {
+    message.isSettled = true;
+  }
+}
+
 void TerminalUserInterface::putOnClipboard(std::string_view text) {
   if (!shown_.empty()) {
     shown_.back().clipboard = text;
@@ -115,6 +121,7 @@ void TerminalUserInterface::requirePerson(const ModalForm& form,
 void TerminalUserInterface::ask(ModalForm& form,
                                 const FormLayout& layout,
                                 const std::vector<std::string_view>& textBoxes) {
+  settle();
   terminal_.output << layout.caption << '\n';
   std::string label;
   for (const ControlLayout& control : layout.controls) {

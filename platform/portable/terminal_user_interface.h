@@ -39,6 +39,9 @@ struct ShownMessage {
   std::optional<std::string> clipboard = std::nullopt;
   /// Number of the run-time error that the box reports; 0 when it reports none.
   std::int32_t errorNumber = 0;
+  /// Nothing more is to be said about it: a person was asked again after it, or told how to mend
+  /// what it refuses.
+  bool isSettled = false;
 };
 
 /// The word that stands for an icon: `critical`, `information`, `message`.
@@ -53,6 +56,8 @@ class TerminalUserInterface final : public UserInterface {
 
   /// Every box so far, in order.
   [[nodiscard]] const std::vector<ShownMessage>& shown() const { return shown_; }
+  /// Notes that nothing more is to be said about the boxes so far.
+  void settle();
 
   void show(const UserMessage& message) override;
   void showModal(ModalForm& form) override;

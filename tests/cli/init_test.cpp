@@ -59,6 +59,82 @@ TEST_F(Init, MakesTheServersListTheDefaultCategoriesAndTheCatalogue) {
             "</Default_Categories>\n");
 }
 
+TEST_F(Init, TellsAProgramWhatItWrote) {
+  initLibrary();
+  const Words words{"init", "--server", "server", "--library", "Tools", "--json"};
+  const std::string beginning =
+      "{\n"
+      "  \"format\": 1,\n"
+      "  \"status\": 0,\n"
+      "  \"library\": \"Tools\",\n";
+  EXPECT_EQ(quorbind(words).out,
+            beginning +
+                "  \"written\": [\n"
+                "    \"DISK/server/Docs/Tools\",\n"
+                "    \"DISK/server/Docs/Tools/Quor_TOC.xml\",\n"
+                "    \"DISK/server/Docs/Tools/Quor_BookCategories.xml\",\n"
+                "    \"DISK/server/Docs/Quor_Selection.xml\"\n"
+                "  ],\n"
+                "  \"messages\": []\n"
+                "}\n");
+  EXPECT_EQ(quorbind(words).out,
+            beginning +
+                "  \"written\": [],\n"
+                "  \"messages\": []\n"
+                "}\n");
+}
+
+TEST_F(Init, TellsAProgramWhyALibraryIsRefused) {
+  initLibrary();
+  const Outcome outcome = quorbind({"init", "--server", "server", "--library", "plant", "--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"format\": 1,\n"
+            "  \"status\": 1,\n"
+            "  \"library\": \"plant\",\n"
+            "  \"written\": [],\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"plant would have the folder of the library Plant, which is there "
+            "already\",\n"
+            "      \"clipboard\": null\n"
+            "    }\n"
+            "  ],\n"
+            "  \"note\": \"nothing was written\"\n"
+            "}\n");
+}
+
+TEST_F(Init, TellsAProgramThatOnlyAPartWasWritten) {
+  initLibrary();
+  disk.remove("server/Docs/Quor_Selection.xml");
+  disk.makeFolder("server/Docs/Quor_Selection.xml");
+  const Outcome outcome = quorbind({"init", "--server", "server", "--library", "Tools", "--json"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"format\": 1,\n"
+            "  \"status\": 5,\n"
+            "  \"library\": \"Tools\",\n"
+            "  \"written\": [\n"
+            "    \"DISK/server/Docs/Tools\",\n"
+            "    \"DISK/server/Docs/Tools/Quor_TOC.xml\",\n"
+            "    \"DISK/server/Docs/Tools/Quor_BookCategories.xml\"\n"
+            "  ],\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"DISK/server/Docs/Quor_Selection.xml: Path/File access error\",\n"
+            "      \"clipboard\": null\n"
+            "    }\n"
+            "  ],\n"
+            "  \"note\": \"only a part was written\"\n"
+            "}\n");
+}
+
 TEST_F(Init, MakesTheCategoriesFileFromTheDefaultsOfTheServer) {
   initLibrary();
   disk.write("server/Docs/Quor_DefaultCategories.xml",

@@ -84,7 +84,11 @@ TEST_F(Libraries, ALibraryIsNamedInItsOwnLetterCase) {
   const Outcome outcome = where("plant", {"--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: Productplantis not present in Quor_TOC.xml\n");
-  EXPECT_EQ(outcome.out, refusalObject(1, "Productplantis not present in Quor_TOC.xml"));
+  EXPECT_EQ(outcome.out,
+            refusalObject(1,
+                          "Productplantis not present in Quor_TOC.xml",
+                          "The name of a library of the server, in its own letter "
+                          "case."));
 }
 
 TEST_F(Libraries, ALibraryWithoutAPlaceIsRefused) {

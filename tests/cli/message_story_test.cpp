@@ -45,6 +45,14 @@ TEST(MessageStory, IsFoundWhateverTagItsBoxShows) {
   EXPECT_THAT(namesFor("Start Tag <KBD> Does Not Have a End Tag"), ElementsAre("kStartTagAlone"));
 }
 
+TEST(MessageStory, OfARunTimeErrorIsFoundByItsBox) {
+  EXPECT_THAT(namesFor("Error(9): Subscript out of range\r\n"
+                       "Quorbind:CTOCToXML::mGenerateTypeAttribute"),
+              ElementsAre("kRunTimeError"));
+  EXPECT_THAT(namesFor("Error(91):Object variable or With block variable not set"),
+              ElementsAre("kRunTimeError"));
+}
+
 TEST(MessageStory, OfAPartIsFoundWhenNoWholeMessageIs) {
   EXPECT_THAT(namesFor("Line: 5"), ElementsAre("kLine"));
 }
@@ -68,6 +76,21 @@ TEST(MessageStory, ShowsNoSignThatStandsForNothing) {
   for (const Explanation& explanation : kExplanations) {
     EXPECT_EQ(shownBox(explanation).find_first_of("{}"), std::string::npos) << explanation.name;
   }
+}
+
+TEST(MessageStory, OfEachBoxSaysWhatIsAcceptedInsteadOfItAndOfNoOther) {
+  for (const Explanation& explanation : kExplanations) {
+    if (explanation.topic != Topic::kPart) {
+      EXPECT_EQ(acceptedInsteadOf(shownBox(explanation)), explanation.accepted) << explanation.name;
+    }
+  }
+}
+
+TEST(MessageStory, KnowsTextsApartThatDifferInLetterCaseAlone) {
+  EXPECT_EQ(acceptedInsteadOf("Error:Book should have at least one heading"),
+            "A book file, Book_ACRONYM.xml, with at least one HFile.");
+  EXPECT_EQ(acceptedInsteadOf("Error:Book Should Have at least one Heading"),
+            "At least one heading between <K1> and </K1>.");
 }
 
 TEST(MessageStory, HasATopicInOneWord) {

@@ -1,8 +1,10 @@
-// What a refusal of a table of contents tells beside the component's boxes, as it stands between
-// them and the closing line.
+// What a refusal tells beside the component's boxes, as it stands between them and the closing
+// line.
 
 #include "platform/text_encoding.h"
-#include "tests/cli/command_test.h"
+#include "tests/cli/library_test.h"
+#include "tests/support/excel_sheets.h"
+#include "tests/support/workbook_bytes.h"
 
 namespace quorbind::testing {
 namespace {
@@ -158,6 +160,167 @@ TEST_F(PointOfNeed, CutsALongLineAroundTheMark) {
 TEST_F(PointOfNeed, IsNotToldOfARunThatIsDone) {
   writeBook();
   EXPECT_EQ(quorbind({"check", "toc.txt"}).help, "");
+}
+
+TEST_F(PointOfNeed, SaysOfABookFileWithoutHeadingsWhatABookFileIs) {
+  disk.write("book.xml", "<a><b/></a>");
+  EXPECT_EQ(helpOf("book.xml"),
+            "accepted: A book file, Book_ACRONYM.xml, with at least one HFile.\n");
+}
+
+TEST_F(PointOfNeed, SaysOfEachBoxWhatIsAcceptedAndEachSentenceOnce) {
+  writeBook();
+  initLibrary();
+  EXPECT_EQ(addAlarms({"--keywords", "a b;c##d;e f"}).help,
+            "accepted: Single words, separated by ;.\n"
+            "accepted: Keywords without ##.\n");
+}
+
+TEST_F(PointOfNeed, TellsAProgramOfEachBoxWhatIsAccepted) {
+  writeBook();
+  initLibrary();
+  EXPECT_EQ(addAlarms({"--keywords", "a b;c##d", "--json"}).out,
+            "{\n"
+            "  \"format\": 1,\n"
+            "  \"status\": 1,\n"
+            "  \"added\": false,\n"
+            "  \"folder\": \"\",\n"
+            "  \"files\": [],\n"
+            "  \"missing\": [],\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"message\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"Search keyword should not have any spaces in between the "
+            "characters\",\n"
+            "      \"clipboard\": null,\n"
+            "      \"expected\": \"Single words, separated by ;.\"\n"
+            "    },\n"
+            "    {\n"
+            "      \"icon\": \"message\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"Search keyword should not contain '##' in it.\",\n"
+            "      \"clipboard\": null,\n"
+            "      \"expected\": \"Keywords without ##.\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"expected\": \"Keywords without ##.\",\n"
+            "  \"note\": \"nothing was added\"\n"
+            "}\n");
+}
+
+TEST_F(PointOfNeed, SaysThatABookNeedsANameAndAnAcronym) {
+  writeBook();
+  initLibrary();
+  EXPECT_EQ(add({"--name", "", "--acro", "ALM"}).help,
+            "accepted: A name and an acronym, neither of them blank.\n");
+}
+
+TEST_F(PointOfNeed, DoesNotAdviseAnAcronymThatIsRefusedNext) {
+  writeBook();
+  initLibrary();
+  EXPECT_EQ(
+      add({"--name", "Alarms", "--acro", "A&amp;B"}).help,
+      "accepted: In a name or a keyword the character itself, & < > \" or '; in an acronym or "
+      "a folder none of them.\n");
+  EXPECT_EQ(add({"--name", "Alarms", "--acro", "A&B"}).help,
+            "accepted: Letters, digits, - and _.\n");
+}
+
+TEST_F(PointOfNeed, ShowsTheCellOfAHeaderThatIsAnother) {
+  PaperSheet sheet = headingSheet({{"1", "The Lathe", "Lathe\\cover.htm"}});
+  sheet[0][2] = "NodeName";
+  disk.write("books.xlsx", workbookBytes(WorkbookKind::kXlsx, {sheet, bookSheet({{"L", "L"}})}));
+  EXPECT_EQ(helpOf("books.xlsx"),
+            "  C1 | NodeName\n"
+            "     | ^^^^^^^^\n"
+            "accepted: Node Name in C1, in any letter case.\n");
+}
+
+TEST_F(PointOfNeed, ShowsTheCellsOfANameAndAnAcronymThatAnotherBookHas) {
+  const std::string help =
+      "  A4 | R & D\n"
+      "     | ^^^^^\n"
+      "accepted: A name that no other book of the library has.\n"
+      "  B4 | RND\n"
+      "     | ^^^\n"
+      "accepted: An acronym that no other book of the library has.\n";
+  const std::vector<HeadingRow> headings{{"1", "The Lathe", "Lathe\\cover.htm"},
+                                         {"2", "Chuck", "chuck.htm"},
+                                         {"1", "The Saw", "Saw\\cover.htm"},
+                                         {"2", "Blade", "blade.htm"}};
+  disk.write(
+      "books.xlsx",
+      workbookBytes(WorkbookKind::kXlsx,
+                    {headingSheet(headings), bookSheet({{"R & D", "RND"}, {"R & D", "RND"}})}));
+  EXPECT_EQ(helpOf("books.xlsx"), help);
+
+  writeBook();
+  initLibrary();
+  EXPECT_EQ(add({"--name", "R & D", "--acro", "RND"}).status, 0);
+  disk.write(
+      "books.xlsx",
+      workbookBytes(WorkbookKind::kXlsx,
+                    {headingSheet(headings), bookSheet({{"Lathe", "LTH"}, {"R & D", "RND"}})}));
+  EXPECT_EQ(addFile("books.xlsx").help, help);
+}
+
+/// What is no table of contents.
+using PointOfNeedInALibrary = LibraryTest;
+
+TEST_F(PointOfNeedInALibrary, SaysOfAChangeWhatIsAccepted) {
+  EXPECT_EQ(inPlant({"rename", "Alarms", "--name", "A@quor@", "--acro", "A", "--yes"}).help,
+            "accepted: A name without @quor@.\n");
+  EXPECT_EQ(inPlant({"set", "Alarms", "--folder", "a:b"}).help,
+            "accepted: The name of one folder, without / and \\.\n");
+  EXPECT_EQ(inPlant({"keywords", "add", "Alarms", "a##b", "c d"}).help,
+            "accepted: Keywords without ##.\n"
+            "accepted: Single words, separated by ;.\n");
+  EXPECT_EQ(inPlant({"install",
+                     "server/Docs/Plant/Manual/alarms.htm",
+                     "--type",
+                     "html",
+                     "--name",
+                     "Alarms",
+                     "--acro",
+                     "NEW"})
+                .help,
+            "accepted: A name that no other book of the library has.\n");
+}
+
+TEST_F(PointOfNeedInALibrary, SaysOfAQuestionWhatIsAccepted) {
+  EXPECT_EQ(quorbind({"where", "Nowhere", "--server", "server"}).help,
+            "accepted: The name of a library of the server, in its own letter case.\n");
+  for (const Words& words : {Words{"books", "--in", "none.xlsx"}, Words{"prepare", "none.txt"}}) {
+    EXPECT_EQ(quorbind(words).help, "accepted: The name of a file that is there.\n");
+  }
+}
+
+TEST_F(PointOfNeedInALibrary, SaysOnceWhatIsAcceptedInAWorkbook) {
+  PaperSheet sheet = headingSheet({{"1", "The Lathe", "Lathe\\cover.htm"}, {"x", "A", "a.htm"}});
+  disk.write("books.xlsx", workbookBytes(WorkbookKind::kXlsx, {sheet, bookSheet({{"L", "L"}})}));
+  const std::string help =
+      "  A4 | x\n"
+      "     | ^\n"
+      "accepted: A whole number from 1.\n";
+  EXPECT_EQ(quorbind({"books", "--in", "books.xlsx"}).help, help);
+  EXPECT_EQ(quorbind({"check", "books.xlsx"}).help, help);
+  EXPECT_EQ(addFile("books.xlsx").help, help);
+}
+
+TEST_F(PointOfNeedInALibrary, ShowsTheLineOfALibraryFileThatDoesNotParse) {
+  const std::string damaged = "<Quor_Master>\n<Quor_Books>\n</Quor_Boks>\n";
+  const std::string help =
+      "  3 | </Quor_Boks>\n"
+      "    |             ^\n";
+  disk.write("other.xml", damaged);
+  EXPECT_EQ(inPlant({"merge", "--from", "other.xml"}).help, help);
+  disk.write(kCatalogue, damaged);
+  for (const Words& words : {Words{"books"}, Words{"delete", "Alarms", "--yes"}}) {
+    EXPECT_EQ(inPlant(words).help, help);
+  }
+  disk.write("server/Docs/Quor_Selection.xml", damaged);
+  EXPECT_EQ(inPlant({"init"}).help, help);
 }
 
 }  // namespace

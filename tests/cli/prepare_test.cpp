@@ -86,6 +86,64 @@ TEST_F(Prepare, ATableThatBreaksARuleIsRefused) {
   EXPECT_EQ(disk.read("out.txt"), "as it was");
 }
 
+TEST_F(Prepare, TellsAProgramWhatItWrote) {
+  writeBook();
+  const Outcome outcome = quorbind({"prepare", "toc.txt", "-o", "out.txt", "--json"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"format\": 1,\n"
+            "  \"status\": 0,\n"
+            "  \"written\": true,\n"
+            "  \"file\": \"out.txt\",\n"
+            "  \"entries\": 4,\n"
+            "  \"messages\": []\n"
+            "}\n");
+  EXPECT_EQ(disk.read("out.txt"), kPrepared);
+}
+
+TEST_F(Prepare, TellsAProgramWhatIsRefusedAndWhere) {
+  writeToc("\"1\" \"\" \"a.htm\" \"\"\n");
+  const Outcome outcome = quorbind({"prepare", "toc.txt", "-o", "out.txt", "--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out,
+            "{\n"
+            "  \"format\": 1,\n"
+            "  \"status\": 1,\n"
+            "  \"written\": false,\n"
+            "  \"file\": \"out.txt\",\n"
+            "  \"entries\": 0,\n"
+            "  \"messages\": [\n"
+            "    {\n"
+            "      \"icon\": \"critical\",\n"
+            "      \"title\": \"Quorbind\",\n"
+            "      \"text\": \"Line: \\\"1\\\" \\\"\\\" \\\"a.htm\\\" "
+            "\\\"\\\"\\rError:Node Name can not be Empty\",\n"
+            "      \"clipboard\": \"\\\"1\\\" \\\"\\\" \\\"a.htm\\\" "
+            "\\\"\\\"\",\n"
+            "      \"expected\": \"Any text that holds no quotation mark.\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"line\": 3,\n"
+            "  \"column\": 5,\n"
+            "  \"length\": 2,\n"
+            "  \"text\": \"\\\"1\\\" \\\"\\\" \\\"a.htm\\\" \\\"\\\"\",\n"
+            "  \"expected\": \"Any text that holds no quotation mark.\",\n"
+            "  \"note\": \"nothing was written\"\n"
+            "}\n");
+  EXPECT_FALSE(disk.has("out.txt"));
+}
+
+TEST_F(Prepare, AnObjectAndTheTextDoNotShareTheStandardOutput) {
+  writeBook();
+  const Outcome outcome = quorbind({"prepare", "toc.txt", "--json"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "--json requires --output\n"
+            "Run with --help for more information.\n");
+}
+
 TEST_F(Prepare, ATableThatIsNotThereIsMissingInput) {
   const Outcome outcome = quorbind({"prepare", "toc.txt"});
   EXPECT_EQ(outcome.status, 3);

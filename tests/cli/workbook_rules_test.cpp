@@ -263,6 +263,14 @@ TEST_P(WorkbookRules, TwoBooksOfOneName) {
                     refusal("Error:Book Acro LTH already Exists", "sheet 2, row 4, column 2"));
 }
 
+TEST_P(WorkbookRules, ACategoryThatCouldNotBeLookedUp) {
+  write(kHeadings, {{"Lathe", "LTH", "", "Mach'ines;Metal"}, {"Saw", "SAW"}});
+  expectRefused(1,
+                refusalOfCell("Row: 3 Column:4\nError:A category should hold no apostrophe",
+                              "Mach'ines",
+                              "sheet 2, row 3, column 4"));
+}
+
 TEST_P(WorkbookRules, EveryKeywordThatBreaksARule) {
   write(kHeadings, {{"Lathe", "LTH", "a##b;turning;two words"}, {"Saw", "SAW"}});
   expectRefused(1,

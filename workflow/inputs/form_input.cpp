@@ -4,6 +4,7 @@
 #include "platform/text.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
+#include "resources/rule_texts.h"
 #include "workflow/inputs/catalogue_check.h"
 
 namespace quorbind {
@@ -11,7 +12,7 @@ namespace quorbind {
 namespace {
 
 constexpr std::int16_t kXmlKind = 1;
-constexpr std::string_view kNameOrAcroMissing = "Book Name/Book Acro can not be null";
+constexpr std::string_view kNameOrAcroMissing = text(RuleText::kNameOrAcroMissing);
 
 void preset(TextBox& box, const std::string& value) {
   if (!value.empty()) {

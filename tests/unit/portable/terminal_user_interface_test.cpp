@@ -175,6 +175,23 @@ TEST_F(TerminalTest, TheRecordHoldsEveryBoxAsItWasGiven) {
   EXPECT_EQ(ui.shown()[1].clipboard, std::nullopt);
 }
 
+TEST_F(TerminalTest, ABoxIsSettledAsSoonAsAPersonIsAskedAgain) {
+  auto ui = withPerson("Alarms\nALM\n");
+  ui.show(criticalMessage("refused"));
+  EXPECT_FALSE(ui.shown()[0].isSettled);
+  ui.showModal(bookForm);
+  ui.show(criticalMessage("refused as well"));
+  EXPECT_TRUE(ui.shown()[0].isSettled);
+  EXPECT_FALSE(ui.shown()[1].isSettled);
+}
+
+TEST_F(TerminalTest, AFormThatTheFlagsAnswerSettlesNothing) {
+  auto ui = withoutPerson({name("Alarms"), acronym("ALM")});
+  ui.show(criticalMessage("refused"));
+  ui.showModal(bookForm);
+  EXPECT_FALSE(ui.shown()[0].isSettled);
+}
+
 // Answers given beforehand.
 
 TEST_F(TerminalTest, AFormThatTheFlagsAnswerIsNotShown) {
