@@ -108,7 +108,7 @@ void requireCatalogue(const Platform& platform, const std::string& path) {
   requireReadable(platform.files, path, nativeName(path));
   ElementAt list(kBooksPath);
   if (const XmlLoadResult result = platform.xml.scan(path, list); !result) {
-    throw loadFailure(path, result);
+    throw loadFailure(platform, path, result);
   }
   if (!list.isThere()) {
     throw missingElement(path, Pieces(kBooksPath, "/").last());
