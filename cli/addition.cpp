@@ -68,6 +68,7 @@ ExitStatus Addition::addBook() {
   }
   requireFolderInLibrary();
   requireNamesThatFit();
+  requireNamesInOwnLetters();
   if (run_.kind != TocCheck::kExcel) {
     requireRecordableLists();
     considerCategories();
@@ -106,6 +107,18 @@ bool Addition::flagsAreAccepted() {
     scratch.bookFolder.click("cmdOk");
   }
   return run_.wiring.ui.shown().size() == boxes;
+}
+
+/// The component finds a book that has the name or the acronym in the same letters only. In others
+/// it would write the new book's file over the older one's.
+void Addition::requireNamesInOwnLetters() {
+  holdBookDialogTo(run_.wiring, run_.library.catalogue);
+  if (formIsSpared(run_.arguments)) {
+    run_.requireOwnLetters(
+        *run_.arguments.name,
+        *run_.arguments.acronym,
+        {AbandonReason::kAnswerRefused, "other values are needed for --name and --acro"});
+  }
 }
 
 /// The component would leave what it refuses out, and add the book.

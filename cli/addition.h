@@ -37,6 +37,7 @@ class Addition final : private QuorBookEvents {
   void requireUsableSideFiles();
   [[nodiscard]] bool flagsAreAccepted();
   void requireRecordableLists();
+  void requireNamesInOwnLetters();
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
   [[nodiscard]] bool callComponent(const std::string& tocPath);

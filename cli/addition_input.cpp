@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "bookxml/names.h"
-#include "cli/book_file_survey.h"
 #include "cli/failure.h"
 #include "cli/page_survey.h"
 #include "cli/point_of_need.h"
@@ -123,8 +122,13 @@ AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
   }
   run_.statedPlace.folder = survey.folder;
   requireUsableLinks(toc);
-  if (asksFirst(run_.arguments) && !askForNames(toc)) {
+  if (!asksFirst(run_.arguments)) {
+    run_.requireOwnLetters(
+        survey.name, survey.acronym, {AbandonReason::kAnswerMissing, "give --name and --acro"});
+  } else if (!askForNames(toc)) {
     return ExitStatus::kRefused;
+  } else {
+    requireOwnBookFile(survey);
   }
   tellOfUnusedFolder();
   return toc.path;
@@ -141,6 +145,20 @@ void AdditionInput::requireUsableLinks(const TocFile& toc) {
   }
 }
 
+/// The book file keeps its name in the library, whatever the book is called there.
+void AdditionInput::requireOwnBookFile(const BookFileSurvey& survey) {
+  const Locale& locale = run_.wiring.locale;
+  const std::string name = book_names::fileOf(survey.acronym);
+  for (const ListedBook& book : run_.booksBefore) {
+    if (locale.compareText(book.folder, survey.folder) == 0 &&
+        locale.compareText(book.bookFile, name) == 0) {
+      throw CommandFailure(
+          ExitStatus::kRefused,
+          nativeName(bookFileOf(run_.library, book)) + ": it is the book file of " + titleOf(book));
+    }
+  }
+}
+
 /// The component adds the books of a workbook while it checks them. So nothing may be left that
 /// could refuse the second when the first is in the library.
 AdditionInput::Ready AdditionInput::readyWorkbook(const TocFile& toc) {
@@ -150,8 +168,7 @@ AdditionInput::Ready AdditionInput::readyWorkbook(const TocFile& toc) {
     return run_.survey.status;
   }
   takeNames(run_.survey, run_.arguments, run_.wiring);
-  // Where somebody can be asked, the dialog of the component asks.
-  if (!run_.wiring.mayAsk && isRefused(toc, takenNames(run_.survey, run_.booksBefore))) {
+  if (isRefused(toc, takenNames(run_.survey, run_.booksBefore, run_.wiring))) {
     return ExitStatus::kRefused;
   }
   considerFolders(run_.survey, run_.arguments, run_.wiring);

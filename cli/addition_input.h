@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/addition_run.h"
+#include "cli/book_file_survey.h"
 #include "cli/temporary_file.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
@@ -34,6 +35,7 @@ class AdditionInput {
   [[nodiscard]] Ready readyPage(const TocFile& toc);
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
   void requireUsableLinks(const TocFile& toc);
+  void requireOwnBookFile(const BookFileSurvey& survey);
   [[nodiscard]] Ready readyWorkbook(const TocFile& toc);
   [[nodiscard]] bool isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations);
   void requireUsableSideFilesOfBooks();

@@ -3,6 +3,8 @@
 #include "cli/failure.h"
 #include "cli/required_document.h"
 #include "cli/side_file_rules.h"
+#include "cli/taken_names.h"
+#include "platform/toolset.h"
 #include "toc/toc_check.h"
 
 namespace quorbind {
@@ -18,6 +20,19 @@ void AdditionRun::writing(const std::string& what, const std::function<void()>& 
   } catch (const CommandFailure&) {
     report.note = nothingAddedWithout(what);
     throw;
+  }
+}
+
+void AdditionRun::requireOwnLetters(const std::string& name,
+                                    const std::string& acronym,
+                                    const Abandoned& otherwise) {
+  const auto rules = wiring.toolset.createXmlTextRules();
+  if (const auto taken = takenInOtherLetterCase(wiring.locale,
+                                                booksBefore,
+                                                rules->mstrCheckSpecialCharecters(name),
+                                                rules->mstrCheckSpecialCharecters(acronym))) {
+    wiring.ui.show(*taken);
+    throw otherwise;
   }
 }
 

@@ -14,6 +14,7 @@
 #include "cli/toc_file.h"
 #include "cli/wiring.h"
 #include "cli/workbook_survey.h"
+#include "platform/abandoned.h"
 #include "toc/book_place.h"
 
 namespace quorbind {
@@ -39,6 +40,12 @@ struct AdditionRun {
 
   /// Runs a step that writes; `what` names the file, also in the note of a failure.
   void writing(const std::string& what, const std::function<void()>& step);
+
+  /// No book of the library has the name or the acronym in another letter case; with one that does
+  /// the run is given up, `otherwise`.
+  void requireOwnLetters(const std::string& name,
+                         const std::string& acronym,
+                         const Abandoned& otherwise);
 
   /// The side file at `path` loads and has the element that `query` finds, or it is not there; and
   /// it may be written.

@@ -69,6 +69,11 @@ LinePlace placeOf(const XmlTocRefusal& refusal,
   return {.line = refusal.line, .column = refusal.column, .length = length};
 }
 
+std::string textAt(const XmlDocument& book, std::string_view path) {
+  const XmlNode node = book.select(path);
+  return node ? node.text() : std::string();
+}
+
 }  // namespace
 
 BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
@@ -92,6 +97,8 @@ BookFileSurvey surveyBookFile(const Platform& platform, const TocFile& toc) {
   };
   addDocuments(book_names::kBookFile);
   survey.headings = addDocuments(book_names::kHeadingFile);
+  survey.name = textAt(*book, book_names::kNamePath);
+  survey.acronym = textAt(*book, book_names::kAcroPath);
   if (const XmlNode path = book->select(book_names::kPathPath)) {
     survey.folder = folderInBookPath(path.text());
   }

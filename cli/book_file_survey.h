@@ -28,6 +28,9 @@ struct BookFileSurvey {
   std::size_t headings = 0;
   /// The main file of its book and the documents of its headings, as it names them.
   std::vector<NamedDocument> documents;
+  /// What its book is called in it, in the stored form; empty where it does not say.
+  std::string name;
+  std::string acronym;
   /// The folder of its book below the library's; empty for the library's own.
   std::string folder;
   /// An element of its that states a place and that the installed copy has to state anew, when it

@@ -1,8 +1,11 @@
 #include "cli/book_flags.h"
 
+#include "cli/catalogue_reader.h"
 #include "cli/failure.h"
+#include "cli/taken_names.h"
 #include "platform/paths.h"
 #include "platform/text.h"
+#include "platform/toolset.h"
 #include "resources/form_layouts.h"
 
 namespace quorbind {
@@ -31,6 +34,24 @@ std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming) {
   const std::string form(layout::kBookInfo.name);
   return {{form, std::string(kNameBox), "--name", naming.name},
           {form, std::string(kAcronymBox), "--acro", naming.acronym}};
+}
+
+void holdBookDialogTo(Wiring& wiring, const std::string& catalogue) {
+  wiring.ui.holdFormsTo([&wiring, catalogue](const ModalForm& form) {
+    if (form.name() != layout::kBookInfo.name) {
+      return true;
+    }
+    const auto rules = wiring.toolset.createXmlTextRules();
+    const auto taken =
+        takenInOtherLetterCase(wiring.locale,
+                               readCatalogue(wiring.module.platform, catalogue),
+                               rules->mstrCheckSpecialCharecters(form.boxText(kNameBox)),
+                               rules->mstrCheckSpecialCharecters(form.boxText(kAcronymBox)));
+    if (taken) {
+      wiring.ui.show(*taken);
+    }
+    return !taken;
+  });
 }
 
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {

@@ -22,6 +22,10 @@ struct BookNaming {
 /// What the flags answer in the book dialog.
 std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming);
 
+/// From now on the book dialog takes no name or acronym that a book of the catalogue has in another
+/// letter case. The component finds only the same letters.
+void holdBookDialogTo(Wiring& wiring, const std::string& catalogue);
+
 /// Name and acronym obey the rules of the book dialog, as far as they are given.
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming);
 

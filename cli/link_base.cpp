@@ -29,16 +29,58 @@ fs::path topOf(const fs::path& folder) {
   return below.empty() ? fs::path() : *below.begin();
 }
 
-}  // namespace
+/// The folders that lead from `upper` down to `lower`, each as a link writes it and with its `/`;
+/// none where that lies elsewhere.
+std::vector<std::string> wayDown(const fs::path& upper, const fs::path& lower) {
+  const fs::path relative = lower.lexically_relative(upper);
+  std::vector<std::string> way;
+  if (!relative.empty() && relative != "." && *relative.begin() != "..") {
+    for (const fs::path& folder : relative) {
+      way.push_back(linkPiece(folder.string()) + "/");
+    }
+  }
+  return way;
+}
 
-std::string linkBase(const std::string& from, const std::string& target) {
-  const fs::path start = namedFolder(from);
-  const fs::path end = namedFolder(target);
-  if (topOf(start) == topOf(end)) {
+/// Folders of which nothing but the machine's root holds both are not moved together.
+bool mayMoveTogether(const fs::path& left, const fs::path& right) {
+  return topOf(left) == topOf(right);
+}
+
+std::string linkBetween(const fs::path& start, const fs::path& end) {
+  if (mayMoveTogether(start, end)) {
     return linkPath(end.lexically_relative(start).string());
   }
   const std::string path = end == end.root_path() ? std::string() : linkPath(end.string());
   return "file://" + path;
+}
+
+}  // namespace
+
+LinkBase::LinkBase(const std::string& from, const std::string& target) {
+  const fs::path start = namedFolder(from);
+  const fs::path end = namedFolder(target);
+  target_ = linkBetween(start, end);
+  if (mayMoveTogether(start, end)) {
+    way_ = wayDown(end, start);
+  }
+}
+
+std::string LinkBase::to(std::string_view file) const {
+  const std::string link = linkPath(file);
+  if (way_.empty()) {
+    return target_ + "/" + link;
+  }
+  std::string_view rest = link;
+  std::string up;
+  for (const std::string& folder : way_) {
+    if (up.empty() && rest.starts_with(folder)) {
+      rest.remove_prefix(folder.size());
+    } else {
+      up += "../";
+    }
+  }
+  return up.append(rest);
 }
 
 }  // namespace quorbind

@@ -1,28 +1,78 @@
 #include "cli/taken_names.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "resources/messages.h"
 
 namespace quorbind {
 
 namespace {
 
-std::optional<UserMessage> take(std::set<std::string>& taken,
-                                const std::string& text,
-                                Message beginning) {
-  if (text.empty() || taken.insert(text).second) {
+UserMessage boxOf(Message beginning, const std::string& text) {
+  return criticalMessage((beginning + text) + Message::kAlreadyExists);
+}
+
+template <typename Texts>
+std::optional<TakenName> take(Texts& taken, const std::string& text, Message beginning) {
+  if (text.empty()) {
     return std::nullopt;
   }
-  return criticalMessage((beginning + text) + Message::kAlreadyExists);
+  const auto [first, last] = taken.equal_range(text);
+  const bool isTaken = first != last;
+  const bool isExact = std::find(first, last, text) != last;
+  taken.insert(text);
+  return isTaken ? std::optional(TakenName{boxOf(beginning, text), isExact}) : std::nullopt;
+}
+
+/// Whether a book has the text in another letter case, and none has the text itself.
+bool isHeldInOtherLetterCase(const Locale& locale,
+                             const std::vector<ListedBook>& books,
+                             std::string ListedBook::*member,
+                             const std::string& text) {
+  bool isHeld = false;
+  for (const ListedBook& book : books) {
+    const std::string& held = book.*member;
+    if (held == text) {
+      return false;
+    }
+    isHeld = isHeld || (!held.empty() && locale.compareText(held, text) == 0);
+  }
+  return isHeld;
 }
 
 }  // namespace
 
-std::optional<UserMessage> TakenNames::takeName(const std::string& name) {
-  return take(names_, name, Message::kErrorBookName);
+TakenNames::TakenNames(const Locale& locale)
+    : names_([&locale](const std::string& left, const std::string& right) {
+        return locale.compareText(left, right) < 0;
+      }),
+      acronyms_(names_.key_comp()) {}
+
+void TakenNames::take(const ListedBook& book) {
+  static_cast<void>(takeName(book.name));
+  static_cast<void>(takeAcronym(book.acronym));
 }
 
-std::optional<UserMessage> TakenNames::takeAcronym(const std::string& acronym) {
-  return take(acronyms_, acronym, Message::kErrorBookAcro);
+std::optional<TakenName> TakenNames::takeName(const std::string& name) {
+  return quorbind::take(names_, name, Message::kErrorBookName);
+}
+
+std::optional<TakenName> TakenNames::takeAcronym(const std::string& acronym) {
+  return quorbind::take(acronyms_, acronym, Message::kErrorBookAcro);
+}
+
+std::optional<UserMessage> takenInOtherLetterCase(const Locale& locale,
+                                                  const std::vector<ListedBook>& books,
+                                                  const std::string& name,
+                                                  const std::string& acronym) {
+  if (isHeldInOtherLetterCase(locale, books, &ListedBook::name, name)) {
+    return boxOf(Message::kErrorBookName, readableName(name));
+  }
+  if (isHeldInOtherLetterCase(locale, books, &ListedBook::acronym, acronym)) {
+    return boxOf(Message::kErrorBookAcro, readableName(acronym));
+  }
+  return std::nullopt;
 }
 
 }  // namespace quorbind

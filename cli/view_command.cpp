@@ -90,7 +90,7 @@ class Viewing {
   /// A page that is printed lies, as far as can be told, in the current folder.
   [[nodiscard]] std::string page() const {
     const std::filesystem::path folder = std::filesystem::path(arguments_.output).parent_path();
-    const ViewPage page(linkBase(folder.empty() ? "." : folder.string(), arguments_.place.server));
+    const ViewPage page(LinkBase(folder.empty() ? "." : folder.string(), arguments_.place.server));
     return showsServer() ? page.ofServer(libraries_) : page.ofLibrary(libraries_.front());
   }
 

@@ -14,6 +14,10 @@ namespace {
 
 constexpr std::string_view kLinksTitle = "Link identifiers";
 
+/// Of lists in lists. Browsers put elements that stand in more than about five hundred others
+/// beside those, and a list has two for each level.
+constexpr std::size_t kDeepestList = 200;
+
 std::string tag(std::string_view name, std::size_t depth) {
   return std::string(name) + std::to_string(depth);
 }
@@ -177,7 +181,7 @@ class LibraryView {
   }
 
   [[nodiscard]] std::string linkTo(const FoundDocument& document) const {
-    return viewed_.linkBase + "/" + linkPath(document.file) +
+    return viewed_.linkBase.to(document.file) +
            (document.bookmark.empty() ? "" : "#" + linkPiece(document.bookmark));
   }
 
@@ -236,7 +240,8 @@ class LibraryView {
     bool isFirst = true;
     for (const LibraryHeading& heading : book.headings) {
       // A level that is left out makes none in the page.
-      const std::size_t depth = isFirst ? 0 : std::min(heading.heading.depth, open + 1);
+      const std::size_t depth =
+          isFirst ? 0 : std::min({heading.heading.depth, open + 1, kDeepestList});
       if (!isFirst) {
         html += depth > open ? "\n<ul>\n" : "</li>\n";
       }
@@ -256,9 +261,17 @@ class LibraryView {
 
   [[nodiscard]] std::string line(const LibraryHeading& heading) const {
     return linked(heading.document, " class=\"heading\"", legible(heading.heading.title)) +
+           levelBelowTheLists(heading.heading.depth) +
            (heading.document.isMissing()
                 ? faultMark("missing: " + isolatedText(heading.heading.document))
                 : "");
+  }
+
+  /// Of a heading that stands beside those above it; empty where its list shows the level.
+  static std::string levelBelowTheLists(std::size_t depth) {
+    return depth > kDeepestList
+               ? " <span class=\"count\">level " + std::to_string(depth + 1) + "</span>"
+               : "";
   }
 
   [[nodiscard]] std::string emptyCategories() const {

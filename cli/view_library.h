@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/library_model.h"
+#include "cli/link_base.h"
 
 namespace quorbind {
 
@@ -13,8 +14,8 @@ struct ViewedLibrary {
   const LibraryModel& library;
   /// Begins the names of places in the page, and differs from library to library.
   std::string prefix;
-  /// What stands in front of the names of files below the server's folder; see link_base.h.
-  std::string linkBase;
+  /// Of files below the server's folder.
+  const LinkBase& linkBase;
   /// The depth of the headings of its parts: 2 stands below the page's title.
   std::size_t depth = 2;
 };

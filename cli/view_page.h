@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/library_model.h"
+#include "cli/link_base.h"
 
 namespace quorbind {
 
@@ -18,14 +19,14 @@ inline constexpr std::string_view kPageBeginning =
 /// give the same bytes.
 class ViewPage {
  public:
-  /// `linkBase` is what link_base.h says of the page's folder and the server's.
-  explicit ViewPage(std::string linkBase) : linkBase_(std::move(linkBase)) {}
+  /// `linkBase` is that of the page's folder and the server's.
+  explicit ViewPage(LinkBase linkBase) : linkBase_(std::move(linkBase)) {}
 
   [[nodiscard]] std::string ofLibrary(const LibraryModel& library) const;
   [[nodiscard]] std::string ofServer(const std::vector<LibraryModel>& libraries) const;
 
  private:
-  const std::string linkBase_;
+  const LinkBase linkBase_;
 };
 
 }  // namespace quorbind

@@ -98,26 +98,29 @@ void tellOfUnusedRecords(const AddArguments& arguments, Wiring& wiring) {
 }
 
 std::vector<WorkbookViolation> takenNames(const WorkbookSurvey& survey,
-                                          const std::vector<ListedBook>& inLibrary) {
-  TakenNames names;
+                                          const std::vector<ListedBook>& inLibrary,
+                                          const Wiring& wiring) {
+  TakenNames names(wiring.locale);
   for (const ListedBook& book : inLibrary) {
-    static_cast<void>(names.takeName(book.name));
-    static_cast<void>(names.takeAcronym(book.acronym));
+    names.take(book);
   }
   std::vector<WorkbookViolation> taken;
+  const auto consider = [&](const std::optional<TakenName>& found,
+                            const CellPlace& cell,
+                            const std::string& cellText) {
+    if (found && !(found->isExact && wiring.mayAsk)) {
+      taken.push_back({.cell = cell, .box = found->box, .cellText = cellText});
+    }
+  };
   for (std::size_t index = 0; index < survey.books.size(); ++index) {
     const SurveyedBook& book = survey.books[index];
     const std::int32_t row = listRow(index);
-    if (const auto box = names.takeName(book.name)) {
-      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn},
-                       .box = *box,
-                       .cellText = book.nameText});
-    }
-    if (const auto box = names.takeAcronym(book.acronym)) {
-      taken.push_back({.cell = {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn},
-                       .box = *box,
-                       .cellText = book.acronymText});
-    }
+    consider(names.takeName(book.name),
+             {excel_toc::kBookSheet, row, excel_toc::kBookNameColumn},
+             book.nameText);
+    consider(names.takeAcronym(book.acronym),
+             {excel_toc::kBookSheet, row, excel_toc::kBookAcroColumn},
+             book.acronymText);
   }
   return taken;
 }

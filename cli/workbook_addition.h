@@ -26,8 +26,10 @@ void considerFolders(const WorkbookSurvey& survey, const AddArguments& arguments
 void tellOfUnusedRecords(const AddArguments& arguments, Wiring& wiring);
 
 /// The names and acronyms that the library has already, or that another book of the workbook is
-/// going to have.
+/// going to have, in whatever letter case. Where somebody can be asked, the component's dialog asks
+/// for those that are there in the same letters.
 std::vector<WorkbookViolation> takenNames(const WorkbookSurvey& survey,
-                                          const std::vector<ListedBook>& inLibrary);
+                                          const std::vector<ListedBook>& inLibrary,
+                                          const Wiring& wiring);
 
 }  // namespace quorbind

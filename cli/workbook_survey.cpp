@@ -170,7 +170,7 @@ class WorkbookSurveyor {
   ReferenceXmlTextRules rules_{boxes_};
   std::int32_t deepestLevel_ = 0;
   /// Of the books so far.
-  TakenNames taken_;
+  TakenNames taken_{platform_.locale};
 };
 
 std::unique_ptr<Workbook> WorkbookSurveyor::open() {
@@ -403,11 +403,11 @@ void WorkbookSurveyor::requireOwnNames(std::int32_t row,
                                        bool isNamedByList) {
   const CellPlace nameCell = isNamedByList ? CellPlace{kBookSheet, row, kBookNameColumn}
                                            : CellPlace{kHeadingSheet, book.firstRow, kNameColumn};
-  if (const auto box = taken_.takeName(book.name)) {
-    refuse(nameCell, *box, ExitStatus::kRefused, book.nameText);
+  if (const auto taken = taken_.takeName(book.name)) {
+    refuse(nameCell, taken->box, ExitStatus::kRefused, book.nameText);
   }
-  if (const auto box = taken_.takeAcronym(book.acronym)) {
-    refuse({kBookSheet, row, kBookAcroColumn}, *box, ExitStatus::kRefused, book.acronymText);
+  if (const auto taken = taken_.takeAcronym(book.acronym)) {
+    refuse({kBookSheet, row, kBookAcroColumn}, taken->box, ExitStatus::kRefused, book.acronymText);
   }
 }
 

@@ -243,8 +243,9 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
                                     std::string_view source,
                                     std::int16_t /*reservedOverwrite*/,
                                     std::int16_t /*reservedDialog*/) {
-  const std::string from = files_.absolutePath(source);
-  if (!isThere(from)) {
+  std::string from;
+  const bool isNamed = ignoringErrors([&] { from = files_.absolutePath(source); }) == 0;
+  if (!isNamed || !isThere(from)) {
     return false;
   }
   std::string to;

@@ -21,8 +21,12 @@
 
   const headingsOf = (book) => {
     const byItem = new Map();
-    return all(".tree li", book).map((item) => {
+    return all(".tree li", book).flatMap((item) => {
       const title = item.querySelector(".heading");
+      if (!title) {
+        // A browser's own doing, where lists stand in too many others.
+        return [];
+      }
       const heading = {
         item,
         title,

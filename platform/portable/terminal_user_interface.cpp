@@ -62,6 +62,10 @@ void TerminalUserInterface::showPathAs(std::string path, std::string name) {
   knownName_ = std::move(name);
 }
 
+void TerminalUserInterface::holdFormsTo(FormRule rule) {
+  rule_ = std::move(rule);
+}
+
 void TerminalUserInterface::show(const UserMessage& message) {
   shown_.push_back({.icon = message.icon,
                     .title = message.title.value_or(std::string(kDefaultTitle)),
@@ -93,7 +97,7 @@ void TerminalUserInterface::showModal(ModalForm& form) {
   const FormLayout& layout = layoutOf(form.name());
   std::vector<std::string_view> textBoxes = answers_.fillIn(form, layout);
   if (textBoxes.empty()) {
-    form.click(controlOf(layout, ControlKind::kDefaultButton));
+    submit(form, layout);
     textBoxes = textBoxesOf(layout);
   }
   while (form.isShown()) {
@@ -138,7 +142,13 @@ void TerminalUserInterface::ask(ModalForm& form,
       label.clear();
     }
   }
-  form.click(controlOf(layout, ControlKind::kDefaultButton));
+  submit(form, layout);
+}
+
+void TerminalUserInterface::submit(ModalForm& form, const FormLayout& layout) {
+  if (rule_(form)) {
+    form.click(controlOf(layout, ControlKind::kDefaultButton));
+  }
 }
 
 /// Asks for the value of one box; an empty answer leaves it as it is. False when the answers ended.

@@ -8,6 +8,7 @@
 // catalogue already, is asked on the terminal. Without a terminal the run is given up: `Abandoned`.
 
 #include <cstddef>
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -54,6 +55,13 @@ class TerminalUserInterface final : public UserInterface {
   /// From now on texts and labels show `path` as `name`, the name under which the user knows it.
   void showPathAs(std::string path, std::string name);
 
+  /// A rule of the host's for the values of a form. One that they break it tells in a box, and
+  /// answers false.
+  using FormRule = std::function<bool(const ModalForm&)>;
+  /// From now on a form whose values break the rule comes back, as one whose own handlers refuse
+  /// them does.
+  void holdFormsTo(FormRule rule);
+
   /// Every box so far, in order.
   [[nodiscard]] const std::vector<ShownMessage>& shown() const { return shown_; }
   /// Notes that nothing more is to be said about the boxes so far.
@@ -72,6 +80,7 @@ class TerminalUserInterface final : public UserInterface {
            const FormLayout& layout,
            const std::vector<std::string_view>& textBoxes);
   [[nodiscard]] bool askFor(ModalForm& form, std::string_view textBox, std::string_view label);
+  void submit(ModalForm& form, const FormLayout& layout);
   void leave(ModalForm& form, const FormLayout& layout);
   [[nodiscard]] std::optional<std::string> readAnswer();
 
@@ -80,6 +89,7 @@ class TerminalUserInterface final : public UserInterface {
 
   Terminal terminal_;
   PreparedAnswers answers_;
+  FormRule rule_ = [](const ModalForm& /*form*/) { return true; };
   std::string knownPath_;
   std::string knownName_;
   std::vector<ShownMessage> shown_;

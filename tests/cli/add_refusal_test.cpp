@@ -84,6 +84,36 @@ TEST_F(AddRefusal, AnAcronymThatTheCatalogueHasIsRefused) {
                 "--acro\n");
 }
 
+TEST_F(AddRefusal, ANameOrAnAcronymThatTheCatalogueHasInAnotherLetterCaseIsRefused) {
+  EXPECT_EQ(addAlarms().status, 0);
+  const std::string note =
+      "quorbind: toc.txt: nothing was added: other values are needed for --name and --acro\n";
+  expectRefusal({"--name", "alarms", "--acro", "NEW"},
+                1,
+                "critical: Error:Book Name alarms already Exists\n" + note);
+  expectRefusal({"--name", "New", "--acro", "alm"},
+                1,
+                "critical: Error:Book Acro alm already Exists\n" + note);
+}
+
+TEST_F(AddRefusal, AnAcronymInAnotherLetterCaseIsRefusedAlsoBesideANameThatTheCatalogueHas) {
+  EXPECT_EQ(addAlarms().status, 0);
+  expectRefusal({"--name", "Alarms", "--acro", "alm"},
+                1,
+                "critical: Error:Book Acro alm already Exists\n"
+                "quorbind: toc.txt: nothing was added: other values are needed for --name and "
+                "--acro\n");
+}
+
+TEST_F(AddRefusal, ANameWithMarkupThatTheCatalogueHasInAnotherLetterCaseIsToldAsItWasTyped) {
+  EXPECT_EQ(add({"--name", "R & D", "--acro", "RD"}).status, 0);
+  expectRefusal({"--name", "r & d", "--acro", "NEW"},
+                1,
+                "critical: Error:Book Name r & d already Exists\n"
+                "quorbind: toc.txt: nothing was added: other values are needed for --name and "
+                "--acro\n");
+}
+
 TEST_F(AddRefusal, NameAndAcronymPassTheRulesOfTheBookDialog) {
   expectRefusal({"--name", "Alarms", "--acro", "A/B"},
                 1,

@@ -1,4 +1,5 @@
 #include "tests/cli/command_test.h"
+#include "tests/support/catalogue_text.h"
 
 namespace quorbind::testing {
 namespace {
@@ -146,6 +147,30 @@ TEST_F(BookFile, WhoseNameTheCatalogueHasNeedsOtherFlags) {
             "critical: Error:Book Name Alarms already Exists\n"
             "quorbind: book.xml: nothing was added: other values are needed for --name and "
             "--acro\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, WhoseNameTheCatalogueHasInAnotherLetterCaseNeedsOtherFlags) {
+  writeBook();
+  disk.write("server/Docs/Plant/Quor_TOC.xml", catalogueWith(bookEntry("ALARMS", "OTH")));
+  const Tree before = disk.contents();
+  const Outcome outcome = addBook();
+  EXPECT_EQ(outcome.status, 6);
+  EXPECT_EQ(outcome.err,
+            "critical: Error:Book Name Alarms already Exists\n"
+            "quorbind: book.xml: nothing was added: give --name and --acro\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, IsNotWrittenOverThatOfAnotherBook) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  const Tree before = disk.contents();
+  const Outcome outcome = addBook({"--name", "Other", "--acro", "OTH"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the book file of Alarms "
+            "(ALM)\nquorbind: book.xml: nothing was added\n");
   EXPECT_EQ(disk.contents(), before);
 }
 

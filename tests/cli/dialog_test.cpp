@@ -68,6 +68,24 @@ TEST_F(Dialogs, AskAgainForANameThatTheCatalogueHas) {
   EXPECT_EQ(session.finish().status, 0);
 }
 
+TEST_F(Dialogs, AskAgainForAnAcronymThatTheCatalogueHasInAnotherLetterCase) {
+  EXPECT_EQ(addAlarms().status, 0);
+  TerminalSession session(addCommand({"--name", "More Alarms"}));
+  session.waitFor("Book Acro: ");
+  session.typeLine("alm");
+  session.waitFor("Error:Book Acro alm already Exists\n");
+  session.waitFor("Book Name: [More Alarms] ");
+  session.typeLine("");
+  session.waitFor("Book Acro: [alm] ");
+  session.typeLine("NEW");
+  session.waitFor("Added More Alarms (NEW)");
+  EXPECT_EQ(session.finish().status, 0);
+  EXPECT_EQ(books(),
+            "ACRONYM  NAME         FOLDER\n"
+            "ALM      Alarms       Manual\n"
+            "NEW      More Alarms  Manual\n");
+}
+
 TEST_F(Dialogs, GiveTheBookAndItsKeywordsOneNameAlsoAfterADuplicate) {
   EXPECT_EQ(addAlarms().status, 0);
   TerminalSession session(

@@ -238,6 +238,15 @@ TEST_F(HtmlPage, WithANameThatTheCatalogueHasIsNotAdded) {
                 "--acro\n");
 }
 
+TEST_F(HtmlPage, WithANameThatTheCatalogueHasInAnotherLetterCaseIsNotAdded) {
+  disk.write("toc.htm", "<K1><A HREF=\"Manual/a.htm\">A</A></K1>");
+  EXPECT_EQ(addFile("toc.htm", {"--name", "ALARMS", "--acro", "OTH"}).status, 0);
+  expectRefusal(1,
+                "critical: Error:Book Name Alarms already Exists\n"
+                "quorbind: toc.htm: nothing was added: other values are needed for --name and "
+                "--acro\n");
+}
+
 TEST_F(HtmlPage, WhoseFirstHeadingLeadsOutOfTheLibraryIsNotAdded) {
   disk.write("toc.htm", "<p>\n<K1><A HREF=\"../Manual/a.htm\">A</A><IBD><A1></IBD></K1>");
   expectRefusal(1,

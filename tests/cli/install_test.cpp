@@ -52,6 +52,14 @@ class Install : public LibraryTest {
   }
 };
 
+TEST_F(Install, ANameThatTheCatalogueHasInAnotherLetterCaseIsRefused) {
+  expectRefusal({"install", "in/plan.htm", "--type", "t", "--name", "ALARMS", "--acro", "N"},
+                1,
+                "critical: Error:Book Name ALARMS already Exists\n"
+                "quorbind: Plant: nothing was changed: other values are needed for --name and "
+                "--acro\n");
+}
+
 TEST_F(Install, EntersTheDocumentAndCopiesItIntoAFolderOfItsOwn) {
   const Outcome outcome = inPlant(plan());
   EXPECT_EQ(outcome.status, 0);

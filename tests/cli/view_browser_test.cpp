@@ -30,6 +30,36 @@ class ViewInABrowser : public CommandTest {
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     return outcome.out;
   }
+  /// Opens a page in which a script does what a person would do, and answers it as it is when all
+  /// that this brings about is over.
+  [[nodiscard]] std::string used(const std::string& script,
+                                 const std::string& fragment = "") const {
+    const std::string page = withoutPolicy(disk.read("library.html"));
+    disk.write("used.html", replaceAll(page, "</body>", "<script>" + script + "</script></body>"));
+    const Outcome outcome = runHere(
+        browser({"--virtual-time-budget=3000", "--dump-dom", address("used.html", fragment)}));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return outcome.out;
+  }
+  /// A page whose policy doesn't keep a test's script out.
+  static std::string withoutPolicy(const std::string& page) {
+    const std::size_t policy = page.find("<meta http-equiv");
+    return page.substr(0, policy) + page.substr(page.find('\n', policy));
+  }
+  /// What a script left for the test as the title of the page's body.
+  static std::string saidBy(const std::string& page) {
+    return piecesOf(page, "<body title=\"", "\"").front();
+  }
+  /// The places of the books whose headings are open.
+  static Words openBooks(const std::string& page) {
+    Words places;
+    for (const std::string& book : piecesOf(page, "<article ", "</article>")) {
+      if (book.find("<details open") != std::string::npos) {
+        places.push_back(piecesOf(book, "id=\"", "\"").front());
+      }
+    }
+    return places;
+  }
   [[nodiscard]] std::string searchedFor(const std::string& words) const {
     return opened("library.html", "q=" + words);
   }
@@ -204,6 +234,79 @@ TEST_F(ViewInABrowser, TakesNoMarkupFromItsAddress) {
   EXPECT_EQ(page.find("id=\"x\""), std::string::npos);
 }
 
+TEST_F(ViewInABrowser, GoesToTheSearchAtASlashThatIsNotTypedThere) {
+  const std::string press =
+      "const press = (target) => target.dispatchEvent("
+      "new KeyboardEvent('keydown', {key: '/', bubbles: true, cancelable: true}));";
+  EXPECT_EQ(
+      saidBy(used(press + "const isTyped = press(document.body);"
+                          "document.body.title = document.activeElement.id + ' ' + isTyped;")),
+      "q false");
+  EXPECT_EQ(saidBy(used(press +
+                        "document.body.title = 'typed: ' + press(document.getElementById('q'));")),
+            "typed: true");
+}
+
+TEST_F(ViewInABrowser, SearchesForWhatIsTypedAndKeepsItInItsAddress) {
+  const std::string page = used(
+      "const field = document.getElementById('q');"
+      "field.value = 'the antenna';"
+      "field.dispatchEvent(new Event('input', {bubbles: true}));"
+      "setTimeout(() => { document.body.title = location.hash; }, 1000);");
+  EXPECT_EQ(shownBooks(page), (Words{"WMH"}));
+  EXPECT_EQ(markedHeadings(page), (Words{"The antenna"}));
+  EXPECT_EQ(status(page), "Found 1 book, 1 heading");
+  EXPECT_EQ(saidBy(page), "#q=the%20antenna");
+}
+
+TEST_F(ViewInABrowser, ForgetsItsSearchAtEscape) {
+  const std::string page = used(
+      "const field = document.getElementById('q');"
+      "field.dispatchEvent(new KeyboardEvent('keydown', {key: 'Escape', bubbles: true}));"
+      "document.body.title = `value '${field.value}', address '${location.hash}'`;",
+      "q=antenna");
+  EXPECT_EQ(saidBy(page), "value '', address ''");
+  EXPECT_EQ(shownBooks(page), (Words{"WMH", "PST", "SAF"}));
+  EXPECT_EQ(markedHeadings(page), Words());
+  EXPECT_EQ(openBooks(page), Words());
+  EXPECT_EQ(status(page), "");
+}
+
+TEST_F(ViewInABrowser, OpensAndClosesTheHeadingsOfAllBooks) {
+  const std::string click = "const click = (id) => document.getElementById(id).click();";
+  EXPECT_EQ(openBooks(used(click + "click('open');")), (Words{"b2", "b1", "b3"}));
+  EXPECT_EQ(openBooks(used(click + "click('open'); click('close');")), Words());
+  EXPECT_EQ(openBooks(used(click + "click('open');", "q=saf%20xyz")), Words())
+      << "a book that is not shown";
+}
+
+TEST_F(ViewInABrowser, ShowsThePlaceThatALinkOfItsLeadsToWhateverWasSearched) {
+  const std::string page = used("location.hash = '#b1';", "q=zzz");
+  EXPECT_EQ(shownBooks(page), (Words{"WMH", "PST", "SAF"}));
+  EXPECT_EQ(openBooks(page), (Words{"b1"}));
+  EXPECT_EQ(status(page), "");
+}
+
+TEST_F(ViewInABrowser, SearchesABookWhoseHeadingsStandTooDeepForLists) {
+  std::string toc = "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"\n\n";
+  for (int level = 1; level <= 254; ++level) {
+    const std::string number = std::to_string(level);
+    toc += "\"" + number + "\" \"Step " + number + "\" \"Deep\\a.htm\" \"\"\n";
+  }
+  disk.write("deep.txt", toc);
+  EXPECT_EQ(addFile("deep.txt", {"--name", "Deep", "--acro", "DEE"}).status, 0);
+  EXPECT_EQ(inPlant({"view"}).status, 0);
+  EXPECT_EQ(markedHeadings(searchedFor("step%20254")), (Words{"Step 254"}));
+  EXPECT_EQ(markedHeadings(searchedFor("antenna")), (Words{"The antenna"}));
+}
+
+TEST_F(ViewInABrowser, SearchesAlsoWhereABrowserLeftAListWithoutAHeading) {
+  const std::string page = replaceAll(
+      disk.read("library.html"), "<ul class=\"tree\">\n", "<ul class=\"tree\">\n<li></li>\n");
+  disk.write("gaps.html", page);
+  EXPECT_EQ(markedHeadings(opened("gaps.html", "q=antenna")), (Words{"The antenna"}));
+}
+
 TEST_F(ViewInABrowser, RunsNoScriptButItsOwn) {
   disk.write("other.js", "document.body.id = 'another-file';");
   const std::string intruders =
@@ -213,8 +316,7 @@ TEST_F(ViewInABrowser, RunsNoScriptButItsOwn) {
   disk.write("intruded.html", page);
   EXPECT_NE(opened("intruded.html", "q=saf").find("<body>"), std::string::npos);
 
-  const std::size_t policy = page.find("<meta http-equiv");
-  disk.write("unprotected.html", page.substr(0, policy) + page.substr(page.find('\n', policy)));
+  disk.write("unprotected.html", withoutPolicy(page));
   const std::string changed = opened("unprotected.html");
   for (const char* trace : {"another-file", "inline", "handler"}) {
     EXPECT_NE(changed.substr(changed.find("<body")).substr(0, 100).find(trace), std::string::npos)

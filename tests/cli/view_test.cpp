@@ -188,7 +188,10 @@ TEST_F(View, LeadsFromWhereItLiesToTheDocuments) {
            "<a href=\"../../server/Docs/Plant/Manual/alarms.htm\" class=\"heading\">");
   EXPECT_EQ(view({"-o", "server/Docs/Plant/index.htm"}).status, 0);
   expectIn(disk.read("server/Docs/Plant/index.htm"),
-           "<a href=\"../../Docs/Plant/Manual/alarms.htm\" class=\"heading\">");
+           "<a href=\"Manual/alarms.htm\" class=\"heading\">");
+  EXPECT_EQ(view({"-o", "server/all.htm"}).status, 0);
+  expectIn(disk.read("server/all.htm"),
+           "<a href=\"./Docs/Plant/Manual/alarms.htm\" class=\"heading\">");
 }
 
 TEST_F(View, LeadsToTheDocumentsWhateverLetterCaseTheServerIsTypedIn) {
@@ -280,6 +283,22 @@ TEST_F(View, NestsHeadingsAsDeepAsTheyComeAndClosesWhatItOpens) {
         << element;
   }
   expectIn(html, "202 headings");
+}
+
+TEST_F(View, PutsHeadingsThatStandTooDeepForABrowserBesideThoseAboveAndTellsTheirLevel) {
+  std::string deep = heading("last", "");
+  for (int depth = 0; depth < 202; ++depth) {
+    deep = "<Heading><HName>t</HName><HFile/>" + deep + "</Heading>";
+  }
+  disk.write(kBookFile, bookFileWith(deep));
+  const std::string html = page();
+  EXPECT_EQ(count(html, "<ul>\n<li><span class=\"heading\">"), 200U);
+  expectIn(html,
+           "<bdi>t</bdi></span></li>\n"
+           "<li><span class=\"heading\"><bdi>t</bdi></span> <span class=\"count\">level "
+           "202</span></li>\n"
+           "<li><span class=\"heading\"><bdi>last</bdi></span> <span class=\"count\">level "
+           "203</span></li>\n");
 }
 
 /// A server with more than one library.

@@ -337,6 +337,24 @@ TEST_P(WorkbookRules, NamesThatTheLibraryHas) {
       "nothing was added");
 }
 
+TEST_P(WorkbookRules, NamesThatTheLibraryHasInAnotherLetterCase) {
+  write(kHeadings, {{"Lathe", "LTH"}, {"Saw", "SAW"}});
+  ASSERT_EQ(addBooks().status, 0);
+  write(kHeadings, {{"New", "NEW"}, {"saw", "lth"}});
+  expectAdditionRefused(
+      1,
+      refusal("Error:Book Name saw already Exists", "sheet 2, row 4, column 1") +
+          refusal("Error:Book Acro lth already Exists", "sheet 2, row 4, column 2"),
+      "nothing was added");
+}
+
+TEST_P(WorkbookRules, NamesThatDifferInLetterCaseAlone) {
+  write(kHeadings, {{"Lathe", "LTH"}, {"LATHE", "Lth"}});
+  expectRefused(1,
+                refusal("Error:Book Name LATHE already Exists", "sheet 2, row 4, column 1") +
+                    refusal("Error:Book Acro Lth already Exists", "sheet 2, row 4, column 2"));
+}
+
 TEST_P(WorkbookRules, ABookFileOfTheAuthorsOwn) {
   writeTwoBooks();
   disk.write("Book_SAW.xml", "the author's own");

@@ -203,6 +203,30 @@ TEST_F(TerminalTest, AFormThatTheFlagsAnswerIsNotShown) {
   EXPECT_EQ(output.str(), "");
 }
 
+TEST_F(TerminalTest, AFormWhoseValuesBreakTheHostsRuleComesBackWithoutItsOwnHandlersWork) {
+  auto ui = withPerson("\nALM\n", {name("Alarms"), acronym("alm")});
+  ui.holdFormsTo([&ui](const ModalForm& form) {
+    const bool isFree = form.boxText("txtBookAcro") != "alm";
+    if (!isFree) {
+      ui.show(criticalMessage("taken"));
+    }
+    return isFree;
+  });
+  ui.showModal(bookForm);
+  EXPECT_EQ(bookForm.boxText("txtBookAcro"), "ALM");
+  EXPECT_EQ(bookForm.clicked, "cmdOk ");
+  EXPECT_TRUE(output.str().starts_with("critical: taken\n")) << output.str();
+}
+
+TEST_F(TerminalTest, WithoutAPersonFlagsThatBreakTheHostsRuleAreRefused) {
+  auto ui = withoutPerson({name("Alarms"), acronym("alm")});
+  ui.holdFormsTo([](const ModalForm& /*form*/) { return false; });
+  const Abandoned abandoned = abandonedBy(ui, bookForm);
+  EXPECT_EQ(abandoned.reason(), AbandonReason::kAnswerRefused);
+  EXPECT_STREQ(abandoned.what(), "other values are needed for --name and --acro");
+  EXPECT_EQ(bookForm.clicked, "");
+}
+
 TEST_F(TerminalTest, WithoutAPersonAMissingAnswerNamesItsFlag) {
   auto ui = withoutPerson({name("Alarms"), acronym(std::nullopt)});
   const Abandoned abandoned = abandonedBy(ui, bookForm);
