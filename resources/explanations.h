@@ -33,7 +33,8 @@ struct Explanation {
   /// The whole box, with signs for what stands elsewhere.
   std::string_view shown;
   std::string_view meaning;
-  /// Both are empty when the message tells of no fault, or of faults of many kinds.
+  /// Both are empty when the message tells of no fault, and the first when it tells of faults of
+  /// any kind.
   std::string_view accepted;
   std::string_view mending;
 };

@@ -241,10 +241,10 @@ TEST_F(PointOfNeed, ShowsTheCellsOfANameAndAnAcronymThatAnotherBookHas) {
   const std::string help =
       "  A4 | R & D\n"
       "     | ^^^^^\n"
-      "accepted: A name that no other book of the library has.\n"
+      "accepted: A name that no other book of the library has, in whatever letter case.\n"
       "  B4 | RND\n"
       "     | ^^^\n"
-      "accepted: An acronym that no other book of the library has.\n";
+      "accepted: An acronym that no other book of the library has, in whatever letter case.\n";
   const std::vector<HeadingRow> headings{{"1", "The Lathe", "Lathe\\cover.htm"},
                                          {"2", "Chuck", "chuck.htm"},
                                          {"1", "The Saw", "Saw\\cover.htm"},
@@ -285,7 +285,7 @@ TEST_F(PointOfNeedInALibrary, SaysOfAChangeWhatIsAccepted) {
                      "--acro",
                      "NEW"})
                 .help,
-            "accepted: A name that no other book of the library has.\n");
+            "accepted: A name that no other book of the library has, in whatever letter case.\n");
 }
 
 TEST_F(PointOfNeedInALibrary, SaysOfAQuestionWhatIsAccepted) {
