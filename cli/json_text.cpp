@@ -47,8 +47,8 @@ void printShowable(std::string_view json) {
 void printJson(Json members) {
   constexpr int kIndent = 2;
   Json object = {{"format", kJsonFormat}};
-  for (auto& [name, value] : members.items()) {
-    object[name] = std::move(value);
+  for (auto member = members.begin(); member != members.end(); ++member) {
+    object[member.key()] = std::move(member.value());
   }
   printShowable(object.dump(kIndent, ' ', false, Json::error_handler_t::replace));
 }
