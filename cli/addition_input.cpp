@@ -105,7 +105,7 @@ AdditionInput::Ready AdditionInput::readyPage(const TocFile& toc) {
   tellOfUnusedFolder();
   requireFolder();
   if (survey.hasLinkIdentifiers) {
-    run_.requireUsableSideFile(run_.library.linkIds, link_names::kListPath);
+    run_.requireUsableSideFile(run_.library.linkIds, link_names::kLinks);
   }
   requireFreeBookFile(toc.path, run_.statedPlace, run_.wiring.module.state.currentBookAcro);
   makeRoomForExport(toc, text_form::kHtmlExtension);
@@ -207,7 +207,7 @@ void AdditionInput::requireUsableSideFilesOfBooks() {
     }
   }
   if (run_.survey.hasLinkIdentifiers) {
-    run_.requireUsableSideFile(run_.library.linkIds, link_names::kListPath);
+    run_.requireUsableSideFile(run_.library.linkIds, link_names::kLinks);
   }
 }
 

@@ -20,6 +20,9 @@ class CopyWatch::WatchedCopy final : public FileCopy {
     arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
     return arrived;
   }
+  void copyLinkedFiles(std::string_view destination, std::string_view page) override {
+    copy_->copyLinkedFiles(destination, page);
+  }
   void flush() override { copy_->flush(); }
 
  private:

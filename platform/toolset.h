@@ -59,6 +59,11 @@ class FileCopy {
                            std::string_view source,
                            std::int16_t reservedOverwrite,
                            std::int16_t reservedDialog) = 0;
+  /// Brings what the page `page` links to into the folder `destination`, as mbCopyFiles does with a
+  /// page, but neither the page itself nor anything in the place of a file that stands there. For a
+  /// page that needs no copy; another file brings nothing. No published member; a component without
+  /// it brings nothing.
+  virtual void copyLinkedFiles(std::string_view destination, std::string_view page) = 0;
   /// Ends a copy of any number of files: what was copied through this object outlasts the machine.
   /// Raises 61 or 57. No published member; a component without it flushes in its own way.
   virtual void flush() = 0;

@@ -120,7 +120,8 @@ void LinkFile::record(const LinkIdentifier& link) {
 }
 
 void LinkFile::makeList() {
-  appendTextElement(document(), document().select(link_names::kLinks), link_names::kList, "");
+  list_ =
+      appendTextElement(document(), document().select(link_names::kLinks), link_names::kList, "");
 }
 
 void LinkFile::dropIndex() {
@@ -173,6 +174,9 @@ void LinkFile::enter(const LinkIdentifier& link) {
   appendTextElement(document(), entry, link_names::kBookAcro, link.bookAcro);
   indexed_ = false;
   addToIndex(linkId);
+  if (!list_) {
+    makeList();
+  }
   list_.append(entry);
   indexed_ = true;
 }

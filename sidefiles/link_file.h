@@ -60,8 +60,9 @@ class LinkFile final : public SideFile {
   /// Whether an identifier stands there, the blanks at the ends of both left out.
   [[nodiscard]] bool hasTrimmed(std::string_view identifier);
 
-  /// Enters an identifier that leads nowhere yet. Raises as leadsSomewhere does, 91 in a document
-  /// without a list and for an entry that lacks a field, and what the tool set raises.
+  /// Enters an identifier that leads nowhere yet. A root alone, which is what a run leaves that
+  /// ends while it makes the file, gets its list first. Raises as leadsSomewhere does, 91 in a
+  /// document with another root and for an entry that lacks a field, and what the tool set raises.
   void record(const LinkIdentifier& link);
   /// Makes the list of a file that has only its root. Raises 91 for another root.
   void makeList();

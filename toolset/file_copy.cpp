@@ -123,6 +123,9 @@ class DocumentCopy {
         settled_(settled),
         targetFolder_(std::move(targetFolder)) {}
 
+  /// From now on what a page links to is brought only where nothing stands.
+  void keepWhatStands() { keepsWhatStands_ = true; }
+
   /// Takes note of a file from `folder` that is in place already.
   void add(const std::string& folder, const std::string& name) {
     settle(name);
@@ -192,9 +195,13 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (!isLibrarysOwn(name) && listings_.hasFile(folder + name) && settle(name)) {
+    if (!isLibrarysOwn(name) && listings_.hasFile(folder + name) && !isKept(name) && settle(name)) {
       bring(folder, name);
     }
+  }
+
+  [[nodiscard]] bool isKept(const std::string& name) {
+    return keepsWhatStands_ && listings_.hasFile(targetFolder_ + name);
   }
 
   /// Whether it would take the place of one of the files that a library, or the server, keeps its
@@ -219,6 +226,7 @@ class DocumentCopy {
   FolderListings& listings_;
   NameSet& settled_;
   std::string targetFolder_;
+  bool keepsWhatStands_ = false;
   /// The last one that was made, or stood.
   std::string madeFolder_;
   std::vector<Page> pages_;
@@ -258,6 +266,21 @@ bool ReferenceFileCopy::mbCopyFiles(std::string_view destination,
     copyWhatBelongsTo(from, to, wasMovedIntoBookFolder(source, destination));
   }
   return isInPlace;
+}
+
+void ReferenceFileCopy::copyLinkedFiles(std::string_view destination, std::string_view page) {
+  ignoringErrors([&] {
+    const std::string from = files_.absolutePath(page);
+    const std::string to = targetFor(from, destination);
+    if (files_.sameFile(from, to)) {
+      return;
+    }
+    DocumentCopy documents(
+        files_, *copies_, locale_, listings_, settled_, std::string(folderPartOf(to)));
+    documents.keepWhatStands();
+    documents.add(std::string(folderPartOf(from)), std::string(fileNameOf(from)));
+    documents.copyLinkedFiles();
+  });
 }
 
 void ReferenceFileCopy::flush() {

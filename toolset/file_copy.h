@@ -28,6 +28,7 @@ class XmlLibrary;
 /// the driver does. To a page, be it one of these documents or the source itself,
 /// belong the local files that it links to by `src` and `href` and that lie below its own folder;
 /// pages among these are copied and not read. Everything keeps its place below the target folder.
+/// `copyLinkedFiles` brings the same for a page in place, but where something stands already.
 /// What is missing or can't be copied is passed over, and changes nothing in the result. A source
 /// in place that can't be read for the names of its documents raises what the read raised: nobody
 /// knows what is missing then.
@@ -52,6 +53,7 @@ class ReferenceFileCopy final : public FileCopy {
                    std::string_view source,
                    std::int16_t reservedOverwrite,
                    std::int16_t reservedDialog) override;
+  void copyLinkedFiles(std::string_view destination, std::string_view page) override;
   void flush() override;
 
  private:

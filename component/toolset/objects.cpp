@@ -87,4 +87,8 @@ STDMETHODIMP FileCopyObject::flush() {
   return run<_clsFileCopy>([&] { copy_->flush(); });
 }
 
+STDMETHODIMP FileCopyObject::copyLinkedFiles(BSTR destination, BSTR page) {
+  return run<_clsFileCopy>([&] { copy_->copyLinkedFiles(textOf(destination), textOf(page)); });
+}
+
 }  // namespace quorbind

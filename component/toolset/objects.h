@@ -58,6 +58,7 @@ class FileCopyObject final : public DualObject<::clsFileCopy, _clsFileCopy> {
   STDMETHODIMP mbCopyFiles(
       BSTR destination, BSTR source, SHORT overwrite, SHORT dialog, VARIANT_BOOL* result) override;
   STDMETHODIMP flush() override;
+  STDMETHODIMP copyLinkedFiles(BSTR destination, BSTR page) override;
 
  private:
   Workshop workshop_;

@@ -79,6 +79,11 @@ class AutomatedFileCopy final : public FileCopy {
               Variant::ofShort(reservedDialog))
         .boolean();
   }
+  void copyLinkedFiles(std::string_view destination, std::string_view page) override {
+    if (object_.has(kCopyLinkedFiles)) {
+      object_.call(kCopyLinkedFiles, text(destination), text(page));
+    }
+  }
   void flush() override {
     if (object_.has(kFlush)) {
       object_.call(kFlush);
@@ -86,6 +91,7 @@ class AutomatedFileCopy final : public FileCopy {
   }
 
  private:
+  static constexpr std::string_view kCopyLinkedFiles = "copyLinkedFiles";
   static constexpr std::string_view kFlush = "flush";
 
   AutomationObject object_ = AutomationObject::create("Quor_FileCopy.clsFileCopy");

@@ -71,6 +71,9 @@ const std::string kNewCategoriesSource = "Quorbind-Book_Config::CreateBookCateXM
 const std::string kLinkSource = "Quorbind-Quor_Book::AddToLinkIDFile";
 const std::string kMergeSource = "Quorbind: Quor_Book::AddLinkIDInfo";
 const std::string kDuplicateSource = "Quorbind: Quor_Book::CheckDuplicateLinkID";
+constexpr const char* kText = "Book_Valuator of a text";
+constexpr const char* kPage = "Book_Valuator of a page";
+constexpr const char* kBookFile = "Book_Valuator of a book file";
 constexpr const char* kWorkbook = "Book_Valuator of a workbook";
 const std::string kUpdateSource = "Quorbind:Book_Config::UpdateBookNameAcro";
 
@@ -110,9 +113,11 @@ std::string idOf(const std::string& identifier,
                  const std::string& acronym,
                  const std::string& place,
                  const std::string& source) {
+  const std::string bookAcro =
+      acronym.empty() ? "<BookAcro/>" : "<BookAcro>" + acronym + "</BookAcro>";
   return "\t\t<ID>\r\n\t\t\t<LinkID>" + identifier + "</LinkID>\r\n\t\t\t<FullLink>" + acronym +
          place + "</FullLink>\r\n\t\t\t<LinkIDSourceFile>Plant\\" + source +
-         "</LinkIDSourceFile>\r\n\t\t\t<BookAcro>" + acronym + "</BookAcro>\r\n\t\t</ID>\r\n";
+         "</LinkIDSourceFile>\r\n\t\t\t" + bookAcro + "\r\n\t\t</ID>\r\n";
 }
 std::string linksOf(const std::string& identifiers) {
   return "<LINKS>\r\n\t<IBD>\r\n" + identifiers + "\t</IBD>\r\n</LINKS>\r\n";
@@ -153,6 +158,10 @@ Rules selectionRules() {
        kSelection,
        kUnreadable,
        othersAsUsual(twice(unparsable("critical", kSelection, kDuplicateSource)))},
+      {{kPage},
+       kSelection,
+       kUnreadable,
+       othersAsUsual({unparsable("critical", kSelection, kDuplicateSource), kTrue})},
       {{kWorkbook},
        kSelection,
        kUnreadable,
@@ -201,7 +210,7 @@ Rules catalogueChangeRules() {
        kForeign,
        nothingChanges({wide("Quorbind:Book_Config::mserQuorBookProperties"), kFalse})},
       {installations, kCatalogue, kNotLoading, nothingChanges()},
-      {{"Book_Valuator of a text"},
+      {{kText, kPage},
        kCatalogue,
        kNotLoading,
        othersAsUsual({wide("Quorbind: Quor_Book::mbAddBookTocForBook"), kTrue})},
@@ -210,7 +219,7 @@ Rules catalogueChangeRules() {
        kNotLoading,
        othersAsUsual(answering(twice(wide("Quorbind: Quor_Book::mbAddBookTocForBook")), kTrue))},
       // Without a catalogue the place that the book file states is not taken over.
-      {{"Book_Valuator of a book file"},
+      {{kBookFile},
        kCatalogue,
        kNotLoading,
        othersAsUsual(
@@ -269,16 +278,16 @@ Rules bookFileRules() {
       {{kElsewhere}, kBook, kNoFile, nothingChanges({kFalse})},
       {{kElsewhere}, kBook, kUnreadable, {{kTrue}, Files::kCopiedToTarget, kCopied}},
       {{kElsewhere}, kBook, kForeign, {{linkTold, kTrue}, Files::kCopiedToTarget, kCopied}},
-      {{"Book_Valuator of a book file"},
+      {{kBookFile},
        kOtherBook,
        kNoFile,
        nothingChanges(
            {"critical: TOC not found at Path\rC:\\Docs\\Tools\\Guide\\Book_GDE.xml", kTrue})},
-      {{"Book_Valuator of a book file"},
+      {{kBookFile},
        kOtherBook,
        kUnreadable,
        nothingChanges({"critical: Line No:...", "clipboard: ...", kTrue})},
-      {{"Book_Valuator of a book file"},
+      {{kBookFile},
        kOtherBook,
        kForeign,
        nothingChanges({"information: Error:Book should have at least one heading", kTrue})},
@@ -323,7 +332,7 @@ Rules categoryRules() {
        nothingChanges({underTitle("Quorbind::Book_Config-AddOtherCategoryBookAcro")})},
       {{"AddCategoryNode"}, kCategories, kForeign, nothingChanges({kNoCategory})},
       {{"CreateQuorBookNodeForSEntry"}, kCategories, kForeign, othersAsUsual(twice(kNoCategory))},
-      {{"Book_Valuator of a text", "Book_Valuator of a book file", kWorkbook},
+      {{kText, kPage, kBookFile, kWorkbook},
        kCategories,
        kForeign,
        othersAsUsual(answering(twice(kNoCategory), kTrue))},
@@ -362,7 +371,7 @@ Rules categoryRules() {
 }
 
 Rules keywordRules() {
-  const Operations additions{"Book_Valuator of a text", "Book_Valuator of a book file", kWorkbook};
+  const Operations additions{kText, kPage, kBookFile, kWorkbook};
   return {
       {{"CreateKeywordXmlFile"},
        kKeywords,
@@ -411,11 +420,11 @@ Rules keywordRules() {
        kKeywords,
        kFolder,
        othersAsUsual(answering(twice(notAFile(kNewKeywordsSource)), kTrue))},
-      {{"Book_Valuator of a text"},
+      {{kText, kPage},
        kKeywords,
        kMissing,
        made({kTrue}, kKeywords, keywordsOf("Pumps", {"horn", "hoot"}))},
-      {{"Book_Valuator of a book file"},
+      {{kBookFile},
        kKeywords,
        kMissing,
        made({kTrue}, kKeywords, keywordsOf("Guide", {"horn", "hoot"}))},
@@ -431,7 +440,6 @@ Rules keywordRules() {
 
 Rules linkRules() {
   const Operations recording{"AddToLinkIDFile", "GenerateBookLinkID"};
-  constexpr const char* kBookFile = "Book_Valuator of a book file";
   const auto merged = [](const std::string& number) {
     return "message: Error(" + number + "\r" + kMergeSource;
   };
@@ -447,6 +455,13 @@ Rules linkRules() {
       {{"UpdateQuorLinkIDFile"}, kLinks, kAnyFile, nothingChanges(twice(tight(kLinkSource)))},
       {{"UpdateQuorLinkIDFile"}, kLinks, kFolder, nothingChanges(twice(notAFile(kLinkSource)))},
       {{"UpdateQuorLinkIDFile"}, kLinks, kMissing, made({}, kLinks, ofWorkbook)},
+      {{kPage}, kLinks, kAnyFile, othersAsUsual({tight(kLinkSource), kTrue})},
+      {{kPage}, kLinks, kFolder, othersAsUsual({notAFile(kLinkSource), kTrue})},
+      // Recorded before the run takes over what the book is called.
+      {{kPage},
+       kLinks,
+       kMissing,
+       made({kTrue}, kLinks, linksOf(idOf("X7", "", "@QUOR@Start@QUOR@Stop", "Pump\\stop.htm")))},
       {{kWorkbook}, kLinks, kAnyFile, othersAsUsual(answering(twice(tight(kLinkSource)), kTrue))},
       {{kWorkbook}, kLinks, kFolder, othersAsUsual(answering(twice(notAFile(kLinkSource)), kTrue))},
       {{kWorkbook}, kLinks, kMissing, made({kTrue}, kLinks, ofWorkbook)},

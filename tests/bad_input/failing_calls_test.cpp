@@ -17,8 +17,38 @@ using Kind = ChangingCall::Kind;
 
 class FailingCall : public ::testing::TestWithParam<LibraryOperation> {
  protected:
-  OperationEnd runWith(std::size_t number, const FileFault& fault) {
-    library_.reset();
+  using Tree = WholeLibrary::Tree;
+
+  /// Each of the calls with which the operation changes the library `before`, failing in each way.
+  void expectKnownStatesAndTold(const Tree& before) {
+    const LibraryStates usual(GetParam(), library_, before);
+    int faults = 0;
+    for (std::size_t number = 0; number < usual.calls().size(); ++number) {
+      const ChangingCall& call = usual.calls()[number];
+      for (const FileFault& fault : faultsOf(call.kind)) {
+        ++faults;
+        SCOPED_TRACE(call.path + ", call " + std::to_string(number) + ": " + fault.name);
+        const OperationEnd end = runWith(before, number, fault);
+        ASSERT_EQ(library_.calls.calls()[number], call);
+        for (const std::string& name : usual.strangersIn(end.tree)) {
+          EXPECT_TRUE(isWrittenAfter(number, name)) << name;
+        }
+        const bool isUnsafe = end.tree != usual.end().tree || call.kind == Kind::kFlush;
+        if (isUnsafe && !isPassedOver(call.kind)) {
+          EXPECT_NE(end.record, usual.end().record);
+        }
+      }
+    }
+    RecordProperty("faults", faults);
+  }
+
+  WholeLibrary library_;
+
+ private:
+  OperationEnd runWith(const Tree& before, std::size_t number, const FileFault& fault) {
+    library_.files.restore(before);
+    library_.calls.reset();
+    library_.user.forget();
     library_.calls.failAt(number, fault);
     return endOf(GetParam(), library_);
   }
@@ -39,30 +69,19 @@ class FailingCall : public ::testing::TestWithParam<LibraryOperation> {
                      calls.end(),
                      ChangingCall{Kind::kCommit, componentPath(name)}) != calls.end();
   }
-
-  WholeLibrary library_;
 };
 
 TEST_P(FailingCall, LeavesEveryFileInAStateThatItPassesThroughAndIsTold) {
-  const LibraryStates usual(GetParam(), library_, library_.sound());
-  int faults = 0;
-  for (std::size_t number = 0; number < usual.calls().size(); ++number) {
-    const ChangingCall& call = usual.calls()[number];
-    for (const FileFault& fault : faultsOf(call.kind)) {
-      ++faults;
-      SCOPED_TRACE(call.path + ", call " + std::to_string(number) + ": " + fault.name);
-      const OperationEnd end = runWith(number, fault);
-      ASSERT_EQ(library_.calls.calls()[number], call);
-      for (const std::string& name : usual.strangersIn(end.tree)) {
-        EXPECT_TRUE(isWrittenAfter(number, name)) << name;
-      }
-      const bool isUnsafe = end.tree != usual.end().tree || call.kind == Kind::kFlush;
-      if (isUnsafe && !isPassedOver(call.kind)) {
-        EXPECT_NE(end.record, usual.end().record);
-      }
-    }
+  expectKnownStatesAndTold(library_.sound());
+}
+
+TEST_P(FailingCall, DoesSoWhereThereAreNoSideFiles) {
+  Tree before = library_.sound();
+  for (const char* file :
+       {library_file::kCategories, library_file::kKeywords, library_file::kLinks}) {
+    before.erase(file);
   }
-  RecordProperty("faults", faults);
+  expectKnownStatesAndTold(before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, FailingCall, ::testing::ValuesIn(libraryOperations()), identifierOf);

@@ -28,6 +28,9 @@ using Steps = std::vector<std::string>;
 /// The book file of the book Alarms once it is called Warnings.
 constexpr const char* kRenamedBook = "Docs/Plant/Manual/Book_WRN.xml";
 
+/// The one link identifier that the library has before.
+constexpr const char* kOldIdentifier = "X1";
+
 LibraryOperation additionOf(const std::string& toc, std::int16_t kind) {
   return {toc, [=](Module& module, ScriptedUserInterface& /*user*/) {
             module.state.rememberedBookFolder = "Guide";
@@ -55,20 +58,32 @@ LibraryOperation additionOf(const std::string& toc, std::int16_t kind) {
 class InterruptedAddition : public ::testing::Test {
  protected:
   InterruptedAddition() {
-    library_.files.write("in/toc.htm",
-                         "<K1><A HREF=\"Pump/start.htm\">Start</A></K1>\r\n"
-                         "<K2><A HREF=\"Pump/stop.htm\">Stop</A><IBD><X7></IBD></K2>\r\n");
-    library_.files.write("in/Pump/stop.htm", "<p>stop</p>");
     library_.files.write("in/books.xls",
                          workbookBytes(WorkbookKind::kXls,
                                        {headingSheet({{"1", "The Lathe", "Lathe\\cover.htm"},
-                                                      {"2", "Chuck", "chuck.htm"},
+                                                      {"2", "Chuck", "chuck.htm", "", "X8"},
                                                       {"1", "The Saw", "Saw\\cover.htm"},
-                                                      {"2", "Blade", "blade.htm"}}),
+                                                      {"2", "Blade", "blade.htm", "", "X9"}}),
                                         bookSheet({{"Lathe", "LTH", "turning", "Machines"},
                                                    {"Saw", "SAW", "cutting", "Machines"}})}));
     for (const char* page : {"Lathe/chuck", "Saw/blade"}) {
       library_.files.write("in/" + std::string(page) + ".htm", "<p>page</p>");
+    }
+    library_.files.write(
+        kOtherBook,
+        replaceAll(soundText(kOtherBook),
+                   "</Book_Headings>",
+                   "<Heading><HName>Parts</HName><HFile>parts.htm</HFile></Heading>"
+                   "</Book_Headings>"));
+    library_.files.write("Docs/Tools/Guide/guide.htm", "<p>guide <a href=\"parts.htm\"></p>");
+    library_.files.write("Docs/Tools/Guide/parts.htm", "<p>parts <img src=\"parts.png\"></p>");
+    library_.files.write("Docs/Tools/Guide/parts.png", "a picture");
+    before_ = library_.files.contents();
+  }
+
+  void takeAwaySideFiles() {
+    for (const char* file : {kCategories, kKeywords, kLinks}) {
+      library_.files.remove(file);
     }
     before_ = library_.files.contents();
   }
@@ -133,7 +148,20 @@ class InterruptedAddition : public ::testing::Test {
     if (library_.files.has(kRenamedBook)) {
       library_.files.moveFile(componentPath(kRenamedBook), componentPath(kBook));
     }
-    library_.files.write(kLinks, before_.at(kLinks));
+    takeOutNewIdentifiers();
+  }
+
+  void takeOutNewIdentifiers() {
+    const auto links = library_.platform().xml.createDocument();
+    if (!library_.files.has(kLinks) || !links->load(componentPath(kLinks))) {
+      return;
+    }
+    for (const XmlNode& entry : links->selectAll("LINKS/IBD/ID")) {
+      if (entry.child("LinkID").text() != kOldIdentifier) {
+        links->select("LINKS/IBD").remove(entry);
+      }
+    }
+    links->save(componentPath(kLinks));
   }
 
   static std::string stepBetween(const Tree& before, const Tree& after) {
@@ -197,6 +225,8 @@ TEST_F(InterruptedAddition, OfABookFileTakesTheseSteps) {
               ElementsAre("+Docs/Plant/Guide",
                           "+Docs/Plant/Guide/Book_GDE.xml",
                           "+Docs/Plant/Guide/guide.htm",
+                          "+Docs/Plant/Guide/parts.htm",
+                          "+Docs/Plant/Guide/parts.png",
                           "*Docs/Plant/Guide/Book_GDE.xml",
                           "*Docs/Plant/Quor_LinkID.xml",
                           "*Docs/Plant/Quor_TOC.xml",
@@ -224,7 +254,28 @@ TEST_F(InterruptedAddition, OfAWorkbookTakesTheseSteps) {
                           "-IN/Saw/Book_SAW.xml",
                           "*Docs/Plant/Quor_TOC.xml",
                           "*Docs/Plant/Quor_SearchKeywords.xml",
-                          "*Docs/Plant/Quor_BookCategories.xml"));
+                          "*Docs/Plant/Quor_BookCategories.xml",
+                          "*Docs/Plant/Quor_LinkID.xml"));
+}
+
+TEST_F(InterruptedAddition, OfAPageMakesTheSideFilesThatAreMissingInTheseSteps) {
+  takeAwaySideFiles();
+  EXPECT_THAT(stepsOf(kOfAPage),
+              ElementsAre("+IN/TOC_Temp.txt",
+                          "+Docs/Plant/Quor_LinkID.xml",
+                          "*Docs/Plant/Quor_LinkID.xml",
+                          "*Docs/Plant/Quor_LinkID.xml",
+                          "+IN/Book_PMP.xml",
+                          "-IN/Book_PMP.xml +IN/Pump/Book_PMP.xml",
+                          "+Docs/Plant/Pump",
+                          "+Docs/Plant/Pump/Book_PMP.xml",
+                          "+Docs/Plant/Pump/start.htm",
+                          "+Docs/Plant/Pump/stop.htm",
+                          "-IN/Pump/Book_PMP.xml",
+                          "*Docs/Plant/Quor_TOC.xml",
+                          "+Docs/Plant/Quor_SearchKeywords.xml",
+                          "*Docs/Plant/Quor_SearchKeywords.xml",
+                          "*Docs/Plant/Quor_SearchKeywords.xml"));
 }
 
 /// The other operations that change more than one file.
@@ -274,6 +325,13 @@ TEST_F(InterruptedAddition, OfABookFileCanBeRunAgainToTheEnd) {
   expectTheSameEndFromEachState(kOfABookFile, {"Guide"});
 }
 TEST_F(InterruptedAddition, OfAWorkbookCanBeRunAgainToTheEnd) {
+  expectTheSameEndFromEachState(kOfAWorkbook, {"Lathe", "Saw"});
+}
+TEST_F(InterruptedAddition, OfEachKindCanBeRunAgainToTheEndWhereThereAreNoSideFiles) {
+  takeAwaySideFiles();
+  expectTheSameEndFromEachState(kOfAText, {"Pumps"});
+  expectTheSameEndFromEachState(kOfAPage, {"Pumps"});
+  expectTheSameEndFromEachState(kOfABookFile, {"Guide"});
   expectTheSameEndFromEachState(kOfAWorkbook, {"Lathe", "Saw"});
 }
 TEST_F(InterruptedAddition, OtherOperationsCanBeRunAgainToTheEnd) {

@@ -238,6 +238,11 @@ Operations additions() {
          Quor_Book book(m);
          note(u, runBook(book, additionOf("C:\\in\\books.xls", 3)));
        }},
+      {"Book_Valuator of a page",
+       [](Module& m, User& u) {
+         Quor_Book book(m);
+         note(u, runBook(book, additionOf("C:\\in\\toc.htm", 2)));
+       }},
   };
 }
 

@@ -174,7 +174,11 @@ WholeLibrary::WholeLibrary()
   files.write("Docs/Tools/Guide/guide.htm", "<p>guide</p>");
   files.write("in/plan.htm", "<p>plan</p>");
   files.write("in/toc.txt", tableOfContents());
+  files.write("in/toc.htm",
+              "<K1><A HREF=\"Pump/start.htm\">Start</A></K1>\r\n"
+              "<K2><A HREF=\"Pump/stop.htm\">Stop</A><IBD><X7></IBD></K2>\r\n");
   files.write("in/Pump/start.htm", "<p>start</p>");
+  files.write("in/Pump/stop.htm", "<p>stop</p>");
   files.write("in/books.xls", workbook());
   files.write("in/LTH/chuck.htm", "<p>chuck</p>");
   files.write("in/links.txt",

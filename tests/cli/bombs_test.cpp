@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "tests/cli/command_test.h"
+#include "tests/support/hostile_workbooks.h"
 #include "tests/support/packed_file.h"
 
 namespace quorbind::testing {
@@ -221,7 +222,8 @@ std::vector<Bomb> workbookBombs() {
        }},
       {"ASheetOfEmptyRows",
        [] { return smallWorkbookWith(kSheet, sheetOf(repeated(8'000'000, "<row/>"))).bytes(); }},
-      {"OneTextInEveryCell",
+      {"OneTextInEveryCell", [] { return bombOfSharedTexts(WorkbookKind::kXlsx); }},
+      {"OneTextWithoutEnd",
        [] {
          return smallWorkbookWith("xl/texts.xml",
                                   "<sst><si><t>" + std::string(30'000'000, 'x') + "</t></si></sst>")
@@ -255,6 +257,11 @@ TEST_P(WorkbookBombs, EndQuickly) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, WorkbookBombs, ::testing::ValuesIn(workbookBombs()), kNameOf);
+
+TEST_F(BombTest, OneTextInEveryCellOfABinaryWorkbookEndsQuickly) {
+  disk.write("books.xls", bombOfSharedTexts(WorkbookKind::kXls));
+  expectRefused({"check", "books.xls"});
+}
 
 }  // namespace
 }  // namespace quorbind::testing

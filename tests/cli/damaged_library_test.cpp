@@ -28,6 +28,17 @@ const std::vector<Subcommand> kAdditions{
       "horn",
       "--categories",
       "Safety"}},
+    {"add_page",
+     {"add",
+      "toc.htm",
+      "--name",
+      "Pumps",
+      "--acro",
+      "PMP",
+      "--keywords",
+      "horn",
+      "--categories",
+      "Safety"}},
     kInstallWithKeywords,
 };
 
@@ -38,6 +49,9 @@ class InADamagedLibrary : public CompleteLibrary {
   void SetUp() override {
     CompleteLibrary::SetUp();
     writeBook();
+    disk.write("toc.htm",
+               "<HT><A HREF=\"Manual/cover.htm\">Pumps</A></HT>\n"
+               "<K1><A HREF=\"Manual/alarms.htm\">Alarms</A><IBD><X7></IBD></K1>\n");
     sound_ = disk.contents();
   }
 

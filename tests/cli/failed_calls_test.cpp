@@ -43,5 +43,38 @@ TEST_P(FailedCall, LeavesOldOrNewFilesNoLitterAndNoSuccessThatIsNone) {
 
 INSTANTIATE_TEST_SUITE_P(Of, FailedCall, ::testing::ValuesIn(kInterrupted), nameOf);
 
+/// A side file that is missing is made in several steps.
+class FailedCallOfMaking : public InterruptedCommand {
+ protected:
+  void writeInput() const override {
+    disk.remove(kKeywords);
+    disk.remove(kLinks);
+  }
+};
+
+TEST_P(FailedCallOfMaking, LeavesNothingThatKeepsTheNextRunFromItsEnd) {
+  const auto points = failurePointsIn(callsOfAWholeRun(), kFailing, isForWriting);
+  const Tree after = contents();
+  ASSERT_GT(points.size(), 10U);
+  for (const FailurePoint& point : pointsToTry(points)) {
+    SCOPED_TRACE(point.call.text + ": " + point.event);
+    const Outcome outcome = runWith(point);
+    expectNoFalseSuccess(outcome, contents(), after);
+    if (contents() != after) {
+      EXPECT_EQ(run(command()).status, 0);
+      EXPECT_EQ(contents(), after);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of,
+    FailedCallOfMaking,
+    ::testing::Values(Subcommand{"keywords", {"keywords", "add", "Alarms", "horn"}},
+                      Subcommand{
+                          "links",
+                          {"links", "add", "X3", "--full", "F", "--source", "s", "--acro", "ALM"}}),
+    nameOf);
+
 }  // namespace
 }  // namespace quorbind::testing

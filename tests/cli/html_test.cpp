@@ -313,13 +313,20 @@ TEST_F(HtmlPage, IsNotAddedWhereItsLinkIdentifiersCanNotBeRecorded) {
   EXPECT_TRUE(damaged.err.starts_with("critical: DISK/server/Docs/Plant/Quor_LinkID.xml:3:9: "))
       << damaged.err;
   EXPECT_EQ(disk.contents(), before);
-  disk.write("server/Docs/Plant/Quor_LinkID.xml", "<LINKS/>");
+  disk.write("server/Docs/Plant/Quor_LinkID.xml", "<Books/>");
   expectRefusal(4,
-                "critical: DISK/server/Docs/Plant/Quor_LinkID.xml: the element LINKS/IBD is "
-                "missing\n"
+                "critical: DISK/server/Docs/Plant/Quor_LinkID.xml: the element LINKS is missing\n"
                 "quorbind: toc.htm: nothing was added\n");
   disk.write("toc.htm", "<K1><A HREF=\"Manual/a.htm\">A</A></K1>");
   EXPECT_EQ(addPage().status, 0) << "it has none";
+}
+
+TEST_F(HtmlPage, IsAddedWhereARunHasEndedWhileItMadeTheFileOfLinkIdentifiers) {
+  writePage();
+  disk.write("server/Docs/Plant/Quor_LinkID.xml", "<LINKS/>");
+  EXPECT_EQ(addPage().status, 0);
+  EXPECT_NE(disk.read("server/Docs/Plant/Quor_LinkID.xml").find("<LinkID>Reset</LinkID>"),
+            std::string::npos);
 }
 
 TEST_F(HtmlPage, TellsOfALinkIdentifierThatIsTakenAndIsAddedWithoutIt) {

@@ -103,11 +103,12 @@ class InterruptedCommand : public CompleteLibrary {
     }
   }
 
-  /// What stands on the disk, but for line ends, and the moment at which a book file was made.
+  /// What stands on the disk, but for line ends, and the moment at which a file was made that tells
+  /// it.
   [[nodiscard]] Tree contents() const {
     Tree tree = disk.contents();
     for (auto& [name, content] : tree) {
-      if (std::filesystem::path(name).filename().string().starts_with("Book_")) {
+      if (statesItsDate(name)) {
         const bool isUtf16 = content.starts_with("\xFF\xFE");
         content = withoutDates(isUtf16 ? fromUtf16File(content) : content);
       }
@@ -169,6 +170,11 @@ class InterruptedCommand : public CompleteLibrary {
   static constexpr const char* kFolder = "(folder)";
 
  private:
+  /// Whether it is a book file or one of categories.
+  [[nodiscard]] static bool statesItsDate(const std::string& name) {
+    const std::string file = std::filesystem::path(name).filename().string();
+    return file.starts_with("Book_") || file == "Quor_BookCategories.xml";
+  }
   /// Whether an old file stands under its new name.
   [[nodiscard]] bool isRenamed(const std::string& content) const {
     const auto old = before_.find("server/Docs/Plant/Manual/Book_ALM.xml");

@@ -423,6 +423,30 @@ TEST_F(FileCopyContract, FlushesWhatItHasCopiedAndNothingAsWell) {
   EXPECT_THAT(filesBelow("lib/Manual/"), ElementsAre("Book_B.xml", "page.htm"));
 }
 
+TEST_F(FileCopyContract, BringsWhatAPageLinksToWithoutThePageAndLeavesWhatStandsThere) {
+  disk_.write("in/toc.htm", "<img src=a.png><img src=deep/b.png><img src=none.png>");
+  disk_.write("in/a.png", "new");
+  disk_.write("in/deep/b.png", "new");
+  disk_.write("lib/A.png", "old");
+  const auto copying = toolset_->createFileCopy();
+  copying->copyLinkedFiles("C:\\lib", "C:\\in\\toc.htm");
+  copying->flush();
+  EXPECT_THAT(filesBelow("lib/"), ElementsAre("A.png", "deep/b.png"));
+  EXPECT_EQ(disk_.read("lib/A.png"), "old");
+}
+
+TEST_F(FileCopyContract, BringsNothingThatAnotherFileThanAPageNames) {
+  writeBook({"page.htm"});
+  disk_.write("in/Manual/page.htm", "");
+  disk_.write("in/Manual/page.txt", "<img src=page.htm>");
+  const auto before = disk_.contents();
+  const auto copying = toolset_->createFileCopy();
+  for (const char* file : {"Book_B.xml", "page.txt", "missing.htm"}) {
+    copying->copyLinkedFiles("C:\\lib", "C:\\in\\Manual\\" + std::string(file));
+  }
+  EXPECT_EQ(disk_.contents(), before);
+}
+
 TEST_F(FileCopyContract, FailsWithoutASourceAndMakesNoFolder) {
   EXPECT_FALSE(copy("C:\\lib\\Manual", "C:\\in\\Book_B.xml"));
   EXPECT_FALSE(copy("C:\\lib\\Manual", ""));

@@ -2,14 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/text.h"
+#include "tests/bad_input/library_operations.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/targets.h"
 
@@ -64,6 +67,39 @@ INSTANTIATE_TEST_SUITE_P(Of,
                          [](const auto& parameter) {
                            return replaceAll(parameter.param.name, "-", "_");
                          });
+
+/// The names of the kept inputs for XML that say an operation and a file, each with what it
+/// chooses.
+std::map<std::string, std::string> namedXmlCases() {
+  std::map<std::string, std::string> cases;
+  for (const Path& file : filesIn(inputs() / "xml")) {
+    const std::string name = file.filename().string();
+    if (contains(name, "-Quor_") || contains(name, "-Book_")) {
+      cases.emplace(name, xmlCaseOf(bytesOf(file)));
+    }
+  }
+  return cases;
+}
+
+// An operation that comes in front of another in their list gives every input behind it another
+// one.
+TEST(FuzzInputs, ForXmlChooseTheOperationAndTheFileOfTheirNames) {
+  for (const auto& [name, chosen] : namedXmlCases()) {
+    EXPECT_EQ(name, chosen);
+  }
+}
+
+TEST(FuzzInputs, ForXmlRunEveryAddition) {
+  const auto cases = namedXmlCases();
+  for (const LibraryOperation& operation : libraryOperations()) {
+    const std::string beginning = replaceAll(operation.name, " ", "_") + "-";
+    if (operation.name.starts_with("Book_Valuator")) {
+      EXPECT_TRUE(std::any_of(cases.begin(), cases.end(), [&](const auto& one) {
+        return one.second.starts_with(beginning);
+      })) << operation.name;
+    }
+  }
+}
 
 TEST(FuzzInputs, AllBelongToATarget) {
   std::set<std::string> known;

@@ -7,6 +7,7 @@
 // The same targets run under libFuzzer and, over the inputs that are kept, in the ordinary tests.
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace quorbind::testing {
@@ -14,6 +15,8 @@ namespace quorbind::testing {
 void fuzzText(std::string_view bytes);
 void fuzzHtml(std::string_view bytes);
 void fuzzXml(std::string_view bytes);
+/// The operation and the file that two bytes and more choose there, such as `BookInfo-Quor_TOC`.
+std::string xmlCaseOf(std::string_view bytes);
 void fuzzXlsx(std::string_view bytes);
 void fuzzXls(std::string_view bytes);
 void fuzzNumbers(std::string_view bytes);

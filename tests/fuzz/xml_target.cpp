@@ -1,9 +1,11 @@
 // Bytes as any of the XML files that a library and its books consist of. The first byte chooses the
-// operation, the second the file; what follows is what stands in it.
+// operation, the second the file; what follows is what stands in it. A kept input is called as
+// xmlCaseOf calls it, unless its name says what is odd about its content.
 
 #include <algorithm>
 #include <string>
 
+#include "platform/text.h"
 #include "tests/bad_input/library_operations.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/fuzzed_library.h"
@@ -66,6 +68,15 @@ const auto& chosen(const List& list, char byte) {
   return list[static_cast<unsigned char>(byte) % list.size()];
 }
 
+/// The operation and the file that an input of two bytes and more chooses.
+const LibraryOperation& operationOf(std::string_view bytes) {
+  return chosen(libraryOperations(), bytes[0]);
+}
+const std::string& fileOf(std::string_view bytes) {
+  static const std::vector<std::string> kFiles = xmlFilesOfLibrary();
+  return chosen(kFiles, bytes[1]);
+}
+
 /// Whether a file still holds the bytes; a rename gives it another name.
 bool isKept(const WholeLibrary::Tree& tree, std::string_view content) {
   return std::any_of(
@@ -91,14 +102,21 @@ void putBack(FuzzedLibrary& library, const std::string& file) {
 
 }  // namespace
 
+std::string xmlCaseOf(std::string_view bytes) {
+  const std::string_view file = fileOf(bytes);
+  const std::size_t stem = file.rfind('/') + 1;
+  return replaceAll(operationOf(bytes).name, " ", "_")
+      .append("-")
+      .append(file.substr(stem, file.rfind('.') - stem));
+}
+
 void fuzzXml(std::string_view bytes) {
-  static const std::vector<std::string> kFiles = xmlFilesOfLibrary();
   if (bytes.size() < 2) {
     return;
   }
   FuzzedLibrary& library = FuzzedLibrary::restored();
-  const LibraryOperation& operation = chosen(libraryOperations(), bytes[0]);
-  const std::string& file = chosen(kFiles, bytes[1]);
+  const LibraryOperation& operation = operationOf(bytes);
+  const std::string& file = fileOf(bytes);
   const std::string_view content = bytes.substr(2);
 
   library.files().write(kScratch, content);

@@ -89,6 +89,7 @@ class ToolsetWithDoubles final : public Toolset {
       return copying_(
           std::string(destination), std::string(source), reservedOverwrite, reservedDialog);
     }
+    void copyLinkedFiles(std::string_view /*destination*/, std::string_view /*page*/) override {}
     void flush() override {}
 
    private:

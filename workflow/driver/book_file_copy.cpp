@@ -44,7 +44,9 @@ class BookFileCopy {
         sourceFolder_(folderPartOf(way.tocPath)),
         destination_(way.destination),
         listings_(platform.files, platform.locale),
-        isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))) {}
+        linked_(platform.locale),
+        isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))),
+        isInPlace_(files_.sameFile(tocPath_, placeOf(fileNameOf(tocPath_)))) {}
 
   void copyFileAs(std::string_view name) {
     if (!isLibrarysOwn(name) && !files_.sameFile(tocPath_, placeOf(name))) {
@@ -59,36 +61,70 @@ class BookFileCopy {
     if (copy == nullptr) {
       return;
     }
-    for (const XmlNode& document : book.elementsByName(book_names::kHeadingFile)) {
-      ignoringErrors([&] { copyDocument(*copy, document.text()); });
+    for (const Document& document : documentsToCome(book, *copy)) {
+      ignoringErrors([&] { copyDocument(*copy, document); });
     }
     copy->flush();
   }
 
  private:
-  void copyDocument(FileCopy& copy, const std::string& document) {
-    const auto name = nameBelow(std::string_view(document).substr(0, document.find('#')));
-    if (!name || isLibrarysOwn(*name)) {
+  /// A document that does not stand in the destination before the first is copied.
+  struct Document {
+    std::string name;
+    bool isThere;  ///< beside the book file
+  };
+
+  /// Those that stand already get what they link to first, so that no other page brings something
+  /// into their places.
+  [[nodiscard]] std::vector<Document> documentsToCome(const XmlDocument& book, FileCopy& copy) {
+    std::vector<Document> documents;
+    for (const XmlNode& heading : book.elementsByName(book_names::kHeadingFile)) {
+      ignoringErrors([&] {
+        const std::string text = heading.text();
+        const auto name = nameBelow(std::string_view(text).substr(0, text.find('#')));
+        if (!name || isLibrarysOwn(*name)) {
+          return;
+        }
+        Document document{*name, listings_.hasFile(files_.absolutePath(sourceOf(*name)))};
+        if (listings_.hasFile(files_.absolutePath(placeOf(*name)))) {
+          bringLinkedFiles(copy, document);
+        } else {
+          documents.push_back(std::move(document));
+        }
+      });
+    }
+    return documents;
+  }
+
+  void copyDocument(FileCopy& copy, const Document& document) {
+    const std::string source = sourceOf(document.name);
+    const std::string place = placeOf(document.name);
+    // What has come since has come from where it stands.
+    if (document.isThere && files_.fileExists(place)) {
+      bringLinkedFiles(copy, document);
       return;
     }
-    const std::string source = sourceFolder_ + *name;
-    const bool isThere = listings_.hasFile(files_.absolutePath(source));
-    if (hasArrived(*name, isThere)) {
-      return;
+    if (document.isThere) {
+      linked_.add(document.name);
     }
-    const std::string folder(folderOf(placeOf(*name)));
-    if (isThere && isBookFile(source)) {
+    const std::string folder(folderOf(place));
+    if (document.isThere && isBookFile(source)) {
       makeFolders(files_, folder);
-      files_.copyFile(source, placeOf(*name));
+      files_.copyFile(source, place);
     } else {
       copy.mbCopyFiles(folder, source, 0, 0);
     }
   }
 
-  /// What was not listed has come since, if it has, from where it stands now.
-  [[nodiscard]] bool hasArrived(const std::string& name, bool isThere) {
-    const std::string place = placeOf(name);
-    return listings_.hasFile(files_.absolutePath(place)) || (isThere && files_.fileExists(place));
+  /// A page that stands may have come as what another one links to, or in a run that ended then.
+  void bringLinkedFiles(FileCopy& copy, const Document& document) {
+    if (!document.isThere || isInPlace_ || !linked_.add(document.name)) {
+      return;
+    }
+    const std::string source = sourceOf(document.name);
+    if (!isBookFile(source)) {
+      copy.copyLinkedFiles(folderOf(placeOf(document.name)), source);
+    }
   }
 
   [[nodiscard]] bool isBookFile(const std::string& path) const {
@@ -106,6 +142,10 @@ class BookFileCopy {
     return platform_.locale.upperCase(files_.absolutePath(path));
   }
 
+  [[nodiscard]] std::string sourceOf(std::string_view name) const {
+    return std::string(sourceFolder_).append(name);
+  }
+
   [[nodiscard]] std::string placeOf(std::string_view name) const {
     return std::string(destination_).append("\\").append(name);
   }
@@ -116,7 +156,11 @@ class BookFileCopy {
   std::string sourceFolder_;
   const std::string& destination_;
   FolderListings listings_;
+  /// The documents of which what they link to has been brought, or failed to come.
+  NameSet linked_;
   bool isLibraryFolder_;
+  /// Whether the book file lies in the destination, and its documents with it.
+  bool isInPlace_;
 };
 
 }  // namespace

@@ -17,9 +17,10 @@ struct BookFileWay {
 
 /// Brings an existing book file and the documents that its headings name from the folder of the
 /// book file into its destination, which is made when it is missing. Documents that stand there
-/// already stay as they are; the others go through the copying component one by one, each to its
-/// place below the folder. One that is a book file itself is copied without it, because the
-/// component would bring the documents of that book as well.
+/// already stay as they are, and of what they link to comes what does not stand there; the others
+/// go through the copying component one by one, each to its place below the folder. One that is a
+/// book file itself is copied without it, because the component would bring the documents of that
+/// book as well.
 ///
 /// The book file arrives under its own name and under `bookFileName`, the name by which the
 /// catalogue will know it, and replaces what stood there. Beside the catalogue nothing arrives

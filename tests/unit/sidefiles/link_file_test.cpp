@@ -104,8 +104,15 @@ TEST_F(RecordLink, ReportsAnEntryWithoutItsOtherFields) {
   EXPECT_THAT(boxes(), ElementsAre(kReported));
 }
 
-TEST_F(RecordLink, ReportsAFileThatIsDamagedOrOfAnotherKindOrWithoutItsList) {
-  for (const char* text : {"", "<LINKS>", "<Books/>", "<LINKS/>"}) {
+TEST_F(RecordLink, MakesTheListThatARunHasNotComeToWhichEndedWhileItMadeTheFile) {
+  writeFile("<LINKS/>");
+  add("X1");
+  EXPECT_EQ(file(), linksWith(link("X1", "BK@QUOR@Intro", "Prod\\net\\a.htm", "BK")));
+  EXPECT_THAT(boxes(), IsEmpty());
+}
+
+TEST_F(RecordLink, ReportsAFileThatIsDamagedOrOfAnotherKind) {
+  for (const char* text : {"", "<LINKS>", "<Books/>", "<Books><IBD/></Books>"}) {
     writeFile(text);
     world_.user.forget();
     add("X1");

@@ -166,6 +166,17 @@ TEST_F(FileCopyTest, CopiesALinkedFileAgainToAnotherFolder) {
   EXPECT_TRUE(disk_.has("other/logo.png"));
 }
 
+TEST_F(FileCopyTest, CopiesWhatAPageInPlaceLinksToOnceAndNothingOverIt) {
+  disk_.write("in/one.htm", "<img src=logo.png><a href=two.htm>");
+  disk_.write("in/two.htm", "<img src=LOGO.png><a href=one.htm>");
+  disk_.write("in/logo.png", "");
+  disk_.write("lib/one.htm", "old");
+  copy_.copyLinkedFiles("C:\\lib", "C:\\in\\one.htm");
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib", "C:\\in\\two.htm", 0, 0));
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\logo.png"), 1);
+  EXPECT_EQ(disk_.read("lib/one.htm"), "old");
+}
+
 TEST_F(FileCopyTest, FindsDocumentsInAFolderThatCannotBeListed) {
   disk_.write("in/intro.htm", "");
   files_.failToList();

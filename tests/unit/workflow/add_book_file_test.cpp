@@ -156,6 +156,46 @@ TEST_F(AddBookFile, ReplacesAnOlderBookFileButNoDocumentThatIsThere) {
   EXPECT_THAT(library(), Not(Contains("Manual/a.htm")));
 }
 
+TEST_F(AddBookFile, BringsWhatADocumentLinksToAlsoWhereTheDocumentIsThere) {
+  world_.disk.write("Docs/Prod/Manual/a.htm", "old");
+  world_.disk.write("in/b.htm", "page");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/a.htm"), "old");
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/p.png"), "picture");
+}
+
+TEST_F(AddBookFile, LeavesWhatADocumentThatIsThereLinksToAsItIs) {
+  world_.disk.write("Docs/Prod/Manual/a.htm", "old");
+  world_.disk.write("Docs/Prod/Manual/P.png", "old");
+  world_.disk.write("in/b.htm", "page");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/P.png"), "old");
+  EXPECT_THAT(library(), Not(Contains("Manual/p.png")));
+}
+
+TEST_F(AddBookFile, BringsWhatADocumentLinksToAlsoWhereAnotherHasBroughtTheDocument) {
+  world_.disk.write("in/a.htm", "page <a href=b.htm>");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/p.png"), "picture");
+}
+
+TEST_F(AddBookFile, PutsNothingThatADocumentLinksToInThePlaceOfOneThatIsThere) {
+  world_.disk.write("Docs/Prod/Manual/b.htm", "old");
+  world_.disk.write("in/a.htm", "page <a href=b.htm>");
+  EXPECT_TRUE(run());
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/a.htm"), "page <a href=b.htm>");
+  EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/b.htm"), "old");
+}
+
+TEST_F(AddBookFile, BringsNothingThatAPageLinksToWhichIsABookFileInTruth) {
+  world_.disk.write("in/a.htm", "<Book_Master><HName src='p.png'/></Book_Master>");
+  world_.disk.write("in/b.htm", "page <a href=a.htm>");
+  writeBook("Pumps", "PMP", "P\\Manual", heading("b.htm") + heading("a.htm"));
+  EXPECT_TRUE(run());
+  EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/a.htm"));
+  EXPECT_FALSE(world_.disk.has("Docs/Prod/Manual/p.png"));
+}
+
 TEST_F(AddBookFile, KeepsItsDocumentsInTheirPlacesBelowIt) {
   writeBook("Pumps", "PMP", "P\\Manual", heading("deep/c.htm") + heading("") + heading("none.htm"));
   world_.disk.write("in/deep/c.htm", "page <img src=../p.png><img src=q.png>");
