@@ -44,7 +44,7 @@ class BookFileCopy {
         sourceFolder_(folderPartOf(way.tocPath)),
         destination_(way.destination),
         listings_(platform.files, platform.locale),
-        linked_(platform.locale),
+        copied_(platform.locale),
         isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))),
         isInPlace_(files_.sameFile(tocPath_, placeOf(fileNameOf(tocPath_)))) {}
 
@@ -97,16 +97,11 @@ class BookFileCopy {
   }
 
   void copyDocument(FileCopy& copy, const Document& document) {
-    const std::string source = sourceOf(document.name);
-    const std::string place = placeOf(document.name);
-    // What has come since has come from where it stands.
-    if (document.isThere && files_.fileExists(place)) {
-      bringLinkedFiles(copy, document);
+    if (!copied_.add(document.name)) {
       return;
     }
-    if (document.isThere) {
-      linked_.add(document.name);
-    }
+    const std::string source = sourceOf(document.name);
+    const std::string place = placeOf(document.name);
     const std::string folder(folderOf(place));
     if (document.isThere && isBookFile(source)) {
       makeFolders(files_, folder);
@@ -116,9 +111,9 @@ class BookFileCopy {
     }
   }
 
-  /// A page that stands may have come as what another one links to, or in a run that ended then.
+  /// A page that stands may have come in a run that ended before what it links to had come.
   void bringLinkedFiles(FileCopy& copy, const Document& document) {
-    if (!document.isThere || isInPlace_ || !linked_.add(document.name)) {
+    if (!document.isThere || isInPlace_ || !copied_.add(document.name)) {
       return;
     }
     const std::string source = sourceOf(document.name);
@@ -156,8 +151,8 @@ class BookFileCopy {
   std::string sourceFolder_;
   const std::string& destination_;
   FolderListings listings_;
-  /// The documents of which what they link to has been brought, or failed to come.
-  NameSet linked_;
+  /// The documents that were seen to: several headings may name one.
+  NameSet copied_;
   bool isLibraryFolder_;
   /// Whether the book file lies in the destination, and its documents with it.
   bool isInPlace_;
