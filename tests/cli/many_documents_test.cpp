@@ -61,6 +61,33 @@ class ManyDocuments : public LibraryTest {
     writeBookOf(documents);
     const std::vector<SystemCall> calls = callsOfAnAdditionOf(documents, "trace=openat");
     EXPECT_TRUE(disk.has("server/Docs/Plant/Many/" + std::to_string(documents - 1) + ".htm"));
+    return listingsAmong(calls);
+  }
+
+  /// The same of a book file with pages that stand beside it and link on, and as many that don't.
+  [[nodiscard]] std::size_t listingsOfABookFileOf(int documents) const {
+    const std::string number = std::to_string(documents);
+    const std::string folder = "in " + number + "/";
+    std::string headings;
+    for (int i = 0; i < documents; ++i) {
+      const std::string page = std::to_string(i) + ".htm";
+      disk.write(folder + page, "<a href='" + std::to_string(i + 1) + ".htm'>on</a>");
+      headings += "<Heading level=\"H1\"><HName>a</HName><HFile>" + page + "</HFile></Heading>" +
+                  "<Heading level=\"H1\"><HName>b</HName><HFile>no " + page + "</HFile></Heading>";
+    }
+    disk.write(folder + "b.xml",
+               "<Book_Master><Book><Book_Name>" + number + "</Book_Name><Book_Acro>" + number +
+                   "</Book_Acro><Book_Key id=\"\">Plant</Book_Key><Book_Path>Plant\\" + number +
+                   "</Book_Path></Book><Book_Headings>" + headings +
+                   "</Book_Headings></Book_Master>");
+    const std::vector<SystemCall> calls =
+        callsOfCommand(plantWords({"add", folder + "b.xml", "--no-input"}), "trace=openat");
+    EXPECT_TRUE(
+        disk.has("server/Docs/Plant/" + number + "/" + std::to_string(documents - 1) + ".htm"));
+    return listingsAmong(calls);
+  }
+
+  static std::size_t listingsAmong(const std::vector<SystemCall>& calls) {
     return static_cast<std::size_t>(
         std::count_if(calls.begin(), calls.end(), [](const SystemCall& call) {
           return contains(call.text, "O_DIRECTORY");
@@ -72,6 +99,12 @@ TEST_F(ManyDocuments, TakeNoMoreListingsOfFoldersThanAFew) {
   const std::size_t few = listingsOfAnAdditionOf(50);
   ASSERT_GT(few, 0U);
   EXPECT_LE(listingsOfAnAdditionOf(500), few + 5);
+}
+
+TEST_F(ManyDocuments, OfABookFileTakeNoMoreListingsOfFoldersThanAFew) {
+  const std::size_t few = listingsOfABookFileOf(50);
+  ASSERT_GT(few, 0U);
+  EXPECT_LE(listingsOfABookFileOf(500), few + 5);
 }
 
 constexpr const char* kNames = "trace=openat,newfstatat,stat,lstat,faccessat,access";
