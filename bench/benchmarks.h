@@ -28,10 +28,8 @@ struct Work {
 /// own.
 void registerWork(std::string_view name, std::size_t size, Work work);
 
-/// Of tables of contents, catalogues and side files, in entries.
+/// Of tables of contents, catalogues and side files in entries, of folders in documents.
 inline constexpr std::array<std::size_t, 3> kSizes{1'000, 10'000, 100'000};
-/// Of folders that are copied, in documents.
-inline constexpr std::array<std::size_t, 2> kFolderSizes{1'000, 10'000};
 /// Of workbooks, in rows: a sheet ends with row 32,766.
 inline constexpr std::array<std::size_t, 2> kWorkbookSizes{3'000, 30'000};
 

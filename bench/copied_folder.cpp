@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "toolset/file_copy.h"
+#include "workflow/driver/book_file_copy.h"
 
 namespace quorbind::bench {
 
@@ -35,6 +36,17 @@ bool CopiedFolder::copy() {
       copy.mbCopyFiles("C:\\library\\" + folder_, std::string("C:\\in\\") + kBookFile, 0, 0);
   copy.flush();
   return isCopied;
+}
+
+bool CopiedFolder::takeOver() {
+  const std::string book = std::string("C:\\in\\") + kBookFile;
+  const std::string library = "C:\\library\\";
+  const std::string destination = library + folder_;
+  const std::string catalogue = library + "Quor_TOC.xml";
+  copyBookFile(world_.platform(),
+               {.tocPath = book, .destination = destination, .catalogue = catalogue},
+               kBookFile);
+  return true;
 }
 
 bool CopiedFolder::areCopied() const {

@@ -16,7 +16,10 @@ class CopiedFolder {
   /// Every copy goes to a folder that is new: one that was emptied takes files more slowly.
   void reset() { folder_ = "copy" + std::to_string(++copies_); }
 
+  /// As a generated book file comes, with all its documents at once.
   bool copy();
+  /// As an existing book file does, which hands its documents over one by one.
+  bool takeOver();
   [[nodiscard]] bool areCopied() const;
 
   /// With the book file.

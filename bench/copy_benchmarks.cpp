@@ -10,20 +10,30 @@ namespace quorbind::bench {
 namespace {
 
 template <typename Folder>
-void registerCopies(const char* name, const std::shared_ptr<MadeOnce<Folder>>& folders) {
+void registerCopies(const char* name,
+                    bool (*run)(Folder& folder),
+                    const std::shared_ptr<MadeOnce<Folder>>& folders) {
   registerOperations(folders,
                      std::array{Operation<Folder>{
                          .name = name,
-                         .run = [](Folder& folder) { return folder.copy(); },
+                         .run = run,
                          .check = [](const Folder& folder) { return folder.areCopied(); }}},
-                     kFolderSizes);
+                     kSizes);
 }
 
 }  // namespace
 
 void registerCopying(const Store& store) {
-  registerCopies("component/copy/documents", store.plainFolders);
-  registerCopies("component/copy/pages", store.pageFolders);
+  registerCopies<PlainFolder>(
+      "component/copy/documents",
+      [](PlainFolder& folder) { return folder.copy(); },
+      store.plainFolders);
+  registerCopies<PageFolder>(
+      "component/copy/pages", [](PageFolder& folder) { return folder.copy(); }, store.pageFolders);
+  registerCopies<PlainFolder>(
+      "component/copy/taken-over",
+      [](PlainFolder& folder) { return folder.takeOver(); },
+      store.plainFolders);
 }
 
 }  // namespace quorbind::bench

@@ -21,7 +21,7 @@ void registerCopies(const char* name, const std::shared_ptr<MadeOnce<Folder>>& f
                          .name = name,
                          .run = [](Folder& folder) { return copyOnFloor(folder); },
                          .check = [](const Folder& folder) { return folder.areCopied(); }}},
-                     kFolderSizes);
+                     kSizes);
 }
 
 }  // namespace

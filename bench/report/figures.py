@@ -46,8 +46,8 @@ BOUNDS = {
     "workbook": Bound("reading a packed workbook, and checking it, take at most twice their floor",
                       2),
     "copy": Bound("copying documents takes at most 1.3 times `cp -r` and one flush", 1.3),
-    "page copy": Bound("copying pages, which are read for what they need, takes at most twice that",
-                       2),
+    "page copy": Bound("copying pages, which are read for what they need, and documents one by one, "
+                       "takes at most twice that", 2),
     "query": Bound("a query takes at most 1.2 times loading the file and the same query", 1.2),
     "change": Bound("a change takes at most 1.2 times loading and saving the files", 1.2),
     "list": Bound("a list of changes takes at most 1.5 times one loading and saving", 1.5),
@@ -62,7 +62,6 @@ START = Bound("`quorbind --version` takes at most 3 ms more than an empty progra
 BOUNDS_FROM = 3_000
 
 SIZES = (1_000, 10_000, 100_000)
-FOLDER_SIZES = (1_000, 10_000)
 WORKBOOK_SIZES = (3_000, 30_000)
 PROCESS_SIZES = {
     "text": (1_000, 10_000, 100_000, 1_000_000),
@@ -108,9 +107,10 @@ WORKBOOKS = Table("workbooks", "stage", "rows", WORKBOOK_SIZES, (
         ("workbook-look-ups/missing", "exports")),
 ))
 
-COPIES = Table("copies", "copy", "documents", FOLDER_SIZES, (
+COPIES = Table("copies", "copy", "documents", SIZES, (
     row("documents", "copy/documents", ("copy/documents",), "copy"),
     row("pages", "copy/pages", ("copy/pages",), "page copy"),
+    row("documents of an existing book file", "copy/taken-over", ("copy/documents",), "page copy"),
 ))
 
 
