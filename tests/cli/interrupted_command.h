@@ -170,10 +170,10 @@ class InterruptedCommand : public CompleteLibrary {
   static constexpr const char* kFolder = "(folder)";
 
  private:
-  /// Whether it is a book file or one of categories.
+  /// Whether it is a book file or one that a library keeps beside its catalogue.
   [[nodiscard]] static bool statesItsDate(const std::string& name) {
     const std::string file = std::filesystem::path(name).filename().string();
-    return file.starts_with("Book_") || file == "Quor_BookCategories.xml";
+    return file.starts_with("Book_") || file.starts_with("Quor_");
   }
   /// Whether an old file stands under its new name.
   [[nodiscard]] bool isRenamed(const std::string& content) const {
