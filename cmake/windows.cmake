@@ -12,5 +12,7 @@ add_link_options(-static -Wl,--no-insert-timestamp)
 
 # A function calls its own copy of an inline one there as GCC sees it, and counts on the registers that
 # this copy leaves alone. The linker keeps one copy of all, maybe that of a source that is compiled
-# with other options.
-add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-fno-ipa-ra>)
+# with other options. clang-tidy, which has presets of its own, does not know the option.
+if(NOT CMAKE_UNITY_BUILD)
+  add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-fno-ipa-ra>)
+endif()
