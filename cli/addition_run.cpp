@@ -4,7 +4,6 @@
 #include "cli/required_document.h"
 #include "cli/side_file_rules.h"
 #include "cli/taken_names.h"
-#include "platform/toolset.h"
 #include "toc/toc_check.h"
 
 namespace quorbind {
@@ -26,12 +25,7 @@ void AdditionRun::writing(const std::string& what, const std::function<void()>& 
 void AdditionRun::requireOwnLetters(const std::string& name,
                                     const std::string& acronym,
                                     const Abandoned& otherwise) {
-  const auto rules = wiring.toolset.createXmlTextRules();
-  if (const auto taken = takenInOtherLetterCase(wiring.locale,
-                                                booksBefore,
-                                                rules->mstrCheckSpecialCharecters(name),
-                                                rules->mstrCheckSpecialCharecters(acronym))) {
-    wiring.ui.show(*taken);
+  if (tellTakenInOtherLetterCase(wiring, booksBefore, name, acronym)) {
     throw otherwise;
   }
 }

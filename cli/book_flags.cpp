@@ -38,19 +38,11 @@ std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming) {
 
 void holdBookDialogTo(Wiring& wiring, const std::string& catalogue) {
   wiring.ui.holdFormsTo([&wiring, catalogue](const ModalForm& form) {
-    if (form.name() != layout::kBookInfo.name) {
-      return true;
-    }
-    const auto rules = wiring.toolset.createXmlTextRules();
-    const auto taken =
-        takenInOtherLetterCase(wiring.locale,
-                               readCatalogue(wiring.module.platform, catalogue),
-                               rules->mstrCheckSpecialCharecters(form.boxText(kNameBox)),
-                               rules->mstrCheckSpecialCharecters(form.boxText(kAcronymBox)));
-    if (taken) {
-      wiring.ui.show(*taken);
-    }
-    return !taken;
+    return form.name() != layout::kBookInfo.name ||
+           !tellTakenInOtherLetterCase(wiring,
+                                       readCatalogue(wiring.module.platform, catalogue),
+                                       form.boxText(kNameBox),
+                                       form.boxText(kAcronymBox));
   });
 }
 

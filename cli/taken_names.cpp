@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/toolset.h"
 #include "resources/messages.h"
 
 namespace quorbind {
@@ -62,17 +63,22 @@ std::optional<TakenName> TakenNames::takeAcronym(const std::string& acronym) {
   return quorbind::take(acronyms_, acronym, Message::kErrorBookAcro);
 }
 
-std::optional<UserMessage> takenInOtherLetterCase(const Locale& locale,
-                                                  const std::vector<ListedBook>& books,
-                                                  const std::string& name,
-                                                  const std::string& acronym) {
-  if (isHeldInOtherLetterCase(locale, books, &ListedBook::name, name)) {
-    return boxOf(Message::kErrorBookName, readableName(name));
-  }
-  if (isHeldInOtherLetterCase(locale, books, &ListedBook::acronym, acronym)) {
-    return boxOf(Message::kErrorBookAcro, readableName(acronym));
-  }
-  return std::nullopt;
+bool tellTakenInOtherLetterCase(Wiring& wiring,
+                                const std::vector<ListedBook>& books,
+                                const std::string& name,
+                                const std::string& acronym) {
+  const auto rules = wiring.toolset.createXmlTextRules();
+  const auto isTold =
+      [&](std::string ListedBook::*member, const std::string& text, Message beginning) {
+        const std::string stored = rules->mstrCheckSpecialCharecters(text);
+        const bool isHeld = isHeldInOtherLetterCase(wiring.locale, books, member, stored);
+        if (isHeld) {
+          wiring.ui.show(boxOf(beginning, readableName(stored)));
+        }
+        return isHeld;
+      };
+  return isTold(&ListedBook::name, name, Message::kErrorBookName) ||
+         isTold(&ListedBook::acronym, acronym, Message::kErrorBookAcro);
 }
 
 }  // namespace quorbind

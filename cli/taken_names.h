@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/catalogue_reader.h"
+#include "cli/wiring.h"
 #include "platform/locale.h"
 #include "platform/user_interface.h"
 
@@ -42,11 +43,11 @@ class TakenNames {
   Texts acronyms_;
 };
 
-/// The first of name and acronym, in their stored form, that a book has in another letter case. The
-/// component looks for the same letters only.
-std::optional<UserMessage> takenInOtherLetterCase(const Locale& locale,
-                                                  const std::vector<ListedBook>& books,
-                                                  const std::string& name,
-                                                  const std::string& acronym);
+/// Tells the user of the first of name and acronym, typed or stored, that a book has in another
+/// letter case, and returns whether one is. The component looks for the same letters only.
+bool tellTakenInOtherLetterCase(Wiring& wiring,
+                                const std::vector<ListedBook>& books,
+                                const std::string& name,
+                                const std::string& acronym);
 
 }  // namespace quorbind
