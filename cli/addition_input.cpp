@@ -122,13 +122,14 @@ AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
   }
   run_.statedPlace.folder = survey.folder;
   requireUsableLinks(toc);
-  if (!asksFirst(run_.arguments)) {
+  if (asksFirst(run_.arguments)) {
+    if (!askForNames(toc)) {
+      return ExitStatus::kRefused;
+    }
+    requireOwnBookFile(survey);
+  } else {
     run_.requireOwnLetters(
         survey.name, survey.acronym, {AbandonReason::kAnswerMissing, "give --name and --acro"});
-  } else if (!askForNames(toc)) {
-    return ExitStatus::kRefused;
-  } else {
-    requireOwnBookFile(survey);
   }
   tellOfUnusedFolder();
   return toc.path;

@@ -44,7 +44,7 @@ class BookFileCopy {
         sourceFolder_(folderPartOf(way.tocPath)),
         destination_(way.destination),
         listings_(platform.files, platform.locale),
-        copied_(platform.locale),
+        seen_(platform.locale),
         isLibraryFolder_(fullName(destination_) == fullName(folderPartOf(way.catalogue))),
         isInPlace_(files_.sameFile(tocPath_, placeOf(fileNameOf(tocPath_)))) {}
 
@@ -82,7 +82,7 @@ class BookFileCopy {
       ignoringErrors([&] {
         const std::string text = heading.text();
         const auto name = nameBelow(std::string_view(text).substr(0, text.find('#')));
-        if (!name || isLibrarysOwn(*name)) {
+        if (!name || isLibrarysOwn(*name) || !seen_.add(*name)) {
           return;
         }
         Document document{*name, listings_.hasFile(files_.absolutePath(sourceOf(*name)))};
@@ -97,9 +97,6 @@ class BookFileCopy {
   }
 
   void copyDocument(FileCopy& copy, const Document& document) {
-    if (!copied_.add(document.name)) {
-      return;
-    }
     const std::string source = sourceOf(document.name);
     const std::string place = placeOf(document.name);
     const std::string folder(folderOf(place));
@@ -113,7 +110,7 @@ class BookFileCopy {
 
   /// A page that stands may have come in a run that ended before what it links to had come.
   void bringLinkedFiles(FileCopy& copy, const Document& document) {
-    if (!document.isThere || isInPlace_ || !copied_.add(document.name)) {
+    if (!document.isThere || isInPlace_) {
       return;
     }
     const std::string source = sourceOf(document.name);
@@ -142,7 +139,7 @@ class BookFileCopy {
   }
 
   [[nodiscard]] std::string placeOf(std::string_view name) const {
-    return std::string(destination_).append("\\").append(name);
+    return joinedPath(destination_, name);
   }
 
   const Platform& platform_;
@@ -151,8 +148,8 @@ class BookFileCopy {
   std::string sourceFolder_;
   const std::string& destination_;
   FolderListings listings_;
-  /// The documents that were seen to: several headings may name one.
-  NameSet copied_;
+  /// Several headings may name one document.
+  NameSet seen_;
   bool isLibraryFolder_;
   /// Whether the book file lies in the destination, and its documents with it.
   bool isInPlace_;
