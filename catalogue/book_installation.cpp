@@ -55,7 +55,7 @@ struct LibraryPaths {
 
  private:
   [[nodiscard]] std::string fileOf(std::string_view name) const {
-    return std::string(libraryFolder).append("\\").append(name);
+    return joinedPath(libraryFolder, name);
   }
 };
 
@@ -147,7 +147,7 @@ class BookInstallation {
   }
 
   void copyDocument(const std::string& fileName) {
-    const std::string folder = paths_.libraryFolder + "\\" + acronym_;
+    const std::string folder = joinedPath(paths_.libraryFolder, acronym_);
     const std::string name = upperCaseAscii(fileNameOf(withBackslashes(document_)));
     std::unique_ptr<FileCopy> copy;
     if (contains(name, kPageMark) || contains(name, kXmlMark)) {
@@ -157,7 +157,7 @@ class BookInstallation {
     if (!platform_.files.folderExists(folder)) {
       platform_.files.createFolder(folder);
     }
-    const std::string target = folder + "\\" + fileName;
+    const std::string target = joinedPath(folder, fileName);
     // It may have been handed over from where it belongs.
     if (!platform_.files.sameFile(document_, target)) {
       platform_.files.copyFile(document_, target);

@@ -129,8 +129,7 @@ class PropertiesChange {
     const std::string fileName =
         catalogue_->select(booksNamed(bookName_)).child(catalogue_names::kBookFile).text();
     const std::string oldFolder = folderOfBook();
-    bookFile_ = folderPartOf(cataloguePath_);
-    bookFile_.append(oldFolder).append(oldFolder.empty() ? "" : "\\").append(fileName);
+    bookFile_ = std::string(folderPartOf(cataloguePath_)).append(joinedPath(oldFolder, fileName));
     fileIsInLibrary_ =
         catalogue_names::staysInLibrary(oldFolder) && catalogue_names::staysInLibrary(fileName);
 

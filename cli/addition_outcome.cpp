@@ -149,7 +149,7 @@ std::string AdditionOutcome::bookFileBeingMade() const {
   const std::string name = book_names::fileOf(state.acroOfBookFile());
   if (run_.kind == TocCheck::kXml) {
     const std::string folder = run_.statedPlace.folder.value_or("");
-    return run_.library.folder + "\\" + (folder.empty() ? "" : folder + "\\") + name;
+    return joinedPath(joinedPath(run_.library.folder, folder), name);
   }
   return std::string(folderPartOf(state.currentTocPath)) + name;
 }

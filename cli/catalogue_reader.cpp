@@ -8,6 +8,7 @@
 #include "catalogue/names.h"
 #include "cli/failure.h"
 #include "cli/required_document.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace quorbind {
@@ -128,13 +129,13 @@ const ListedBook& requireBookWithAcronym(const std::vector<ListedBook>& books,
 }
 
 std::string bookFileOf(const LibraryPaths& library, const ListedBook& book) {
-  const std::string file = book.folder.empty() ? book.bookFile : book.folder + "\\" + book.bookFile;
+  const std::string file = joinedPath(book.folder, book.bookFile);
   if (!staysBelow(file)) {
     throw CommandFailure(
         ExitStatus::kRefused,
         nativeName(library.catalogue) + ": the book file " + file + " is not in the library");
   }
-  return library.folder + "\\" + file;
+  return joinedPath(library.folder, file);
 }
 
 std::string readableName(std::string_view stored) {

@@ -18,7 +18,7 @@ std::optional<std::string> folderBelowServer(const LibraryPaths& paths, const Li
     return paths.location;
   }
   const auto below = nameBelow(book.folder);
-  return below ? std::optional(paths.location + "\\" + *below) : std::nullopt;
+  return below ? std::optional(joinedPath(paths.location, *below)) : std::nullopt;
 }
 
 /// The identifier of a whole book has the book's table of contents for its source, in full; that

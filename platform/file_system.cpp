@@ -1,5 +1,7 @@
 #include "platform/file_system.h"
 
+#include "platform/paths.h"
+
 namespace quorbind {
 
 namespace {
@@ -29,9 +31,8 @@ std::unique_ptr<CopySeries> FileSystem::beginCopies() {
 
 std::vector<std::string> FileSystem::fileNamesIn(std::string_view folder) {
   std::vector<std::string> names = namesIn(folder);
-  std::erase_if(names, [&](const std::string& name) {
-    return !fileExists(std::string(folder).append("\\").append(name));
-  });
+  std::erase_if(names,
+                [&](const std::string& name) { return !fileExists(joinedPath(folder, name)); });
   return names;
 }
 

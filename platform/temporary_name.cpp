@@ -1,6 +1,5 @@
 #include "platform/temporary_name.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace quorbind {

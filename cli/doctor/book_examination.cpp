@@ -61,7 +61,7 @@ class BookExamination {
           Kind::kOutsideDocument, place, {{"DOCUMENT", document.name}, {"BOOK", titleOf(book_)}});
       return;
     }
-    const std::string path = folder_ + "\\" + *below;
+    const std::string path = joinedPath(folder_, *below);
     // A document may be a book file itself, which is then no book of its own.
     library_.claim(path);
     if (!library_.hasFile(path)) {

@@ -6,6 +6,7 @@
 #include "cli/doctor/examined_files.h"
 #include "cli/doctor/mending_command.h"
 #include "platform/file_system.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
 
@@ -123,7 +124,7 @@ class EntryExamination {
     }
     const auto file = library_.fileOf(book_);
     if (!file) {
-      const std::string stated = book_.folder + (book_.folder.empty() ? "" : "\\") + book_.bookFile;
+      const std::string stated = joinedPath(book_.folder, book_.bookFile);
       add(Kind::kOutsideBook, {{"PLACE", stated}}, library_.deletionOf(entry_));
       return;
     }
@@ -140,7 +141,7 @@ class EntryExamination {
 
   [[nodiscard]] bool hasFolder() const {
     return book_.folder.empty() ||
-           library_.platform.files.folderExists(library_.paths.folder + "\\" + book_.folder);
+           library_.platform.files.folderExists(joinedPath(library_.paths.folder, book_.folder));
   }
 
   [[nodiscard]] std::string impliedFile() const { return book_names::fileOf(book_.acronym); }

@@ -1,6 +1,7 @@
 #include "cli/doctor/entry_index.h"
 
 #include "platform/locale.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
 
@@ -44,7 +45,7 @@ std::optional<EntryIndex::Entry> EntryIndex::withBookFileOf(const ListedBook& bo
 }
 
 std::string EntryIndex::placeOf(const ListedBook& book) const {
-  return platform_.locale.upperCase(book.folder + "\\" + book.bookFile);
+  return platform_.locale.upperCase(joinedPath(book.folder, book.bookFile));
 }
 
 std::optional<EntryIndex::Entry> EntryIndex::withExactName(const std::string& name) const {
