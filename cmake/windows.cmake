@@ -11,8 +11,8 @@ add_compile_options(
 add_link_options(-static -Wl,--no-insert-timestamp)
 
 # A function calls its own copy of an inline one there as GCC sees it, and counts on the registers that
-# this copy leaves alone. The linker keeps one copy of all, maybe that of a source that is compiled
-# with other options. clang-tidy, which has presets of its own, does not know the option.
-if(NOT CMAKE_UNITY_BUILD)
+# this copy leaves alone. The linker keeps one copy of all, maybe that of a test, which is compiled
+# with other options. clang-tidy, which reads no tests, does not know the option.
+if(QUORBIND_TESTS)
   add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-fno-ipa-ra>)
 endif()
