@@ -82,16 +82,17 @@ std::string nameIn(std::string_view value) {
 std::vector<std::string> linksIn(std::string_view page) {
   std::vector<std::string> links;
   std::size_t next = 0;
+  std::size_t endOfUnquoted = 0;
   for (std::size_t equals = page.find('='); equals != std::string_view::npos;
        equals = page.find('=', next)) {
     next = equals + 1;
-    if (!endsWithLinkAttribute(page.substr(0, equals))) {
+    if (!endsWithLinkAttribute(page.substr(endOfUnquoted, equals - endOfUnquoted))) {
       continue;
     }
     const AttributeValue value = valueIn(page.substr(next));
     // Without quotes to end them, values in values would add up to the square of the page.
     if (!value.isQuoted && !value.text.empty()) {
-      next = static_cast<std::size_t>(value.text.end() - page.begin());
+      next = endOfUnquoted = static_cast<std::size_t>(value.text.end() - page.begin());
     }
     std::string name = nameIn(value.text);
     if (!name.empty()) {

@@ -64,6 +64,7 @@ TEST(PageLinks, AreFoundInCommentsAndScripts) {
 TEST(PageLinks, StandInQuotedValuesButNotInOnesWithoutQuotes) {
   EXPECT_THAT(linksIn("<a href='x src=a.png '>"), ElementsAre("x src=a.png", "a.png"));
   EXPECT_THAT(linksIn("<a href=src=a.png>"), ElementsAre("src=a.png"));
+  EXPECT_THAT(linksIn("<a href=/src = a.png>"), ElementsAre("/src"));
 }
 
 TEST(PageLinks, OfALongPageTakeTimeInProportionToIt) {
