@@ -11,7 +11,7 @@ namespace {
 
 class KilledAtEachCall : public InterruptedCommand {
  protected:
-  /// All but one of so many points have to be met.
+  /// One point, and one more of so many, may be missed.
   static constexpr std::size_t kMostOf = 50;
 
   void expectWholeFiles(const Tree& after) const {
@@ -46,7 +46,7 @@ TEST_P(KilledAtEachCall, LeavesOldOrNewFilesAndNothingElseButTemporaries) {
     EXPECT_TRUE(outcome.signal == SIGKILL || (outcome.status == 0 && contents() == after));
     expectWholeFiles(after);
   }
-  EXPECT_GE(killed * kMostOf, points.size() * (kMostOf - 1));
+  EXPECT_LE(points.size() - killed, 1 + points.size() / kMostOf);
   RecordProperty("points", static_cast<int>(points.size()));
 }
 
