@@ -200,6 +200,10 @@ std::size_t validUtf8Prefix(std::string_view text) {
   }
 }
 
+bool isAscii(std::string_view text) {
+  return asciiPrefix(text) == text.size();
+}
+
 bool isValidUtf8(std::string_view text) {
   return validUtf8Prefix(text) == text.size();
 }

@@ -37,6 +37,9 @@ void appendUtf8(std::string& target, char32_t codePoint);
 /// only, no surrogates, nothing above U+10FFFF.
 std::size_t validUtf8Prefix(std::string_view text);
 
+/// Whether all of `text` is ASCII, which is the same in UTF-8 and in any code page of a system.
+bool isAscii(std::string_view text);
+
 /// Whether all of `text` is valid UTF-8.
 bool isValidUtf8(std::string_view text);
 

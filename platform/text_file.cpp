@@ -29,10 +29,6 @@ TextReader::TextReader(FileSystem& files, const Locale& locale, std::string_view
     encoding_ = Encoding::kUtf16LittleEndian;
   } else if (skip(kUtf16BigEndianMark)) {
     encoding_ = Encoding::kUtf16BigEndian;
-  } else {
-    encoding_ = restIsUtf8() ? Encoding::kUtf8 : Encoding::kSystemCodePage;
-    bytes_->rewind();
-    begin_ = end_ = 0;
   }
 }
 
@@ -40,6 +36,12 @@ bool TextReader::skip(std::string_view mark) {
   const bool isThere = unread().starts_with(mark);
   begin_ += isThere ? mark.size() : 0;
   return isThere;
+}
+
+void TextReader::decide() {
+  const std::size_t next = position_ - unread().size();
+  encoding_ = restIsUtf8() ? Encoding::kUtf8 : Encoding::kSystemCodePage;
+  goTo(next);
 }
 
 bool TextReader::restIsUtf8() {
@@ -53,6 +55,18 @@ bool TextReader::restIsUtf8() {
   return unread().empty();
 }
 
+void TextReader::goTo(std::size_t position) {
+  bytes_->rewind();
+  position_ = begin_ = end_ = 0;
+  while (position_ < position) {
+    begin_ = end_;
+    if (!fill()) {
+      return;  // Somebody has shortened it.
+    }
+  }
+  begin_ = end_ - (position_ - position);
+}
+
 bool TextReader::fill() {
   std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
   end_ -= begin_;
@@ -62,6 +76,7 @@ bool TextReader::fill() {
   }
   const std::size_t read = bytes_->read(buffer_.data() + end_, kChunkSize);
   end_ += read;
+  position_ += read;
   return read != 0;
 }
 
@@ -75,6 +90,7 @@ std::string_view TextReader::lineFeed() const {
       return "\n\0"sv;
     case Encoding::kUtf16BigEndian:
       return "\0\n"sv;
+    case Encoding::kUndecided:
     case Encoding::kUtf8:
     case Encoding::kSystemCodePage:
       break;
@@ -96,22 +112,35 @@ std::size_t TextReader::findLineFeed(std::size_t from) const {
   return std::string_view::npos;
 }
 
-std::string_view TextReader::readLine() {
-  if (atEnd()) {
-    raise(ErrorNumber::kInputPastEndOfFile);
-  }
+std::size_t TextReader::fillLine() {
   const std::size_t feedSize = lineFeed().size();
   std::size_t searched = 0;
   std::size_t length = findLineFeed(searched);
   while (length == std::string_view::npos) {
     searched = unread().size() - unread().size() % feedSize;
     if (!fill()) {
-      return decode(take(unread().size()));
+      return unread().size();
     }
     length = findLineFeed(searched);
   }
+  return length;
+}
+
+std::string_view TextReader::readLine() {
+  if (atEnd()) {
+    raise(ErrorNumber::kInputPastEndOfFile);
+  }
+  const std::size_t length = fillLine();
+  if (encoding_ == Encoding::kUndecided && !isAscii(unread().substr(0, length))) {
+    decide();
+    return readLine();
+  }
   std::string_view line = decode(take(length));
-  begin_ += feedSize;
+  if (unread().empty()) {
+    // The end of the file stands in for that of its last line.
+    return line;
+  }
+  begin_ += lineFeed().size();
   if (line.ends_with('\r')) {
     line.remove_suffix(1);
   }
@@ -120,6 +149,9 @@ std::string_view TextReader::readLine() {
 
 std::string TextReader::readAll() {
   while (fill()) {
+  }
+  if (encoding_ == Encoding::kUndecided) {
+    encoding_ = isValidUtf8(unread()) ? Encoding::kUtf8 : Encoding::kSystemCodePage;
   }
   return std::string(decode(take(unread().size())));
 }
@@ -133,6 +165,8 @@ std::string_view TextReader::take(std::size_t size) {
 std::string_view TextReader::decode(std::string_view raw) {
   decoded_.clear();
   switch (encoding_) {
+    case Encoding::kUndecided:
+      return raw;
     case Encoding::kUtf8:
       if (isValidUtf8(raw)) {
         return raw;

@@ -23,8 +23,9 @@ namespace quorbind {
 /// Lines: LF ends a line, and a CR directly before it is dropped; a CR alone is text. An end of
 /// line at the end of the file does not begin a further line.
 ///
-/// The file is read in pieces: only the line at hand has to fit into memory. A file without a mark
-/// is read twice, the first time to see whether it is UTF-8.
+/// The file is read in pieces: only the line at hand has to fit into memory. Of a file without a
+/// mark, ASCII reads alike whatever the encoding is. A line with something else in it has to know:
+/// then the rest of the file is read to see whether it is UTF-8, and once more for its lines.
 class TextReader {
  public:
   /// Opens the file. Raises what FileSystem::open raises. `files` and `locale` outlive the reader.
@@ -37,13 +38,20 @@ class TextReader {
   std::string readAll();
 
  private:
-  enum class Encoding { kUtf8, kUtf16LittleEndian, kUtf16BigEndian, kSystemCodePage };
+  /// Undecided is what has no mark and was ASCII so far.
+  enum class Encoding { kUndecided, kUtf8, kUtf16LittleEndian, kUtf16BigEndian, kSystemCodePage };
 
   [[nodiscard]] std::string_view unread() const { return {buffer_.data() + begin_, end_ - begin_}; }
   /// Whether what is unread begins with `mark`, which is then read.
   bool skip(std::string_view mark);
+  /// Ends with the same bytes unread.
+  void decide();
   /// Reads the file to its end.
   [[nodiscard]] bool restIsUtf8();
+  /// Reads the file anew up to the byte at `position`.
+  void goTo(std::size_t position);
+  /// Reads on until the next line is there whole. Answers its length, without its end.
+  std::size_t fillLine();
   /// Reads on by one chunk; false at the end of the file. Moves what is unread.
   bool fill();
   [[nodiscard]] std::string_view lineFeed() const;
@@ -54,11 +62,13 @@ class TextReader {
 
   std::unique_ptr<ByteReader> bytes_;
   const Locale& locale_;
-  Encoding encoding_ = Encoding::kUtf8;
+  Encoding encoding_ = Encoding::kUndecided;
   /// Bytes of the file as they stand; those from begin_ to end_ are unread.
   std::string buffer_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
+  /// How many bytes of the file have come.
+  std::size_t position_ = 0;
   std::string decoded_;
 };
 

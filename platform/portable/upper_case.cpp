@@ -2,21 +2,10 @@
 
 #include <unicode/uchar.h>
 
-#include <algorithm>
-
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 
 namespace quorbind {
-
-namespace {
-
-bool isAscii(std::string_view text) {
-  return std::all_of(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-}  // namespace
 
 std::string simpleUpperCase(std::string_view text) {
   if (isAscii(text)) {

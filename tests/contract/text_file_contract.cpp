@@ -52,15 +52,17 @@ class TextFileContract : public ::testing::Test {
   std::unique_ptr<Adapters> adapters_ = makeAdapters(disk_.path());
 };
 
-/// A disk with one file, which it gives out in pieces of a few bytes.
+/// A disk with one file, which it gives out in pieces of a few bytes, and counts them.
 class TricklingFiles final : public FileSystem {
  public:
   TricklingFiles(std::string bytes, std::size_t pieceSize)
       : bytes_(std::move(bytes)), pieceSize_(pieceSize) {}
 
   std::unique_ptr<ByteReader> open(std::string_view /*path*/) override {
-    return std::make_unique<Reader>(bytes_, pieceSize_);
+    return std::make_unique<Reader>(*this);
   }
+  [[nodiscard]] std::size_t bytesRead() const { return bytesRead_; }
+  void shorten(std::size_t size) { bytes_.resize(size); }
 
   bool fileExists(std::string_view /*path*/) override { return true; }
   bool folderExists(std::string_view /*path*/) override { return false; }
@@ -76,17 +78,20 @@ class TricklingFiles final : public FileSystem {
  private:
   class Reader final : public ByteReader {
    public:
-    Reader(std::string_view bytes, std::size_t pieceSize) : bytes_(bytes), pieceSize_(pieceSize) {}
+    explicit Reader(TricklingFiles& files) : files_(files) {}
     std::size_t read(char* buffer, std::size_t size) override {
-      const std::size_t count = bytes_.copy(buffer, std::min(size, pieceSize_), position_);
+      const std::size_t count =
+          position_ >= files_.bytes_.size()
+              ? 0
+              : files_.bytes_.copy(buffer, std::min(size, files_.pieceSize_), position_);
       position_ += count;
+      files_.bytesRead_ += count;
       return count;
     }
     void rewind() override { position_ = 0; }
 
    private:
-    std::string_view bytes_;
-    std::size_t pieceSize_;
+    TricklingFiles& files_;
     std::size_t position_ = 0;
   };
 
@@ -94,6 +99,7 @@ class TricklingFiles final : public FileSystem {
 
   std::string bytes_;
   std::size_t pieceSize_;
+  std::size_t bytesRead_ = 0;
 };
 
 std::string swapped(std::string bytes) {
@@ -135,6 +141,67 @@ TEST_F(TextFileContract, OneByteAnywhereMakesTheWholeFileTextInTheCodePage) {
   const std::string text = textOf("h\xC3\xA9" + manyLines + "h\xE9");
 
   EXPECT_EQ(text, inSystemCodePage("h\xC3\xA9") + manyLines + inSystemCodePage("h\xE9"));
+}
+
+TEST_F(TextFileContract, ALineOutsideAsciiIsInTheEncodingOfAllThatFollowsIt) {
+  for (const std::size_t before : {0U, 1U, 3U, 65'534U, 65'535U, 65'536U, 200'000U}) {
+    const std::string plain = before == 0 ? "" : std::string(before - 1, 'x') + "\n";
+    const std::string start = plain + "h\xC3\xA9\n" + std::string(kManyBytes, 'y') + "\n";
+    std::vector<std::string> expected{std::string(kManyBytes, 'y'), "end"};
+    if (before > 0) {
+      expected.insert(expected.begin(), std::string(before - 1, 'x'));
+    }
+    const auto place = expected.begin() + (before > 0 ? 1 : 0);
+    expected.insert(place, "hé");
+    EXPECT_TRUE(linesOf(start + "end") == expected) << before;
+
+    expected[before > 0 ? 1 : 0] = inSystemCodePage("h\xC3\xA9");
+    expected.back() = inSystemCodePage("\xE9nd");
+    EXPECT_TRUE(linesOf(start + "\xE9nd") == expected) << before;
+  }
+}
+
+TEST_F(TextFileContract, WhatIsLeftAfterLinesOfAsciiIsInTheEncodingOfItself) {
+  TextReader utf8 = read("plain\nhé\n");
+  utf8.readLine();
+  EXPECT_EQ(utf8.readAll(), "hé\n");
+
+  TextReader other = read("plain\nhé\n\xE9");
+  other.readLine();
+  EXPECT_EQ(other.readAll(), inSystemCodePage("h\xC3\xA9\n\xE9"));
+}
+
+TEST_F(TextFileContract, LinesOfAsciiAreReadOnceAndNoFurtherThanTheyAreAskedFor) {
+  constexpr std::size_t kPiece = 100;
+  TricklingFiles files(std::string(kManyBytes, '\n'), kPiece);
+  TextReader reader(files, adapters_->locale(), "C:\\a.txt");
+  reader.readLine();
+  EXPECT_EQ(files.bytesRead(), kPiece);
+
+  while (!reader.atEnd()) {
+    reader.readLine();
+  }
+  EXPECT_EQ(files.bytesRead(), kManyBytes);
+}
+
+TEST_F(TextFileContract, AFileThatIsReadWholeIsReadOnce) {
+  for (const std::string bytes : {"hé", "h\xE9"}) {
+    TricklingFiles files(bytes, 1);
+    TextReader(files, adapters_->locale(), "C:\\a.txt").readAll();
+    EXPECT_EQ(files.bytesRead(), bytes.size());
+  }
+}
+
+TEST_F(TextFileContract, AFileThatWasShortenedBeforeItsEncodingWasKnownEndsWhereItEnds) {
+  TricklingFiles files("plain\nmore\nhé\nend", 100);
+  TextReader reader(files, adapters_->locale(), "C:\\a.txt");
+  EXPECT_EQ(reader.readLine(), "plain");
+  EXPECT_EQ(reader.readLine(), "more");
+
+  files.shorten(3);
+
+  EXPECT_EQ(errorRaisedBy([&] { reader.readLine(); }), 62);
+  EXPECT_TRUE(reader.atEnd());
 }
 
 TEST_F(TextFileContract, ACharacterCutOffByTheEndIsNoUtf8) {
