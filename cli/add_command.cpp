@@ -1,13 +1,10 @@
 #include "cli/add_command.h"
 
-#include <nlohmann/json.hpp>
-
 #include "cli/addition.h"
 #include "cli/addition_batch.h"
 #include "cli/addition_run.h"
 #include "cli/failure.h"
 #include "cli/job_file.h"
-#include "cli/json_text.h"
 #include "cli/point_of_need.h"
 #include "cli/report.h"
 #include "cli/wiring.h"
@@ -30,7 +27,7 @@ ExitStatus addOne(const AddArguments& arguments) {
   const AdditionReport report = addBook(arguments, messages);
   tellAddition(report, messages);
   if (arguments.json) {
-    printJson(toJson(report, messages));
+    printAddition(report, messages);
   } else {
     printAddedBooks(report);
   }

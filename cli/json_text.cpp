@@ -8,11 +8,14 @@
 
 #include "cli/message_story.h"
 #include "platform/portable/visible_text.h"
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 
 namespace quorbind {
 
 namespace {
+
+constexpr int kIndent = 2;
 
 std::string escaped(char32_t character) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -37,20 +40,54 @@ void printShowable(std::string_view json) {
       plain += character.length;
     }
   }
-  std::cout << json << '\n';
+  std::cout << json;
+}
+
+// Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
+// report.
+std::string textOf(const Json& json) {
+  return json.dump(kIndent, ' ', false, Json::error_handler_t::replace);
+}
+
+/// As it stands in the list of a member of the object. A text has no line ends of its own.
+std::string textOfEntry(const Json& entry) {
+  const std::string lineStart = "\n" + std::string(2 * kIndent, ' ');
+  return lineStart + replaceAll(textOf(entry), "\n", lineStart);
+}
+
+void printList(const LongList& list) {
+  std::cout << '[';
+  for (std::size_t number = 0; number < list.size; ++number) {
+    printShowable((number == 0 ? "" : ",") + textOfEntry(list.entry(number)));
+  }
+  std::cout << (list.size == 0 ? "]" : "\n" + std::string(kIndent, ' ') + "]");
 }
 
 }  // namespace
 
-// Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
-// report.
 void printJson(Json members) {
-  constexpr int kIndent = 2;
+  printJson(std::move(members), {});
+}
+
+void printJson(Json members, const std::vector<LongList>& lists) {
   Json object = {{"format", kJsonFormat}};
   for (auto member = members.begin(); member != members.end(); ++member) {
     object[member.key()] = std::move(member.value());
   }
-  printShowable(object.dump(kIndent, ' ', false, Json::error_handler_t::replace));
+  const std::string text = textOf(object);
+  std::string_view rest = text;
+  for (const LongList& list : lists) {
+    constexpr std::string_view kPlaceholder = "null";
+    // What stands deeper is indented more.
+    const std::string before =
+        "\n" + std::string(kIndent, ' ') + "\"" + std::string(list.member) + "\": ";
+    const std::size_t at = rest.find(before + std::string(kPlaceholder)) + before.size();
+    printShowable(rest.substr(0, at));
+    printList(list);
+    rest.remove_prefix(at + kPlaceholder.size());
+  }
+  printShowable(rest);
+  std::cout << '\n';
 }
 
 Json toJson(const std::vector<ShownMessage>& messages) {

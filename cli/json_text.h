@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <nlohmann/json_fwd.hpp>
+#include <string_view>
 #include <vector>
 
 #include "platform/portable/terminal_user_interface.h"
@@ -16,6 +19,17 @@ inline constexpr int kJsonFormat = 1;
 
 /// Puts one object on the standard output: the number of its form, then `members`.
 void printJson(Json members);
+
+/// A list of any length that is an object's member. It is written entry by entry: all of them as
+/// Json would take many times the memory of what they tell.
+struct LongList {
+  std::string_view member;
+  std::size_t size = 0;
+  std::function<Json(std::size_t number)> entry;
+};
+
+/// The same; the members of `lists` hold the place with null in `members`, in the same order.
+void printJson(Json members, const std::vector<LongList>& lists);
 
 /// The boxes of a run, each with what would be accepted instead of what it refuses.
 Json toJson(const std::vector<ShownMessage>& messages);

@@ -19,6 +19,10 @@ namespace {
 
 constexpr const char* kNotAccepted = "not accepted";
 
+/// The lists of a report that may be long.
+constexpr const char* kFiles = "files";
+constexpr const char* kMissing = "missing";
+
 /// Whether violations of a workbook have been told one by one.
 template <typename Report>
 bool hasViolations(const Report& report) {
@@ -104,23 +108,50 @@ Json toJson(const AddedBook& added) {
   return {{"acronym", readableName(added.book.acronym)},
           {"name", readableName(added.book.name)},
           {"folder", added.book.folder},
-          {"files", added.files},
-          {"missing", added.missing.texts()}};
+          {kFiles, added.files},
+          {kMissing, added.missing.texts()}};
 }
 
 void addBooks(Json& object, const AdditionReport& report) {
-  if (report.isWorkbook) {
-    Json list = Json::array();
-    for (const AddedBook& book : report.books) {
-      list.push_back(toJson(book));
-    }
-    object["books"] = std::move(list);
-    return;
+  Json list = Json::array();
+  for (const AddedBook& book : report.books) {
+    list.push_back(toJson(book));
   }
-  const AddedBook book = report.books.empty() ? AddedBook{} : report.books.front();
+  object["books"] = std::move(list);
+}
+
+/// Of the only book, its lists left out.
+void addBook(Json& object, const AdditionReport& report) {
   object["folder"] = report.folder;
-  object["files"] = book.files;
-  object["missing"] = book.missing.texts();
+  object[kFiles] = nullptr;
+  object[kMissing] = nullptr;
+}
+
+std::vector<LongList> listsOf(const AdditionReport& report) {
+  if (report.isWorkbook) {
+    return {};
+  }
+  static const AddedBook kNone;
+  const AddedBook& book = report.books.empty() ? kNone : report.books.front();
+  return {
+      {kFiles, book.files.size(), [&](std::size_t number) { return book.files[number]; }},
+      {kMissing, book.missing.size(), [&](std::size_t number) { return book.missing.at(number); }}};
+}
+
+Json withoutLists(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
+  Json object = {{"status", static_cast<int>(report.status)}, {"added", report.added}};
+  if (report.isWorkbook) {
+    addBooks(object, report);
+  } else {
+    addBook(object, report);
+  }
+  object["messages"] = toJson(messages);
+  addRefusal(object, report, messages);
+  addViolations(object, report.violations);
+  if (!report.note.empty()) {
+    object["note"] = report.note;
+  }
+  return object;
 }
 
 void printCheckAsText(const CheckReport& report) {
@@ -138,30 +169,32 @@ void printCheckAsText(const CheckReport& report) {
   }
 }
 
+Json missingDocument(const CheckReport& report, std::size_t number) {
+  const auto& [line, cell] = report.missing.placeOf(number);
+  Json entry = Json::object();
+  addNumber(entry, "line", line);
+  addPlace(entry, cell);
+  entry["file"] = report.missing.fileOf(number);
+  return entry;
+}
+
 void printCheckAsJson(const CheckReport& report, const std::vector<ShownMessage>& messages) {
-  Json missing = Json::array();
-  for (std::size_t number = 0; number < report.missing.size(); ++number) {
-    const auto& [line, cell] = report.missing.placeOf(number);
-    Json entry = Json::object();
-    addNumber(entry, "line", line);
-    addPlace(entry, cell);
-    entry["file"] = report.missing.fileOf(number);
-    missing.push_back(std::move(entry));
-  }
   Json object = {{"status", static_cast<int>(report.status)},
                  {"accepted", report.status == ExitStatus::kDone}};
   if (report.books) {
     object["books"] = *report.books;
   }
   object["entries"] = report.entries;
-  object["missing"] = std::move(missing);
+  object[kMissing] = nullptr;
   object["messages"] = toJson(messages);
   addRefusal(object, report, messages);
   addViolations(object, report.violations);
   if (report.status != ExitStatus::kDone) {
     object["note"] = kNotAccepted;
   }
-  printJson(std::move(object));
+  printJson(std::move(object), {{kMissing, report.missing.size(), [&](std::size_t number) {
+                                   return missingDocument(report, number);
+                                 }}});
 }
 
 void printPreparationAsJson(const PreparationReport& report,
@@ -274,14 +307,18 @@ void printAddedBooks(const AdditionReport& report) {
   }
 }
 
+void printAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
+  printJson(withoutLists(report, messages), listsOf(report));
+}
+
 Json toJson(const AdditionReport& report, const std::vector<ShownMessage>& messages) {
-  Json object = {{"status", static_cast<int>(report.status)}, {"added", report.added}};
-  addBooks(object, report);
-  object["messages"] = toJson(messages);
-  addRefusal(object, report, messages);
-  addViolations(object, report.violations);
-  if (!report.note.empty()) {
-    object["note"] = report.note;
+  Json object = withoutLists(report, messages);
+  for (const LongList& list : listsOf(report)) {
+    Json entries = Json::array();
+    for (std::size_t number = 0; number < list.size; ++number) {
+      entries.push_back(list.entry(number));
+    }
+    object[std::string(list.member)] = std::move(entries);
   }
   return object;
 }

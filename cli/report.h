@@ -114,6 +114,9 @@ void printFailure(ExitStatus status,
 void tellAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages);
 /// The books that it added, as text.
 void printAddedBooks(const AdditionReport& report);
+/// The whole report as JSON.
+void printAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages);
+/// The same as a part of a larger report.
 Json toJson(const AdditionReport& report, const std::vector<ShownMessage>& messages);
 
 /// Tells of a failure on the error output as well.

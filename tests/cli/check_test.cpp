@@ -125,6 +125,49 @@ TEST_F(Check, ReportsAsOneObject) {
             "}\n");
 }
 
+TEST_F(Check, ReportsEveryMissingDocumentWithoutWhatATerminalObeys) {
+  writeToc(
+      "\"1\" \"Book\" \"\" \"\"\n"
+      "\"2\" \"One\" \"one\xC2\x9B.htm\" \"\"\n"
+      "\"2\" \"Two\" \"\xE2\x80\xAEtwo, \x1B and null\" \"\"\n");
+  EXPECT_EQ(check({"--json"}).out,
+            "{\n  \"format\": 1,\n"
+            "  \"status\": 0,\n"
+            "  \"accepted\": true,\n"
+            "  \"entries\": 3,\n"
+            "  \"missing\": [\n"
+            "    {\n"
+            "      \"line\": 4,\n"
+            "      \"file\": \"one\\u009b.htm\"\n"
+            "    },\n"
+            "    {\n"
+            "      \"line\": 5,\n"
+            "      \"file\": \"\\u202etwo, \\u001b and null\"\n"
+            "    }\n"
+            "  ],\n"
+            "  \"messages\": []\n"
+            "}\n");
+}
+
+#if !defined(__SANITIZE_ADDRESS__)
+TEST_F(Check, AReportOfManyMissingDocumentsTakesLittleMoreMemoryThanTheirNames) {
+  constexpr int kDocuments = 200'000;
+  std::string entries;
+  for (int i = 0; i < kDocuments; ++i) {
+    const std::string level = i == 0 ? "1" : "2";
+    entries += "\"" + level + "\" \"Name\" \"Manual\\" + std::to_string(i) + ".htm\" \"\"\n";
+  }
+  writeToc(entries);
+  // All that the process maps, its libraries included: 100 MiB.
+  const Outcome outcome =
+      runHere({"prlimit", "--as=104857600", quorbindExecutable(), "check", "toc.txt", "--json"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_TRUE(outcome.out.ends_with(
+      "    {\n      \"line\": 200002,\n      \"file\": \"Manual\\\\199999.htm\"\n    }\n"
+      "  ],\n  \"messages\": []\n}\n"));
+}
+#endif
+
 TEST_F(Check, ReportsARefusalAsOneObject) {
   writeToc("\"2\" \"Book\" \"\" \"\"\n");
   const Outcome outcome = check({"--json"});
