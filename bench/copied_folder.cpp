@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "bench/toc_texts.h"
 #include "toolset/file_copy.h"
 #include "workflow/driver/book_file_copy.h"
 
@@ -12,8 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kBookFile = "Book_BEN.xml";
-/// As long as short pages are.
-constexpr std::size_t kDocumentSize = 2'000;
 
 }  // namespace
 

@@ -1,8 +1,11 @@
 // Writes what a whole run of the command begins with.
 //
 //   quorbind_bench_sample text|html|xlsx|xls|export|catalogue SIZE FILE
+//   quorbind_bench_sample documents SIZE FOLDER
 //
-// An export is that of the first book of a workbook, whatever the size.
+// An export is that of the first book of a workbook, whatever the size. The documents of a text's
+// headings come into a folder that is there; that of its first entry, which is the book itself, is
+// never copied and left out.
 
 #include <cstddef>
 #include <cstdlib>
@@ -44,6 +47,25 @@ bool write(std::string_view kind, std::size_t size, std::ostream& out) {
   return true;
 }
 
+bool writeDocuments(std::size_t entries, const std::string& folder) {
+  const std::string content(kDocumentSize, 'x');
+  for (std::size_t index = 1; index < entries; ++index) {
+    std::ofstream document(folder + "/" + documentOf(index), std::ios::binary);
+    if (!(document << content).flush()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool make(std::string_view kind, std::size_t size, const std::string& place) {
+  if (kind == "documents") {
+    return writeDocuments(size, place);
+  }
+  std::ofstream file(place, std::ios::binary);
+  return write(kind, size, file) && file.flush();
+}
+
 }  // namespace
 
 }  // namespace quorbind::bench
@@ -51,9 +73,9 @@ bool write(std::string_view kind, std::size_t size, std::ostream& out) {
 int main(int argc, char** argv) {
   const std::size_t size = argc == 4 ? std::strtoul(argv[2], nullptr, 10) : 0;
   if (size == 0) {
-    std::cerr << "usage: quorbind_bench_sample text|html|xlsx|xls|export|catalogue SIZE FILE\n";
+    std::cerr << "usage: quorbind_bench_sample text|html|xlsx|xls|export|catalogue|documents SIZE "
+                 "PLACE\n";
     return 2;
   }
-  std::ofstream file(argv[3], std::ios::binary);
-  return quorbind::bench::write(argv[1], size, file) && file.flush() ? 0 : 1;
+  return quorbind::bench::make(argv[1], size, argv[3]) ? 0 : 1;
 }

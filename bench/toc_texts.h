@@ -15,6 +15,8 @@ namespace quorbind::bench {
 
 /// The folder of the documents.
 inline constexpr const char* kBookFolder = "Manual";
+/// In bytes, as long as short pages are.
+inline constexpr std::size_t kDocumentSize = 2'000;
 /// How many headings a book of a workbook has.
 inline constexpr std::size_t kRowsOfABook = 1'000;
 

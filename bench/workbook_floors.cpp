@@ -1,5 +1,6 @@
-// The floors under workbooks. That of reading a packed one is its sheet unpacked and parsed; a
-// check has to look every document up as well, and to replace a file for each book.
+// The floors under workbooks. That of reading a packed one is its sheet unpacked and parsed, that
+// of a binary one its cells put one behind the other; a check has to look every document up as
+// well, and to replace a file for each book.
 
 #include <array>
 #include <string>
@@ -24,6 +25,12 @@ bool unpackAndParse(Workbook& workbook) {
                  3 * (workbook.rows() + 1) + 1);
 }
 
+/// The same cells, and those of the list of books: four in its header, two for each book.
+bool readBinary(Workbook& workbook) {
+  return counted(floorBinaryWorkbook(workbook.systemPath().c_str()),
+                 3 * (workbook.rows() + 1) + 1 + 4 + 2 * bookRows(workbook.rows()).size());
+}
+
 bool lookUp(Workbook& workbook) {
   std::vector<const char*> paths;
   paths.reserve(workbook.rows());
@@ -46,6 +53,7 @@ bool replaceExports(Workbook& workbook) {
 constexpr std::array kFloors{
     WorkbookStep{
         "floor/unpack-and-parse", WorkbookKind::kXlsx, Documents::kMissing, unpackAndParse},
+    WorkbookStep{"floor/cells", WorkbookKind::kXls, Documents::kMissing, readBinary},
     WorkbookStep{
         "floor/workbook-look-ups/missing", WorkbookKind::kXlsx, Documents::kMissing, lookUp},
     WorkbookStep{

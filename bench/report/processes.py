@@ -4,22 +4,25 @@ import shutil
 import statistics
 import subprocess
 import sys
-from pathlib import Path
-from tempfile import TemporaryDirectory
 
-from report.figures import LARGEST_TEXT, PROCESS_SIZES, SIZES, Time
+from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time
 
 LIBRARY = "Plant"
+# Of the documents of a text, beside it.
+BOOK_FOLDER = "Manual"
 BOOKS = 1_000
 ROWS_OF_A_BOOK = 1_000
 HEADINGS = "<Book_Headings>"
 STARTS = 101
 # More for what takes no longer than the noise.
 REPETITIONS = ((10_000, 7), (100_000, 3), (1_000_000, 1))
+# Copying takes so much longer.
+REPETITIONS_WITH_DOCUMENTS = ((1_000, 5), (10_000, 3), (100_000, 1))
 
 
-def repetitions(size):
-    return next(count for largest, count in REPETITIONS if size <= largest)
+def repetitions(added, size):
+    counts = REPETITIONS_WITH_DOCUMENTS if added.documents else REPETITIONS
+    return next(count for largest, count in counts if size <= largest)
 
 
 def quickest(times):
@@ -43,9 +46,9 @@ class Programs:
         processor, elapsed, peak = ran.stdout.split()
         return Time(float(processor), float(elapsed), int(peak))
 
-    def make(self, kind, size, file):
-        subprocess.run([self.sample, kind, str(size), file], check=True)
-        return file
+    def make(self, kind, size, place):
+        subprocess.run([self.sample, kind, str(size), place], check=True)
+        return place
 
 
 class Shelf:
@@ -68,22 +71,29 @@ class Shelf:
         self.runs += 1
         server = self.folder / f"server{self.runs}"
         shutil.copytree(self.pristine, server)
-        (self.folder_of_library(server) / "Manual").mkdir()
         return server
 
 
-class Addition:
-    """A table of contents that the command and the floor add, each to a library of its own."""
+def files_in(folder):
+    return sum(entry.is_file() for entry in folder.iterdir())
 
-    def __init__(self, programs, shelf, kind, toc, floor_arguments):
+
+class Addition:
+    """A table of contents that the command and the floor add, each to a library of its own, which is
+    kept where it gets many files: a file system passes over what was deleted in the last minutes, and
+    the first to make files there pays for the search."""
+
+    def __init__(self, programs, shelf, kind, toc, floor_arguments, keeps_files=False):
         self.programs = programs
         self.shelf = shelf
         self.kind = kind
         self.toc = toc
         self.floor_arguments = floor_arguments
+        self.keeps_files = keeps_files
         self.names = ["--name", "Bench", "--acro", "BEN"] if kind in ("text", "html") else []
         # A workbook's first book is compared.
-        self.book = "Manual/Book_BEN0.xml" if kind.startswith("xls") else "Manual/Book_BEN.xml"
+        book = "Book_BEN0.xml" if kind.startswith("xls") else "Book_BEN.xml"
+        self.book = f"{BOOK_FOLDER}/{book}"
 
     def add(self, server):
         return self.programs.time(self.programs.command, "add", self.toc, "--server", server,
@@ -91,7 +101,8 @@ class Addition:
 
     def add_on_floor(self, server, beginning):
         return self.programs.time(self.programs.floor, self.kind, self.toc,
-                                  Shelf.folder_of_library(server), *beginning, *self.floor_arguments)
+                                  Shelf.folder_of_library(server), *beginning,
+                                  *self.floor_arguments)
 
     def book_in(self, server):
         return Shelf.folder_of_library(server) / self.book
@@ -104,13 +115,22 @@ class Addition:
             ours.append(self.add(server))
             book = self.book_in(server).read_bytes()
             floor.append(self.add_on_floor(floor_server, self.beginning_of(book)))
-            made = Shelf.folder_of_library(floor_server) / "Manual/Book_BEN.xml"
-            # A book file as table of contents is taken over with its name and its date.
-            if self.kind != "xml" and made.read_bytes() != book:
-                sys.exit(f"{self.toc}: the floor does not write what the command writes")
-            shutil.rmtree(server)
-            shutil.rmtree(floor_server)
+            self.require_the_same(server, floor_server)
+            if not self.keeps_files:
+                shutil.rmtree(server)
+                shutil.rmtree(floor_server)
         return quickest(ours), quickest(floor)
+
+    def require_the_same(self, server, floor_server):
+        made = self.book_in(server)
+        made_on_floor = Shelf.folder_of_library(floor_server) / BOOK_FOLDER / "Book_BEN.xml"
+        # A book file as table of contents is taken over with its name and its date.
+        is_same = self.kind == "xml" or made.read_bytes() == made_on_floor.read_bytes()
+        # Every book of a workbook has a book file of its own.
+        has_as_many = (self.kind.startswith("xls")
+                       or files_in(made.parent) == files_in(made_on_floor.parent))
+        if not is_same or not has_as_many:
+            sys.exit(f"{self.toc}: the floor does not write what the command writes")
 
     def beginning_of(self, book):
         if self.kind == "xml":
@@ -120,35 +140,50 @@ class Addition:
 
 
 def additions(programs, folder):
-    """Every Addition with its size."""
+    """What is added, its size, and its Addition."""
     shelf = Shelf(programs, folder, BOOKS)
-    for kind, sizes in PROCESS_SIZES.items():
-        for size in sizes:
-            place = folder / f"{kind}{size}"
+    for added in ADDITIONS:
+        for size in added.sizes:
+            place = folder / f"{added.name.replace('/', '-')}-{size}"
             place.mkdir()
-            yield size, addition_of(programs, shelf, kind, size, place)
-            shutil.rmtree(place)
+            yield added, size, addition_of(programs, shelf, added, size, place)
+            if not added.documents:
+                shutil.rmtree(place)
 
 
-def addition_of(programs, shelf, kind, size, place):
+def addition_of(programs, shelf, added, size, place):
+    kind = added.kind
     if kind == "xml":
-        return Addition(programs, shelf, kind, book_file_of(programs, shelf, size, place), [])
+        toc = book_file_of(programs, shelf, size, place)
+        return Addition(programs, shelf, kind, toc,
+                        documents_of(programs, added, size, toc.parent), added.documents)
     extension = {"text": "toc.txt", "html": "toc.htm"}.get(kind, f"books.{kind}")
     toc = programs.make(kind, size, place / extension)
     if not kind.startswith("xls"):
-        return Addition(programs, shelf, kind, toc, [])
+        return Addition(programs, shelf, kind, toc,
+                        documents_of(programs, added, size, place / BOOK_FOLDER), added.documents)
     export = programs.make("export", size, place / "export.txt")
     return Addition(programs, shelf, kind, toc, [export, str(size // ROWS_OF_A_BOOK)])
 
 
+def documents_of(programs, added, size, folder):
+    """The folder of the documents, as an argument, where they are to be there."""
+    if not added.documents:
+        return []
+    folder.mkdir(exist_ok=True)
+    return [programs.make("documents", size, folder)]
+
+
 def book_file_of(programs, shelf, size, place):
-    """What the command makes of a text."""
-    (place / "text").mkdir()
-    toc = programs.make("text", size, place / "text/toc.txt")
+    """What the command makes of a text, in a folder of its own."""
+    text_place, book_place = place / "text", place / "book"
+    text_place.mkdir()
+    book_place.mkdir()
+    toc = programs.make("text", size, text_place / "toc.txt")
     server = shelf.server()
     text = Addition(programs, shelf, "text", toc, [])
     text.add(server)
-    book = place / "book.xml"
+    book = book_place / "book.xml"
     shutil.copyfile(text.book_in(server), book)
     shutil.rmtree(server)
     return book
@@ -156,19 +191,20 @@ def book_file_of(programs, shelf, size, place):
 
 def measure_additions(programs, folder):
     figures = {}
-    for size, addition in additions(programs, folder):
-        ours, floor = addition.measure(repetitions(size))
-        figures["command/add/" + addition.kind, size] = ours
-        figures["process/add/" + addition.kind, size] = floor
-        if addition.kind == "text" and size == LARGEST_TEXT:
-            figures["command/check/text", size] = programs.time(programs.command, "check",
-                                                                addition.toc)
+    for added, size, addition in additions(programs, folder):
+        ours, floor = addition.measure(repetitions(added, size))
+        figures["command/add/" + added.name, size] = ours
+        figures["process/add/" + added.name, size] = floor
+        if added.kind == "text" and size == LARGEST_TEXT:
+            check = [programs.command, "check", addition.toc]
+            figures["command/check/text", size] = programs.time(*check)
+            figures["command/check/text/json", size] = programs.time(*check, "--json")
     return figures
 
 
 def measure_catalogue(programs, folder):
-    """Listing and changing a large catalogue, beside the parsed document of the same file, with its layout
-    and without."""
+    """Listing and changing a large catalogue, beside the parsed document of the same file, with its
+    layout and without."""
     size = SIZES[-1]
     server = Shelf(programs, folder / "large", size).server()
     at = ["--server", server, "--library", LIBRARY]
@@ -195,13 +231,12 @@ def measure_start(programs):
     }
 
 
-def measure_processes(build):
+def measure_processes(build, folder):
+    """Leaves its files in `folder`, which is better deleted when everything is measured."""
     programs = Programs(build)
-    with TemporaryDirectory(prefix="quorbind-bench-") as folder:
-        place = Path(folder)
-        (place / "large").mkdir()
-        return {
-            **measure_additions(programs, place),
-            **measure_catalogue(programs, place),
-            **measure_start(programs),
-        }
+    (folder / "large").mkdir()
+    return {
+        **measure_additions(programs, folder),
+        **measure_catalogue(programs, folder),
+        **measure_start(programs),
+    }

@@ -6,37 +6,71 @@ import xml.etree.ElementTree as ElementTree
 from report import figures as report
 from report.figures import BOUNDS, Row, Table, Time
 from report.picture import PANELS, picture
+from report.request import refusal_of, refusal_of_last
 
 SVG = "{http://www.w3.org/2000/svg}"
 
 
-def made_up(exponent_of_ours=1.0):
+def made_up():
     """Every figure that a full run has, each floor part taking a microsecond for each entry."""
-    figures = {}
-
-    def add(name, sizes, factor, power):
-        for size in sizes:
-            figures[name, size] = Time(factor * size ** power / 1000, factor * size / 500, 30_000)
-
+    figures = {(name, size): Time(size / 1000, size / 500, 30_000)
+               for name, size in report.needed_figures()}
     for table in report.TABLES:
         for row in table.rows:
-            for part in row.floor:
-                add(part, table.sizes, 1, 1)
-            add(row.measured, table.sizes, max(len(row.floor), 1), exponent_of_ours)
-    for part in report.FLOOR_PARTS:
-        add("floor/" + part, report.SIZES, 1, 1)
+            for size in table.sizes:
+                parts = max(len(row.floor), 1)
+                figures[row.measured, size] = Time(parts * size / 1000, parts * size / 500, 30_000)
     for row, sizes in report.PROCESSES:
-        add(row.floor[0], sizes, 1, 1)
-        add(row.measured, sizes, 1.5, 1)
-    add("command/check/text", [report.LARGEST_TEXT], 1, 1)
-    for run in ("process/parse", "process/load", "command/books", "command/delete"):
-        add(run, [report.SIZES[-1]], 1, 1)
+        for size in sizes:
+            figures[row.measured, size] = Time(1.5 * size / 1000, 1.5 * size / 500, 30_000)
     figures["command/version", 1] = Time(3, 4.5)
     figures["process/empty", 1] = Time(1, 2)
     return figures
 
 
+def made_up_of_windows():
+    return {(name, size): Time(size ** 2 / 1e6, size ** 2 / 1e6)
+            for name, size in report.needed_windows_figures()}
+
+
+class RequestTest(unittest.TestCase):
+    def test_flags_that_go_together_are_taken(self):
+        for flags in ([], ["--check", "--plot"], ["--last", "--check"], ["--windows", "--plot"],
+                      ["--windows", "--last"]):
+            self.assertIsNone(refusal_of(flags))
+
+    def test_a_flag_that_is_none_is_named(self):
+        self.assertEqual(refusal_of(["--plot", "--chekc"]), "There is no --chekc.")
+
+    def test_bounds_of_the_windows_build_are_refused_since_it_has_none(self):
+        self.assertEqual(refusal_of(["--windows", "--check"]),
+                         "--check goes without --windows: the Windows build has no floor, and so "
+                         "no bounds.")
+
+    def test_figures_of_a_run_before_a_new_row_are_refused_with_what_they_lack(self):
+        figures = made_up()
+        del figures["component/generate", 10_000], figures["component/generate", 100_000]
+        self.assertEqual(refusal_of_last(figures, report.needed_figures()),
+                         "The run before did not measure component/generate at 10,000 (2 figures "
+                         "are lacking). Measure anew, without --last.")
+
+    def test_figures_of_a_whole_run_before_are_taken(self):
+        self.assertIsNone(refusal_of_last(made_up(), report.needed_figures()))
+
+
 class ReportTest(unittest.TestCase):
+    def test_every_table_and_bound_is_made_of_the_figures_that_are_needed(self):
+        tables = report.texts(made_up())
+        self.assertTrue(all(tables.values()))
+        picture(made_up())
+
+    def test_the_table_of_the_windows_build_shows_the_growth_to_the_largest_size_alone(self):
+        text = report.windows_text(made_up_of_windows())
+        self.assertIn("| `generate` ", text)
+        growths = {tuple(cell.strip() for cell in line.split("|")[2:5])
+                   for line in text.splitlines()[2:]}
+        self.assertEqual(growths, {("10,000", "100", "2.00"), ("30,000", "900", "2.00")})
+
     def test_what_takes_a_hundred_times_as_long_for_ten_times_the_size_grows_with_its_square(self):
         self.assertAlmostEqual(report.exponent(1_000, 2.0, 10_000, 200.0), 2)
         self.assertAlmostEqual(report.exponent(3_000, 5.0, 30_000, 50.0), 1)
