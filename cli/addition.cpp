@@ -1,11 +1,16 @@
 #include "cli/addition.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
 #include "bookxml/names.h"
 #include "cli/addition_input.h"
 #include "cli/addition_outcome.h"
 #include "cli/book_flags.h"
 #include "cli/failure.h"
 #include "cli/side_file_rules.h"
+#include "cli/text_list.h"
 #include "platform/abandoned.h"
 #include "platform/paths.h"
 #include "platform/text.h"
@@ -23,8 +28,28 @@ namespace {
 /// A name and an acronym that are both given need no form. Those of a workbook's book reach the
 /// component by the form alone.
 bool formIsSpared(const AddArguments& arguments) {
-  return isGiven(arguments.name) && isGiven(arguments.acronym) && !asksFirst(arguments) &&
-         kindOf(arguments.toc, arguments.kind) != TocCheck::kExcel;
+  return isGiven(valueAt(arguments.names, 0)) && isGiven(valueAt(arguments.acronyms, 0)) &&
+         !asksFirst(arguments) && kindOf(arguments.toc, arguments.kind) != TocCheck::kExcel;
+}
+
+/// The answers of a flag that may be repeated; one that was not given has one without a text.
+void appendAnswers(std::vector<PreparedAnswer>& answers,
+                   const PreparedAnswer& answer,
+                   const std::vector<std::string>& values) {
+  for (std::size_t index = 0; index < std::max<std::size_t>(values.size(), 1); ++index) {
+    answers.push_back(answer);
+    answers.back().text = valueAt(values, index);
+  }
+}
+
+/// Only a workbook holds more than one book.
+void requireOneValue(std::string_view flag, const std::vector<std::string>& values) {
+  if (values.size() > 1) {
+    throw CommandFailure(ExitStatus::kRefused,
+                         std::string(flag) + " is given " +
+                             counted(values.size(), "time", "times") +
+                             ", and the table of contents is of one book");
+  }
 }
 
 }  // namespace
@@ -39,9 +64,11 @@ std::vector<PreparedAnswer> Addition::answersOf(const AddArguments& arguments) {
   const std::string bookForm(layout::kBookInfo.name);
   const std::string folderForm(layout::kBookFolder.name);
   const bool used = formIsSpared(arguments);
-  return {{bookForm, "txtBookName", "--name", arguments.name, used},
-          {bookForm, "txtBookAcro", "--acro", arguments.acronym, used},
-          {folderForm, "Text1", "--folder", arguments.folder}};
+  std::vector<PreparedAnswer> answers{{folderForm, "Text1", "--folder", arguments.folder}};
+  appendAnswers(answers, {bookForm, "txtBookName", "--name", std::nullopt, used}, arguments.names);
+  appendAnswers(
+      answers, {bookForm, "txtBookAcro", "--acro", std::nullopt, used}, arguments.acronyms);
+  return answers;
 }
 
 AdditionReport Addition::run() {
@@ -66,6 +93,7 @@ ExitStatus Addition::addBook() {
   if (!flagsAreAccepted() || !bCheckForValidInput(run_.wiring.module, toc.path, run_.kind)) {
     return ExitStatus::kRefused;
   }
+  requireOneNaming();
   requireFolderInLibrary();
   requireNamesThatFit();
   requireNamesInOwnLetters();
@@ -97,9 +125,11 @@ void Addition::requireUsableLibrary() {
 bool Addition::flagsAreAccepted() {
   Module scratch(run_.wiring.module.platform);
   const std::size_t boxes = run_.wiring.ui.shown().size();
-  if (run_.arguments.name || run_.arguments.acronym) {
-    scratch.bookInfo.type("txtBookName", run_.arguments.name.value_or(""));
-    scratch.bookInfo.type("txtBookAcro", run_.arguments.acronym.value_or(""));
+  const std::vector<std::string>& names = run_.arguments.names;
+  const std::vector<std::string>& acronyms = run_.arguments.acronyms;
+  for (std::size_t index = 0; index < std::max(names.size(), acronyms.size()); ++index) {
+    scratch.bookInfo.type("txtBookName", valueAt(names, index).value_or(""));
+    scratch.bookInfo.type("txtBookAcro", valueAt(acronyms, index).value_or(""));
     scratch.bookInfo.click("cmdOk");
   }
   if (run_.arguments.folder) {
@@ -115,8 +145,8 @@ void Addition::requireNamesInOwnLetters() {
   holdBookDialogTo(run_.wiring, run_.library.catalogue);
   if (formIsSpared(run_.arguments)) {
     run_.requireOwnLetters(
-        *run_.arguments.name,
-        *run_.arguments.acronym,
+        run_.arguments.names.front(),
+        run_.arguments.acronyms.front(),
         {AbandonReason::kAnswerRefused, "other values are needed for --name and --acro"});
   }
 }
@@ -153,6 +183,13 @@ void Addition::requireUsableSideFiles() {
   }
 }
 
+void Addition::requireOneNaming() const {
+  if (run_.kind != TocCheck::kExcel) {
+    requireOneValue("--name", run_.arguments.names);
+    requireOneValue("--acro", run_.arguments.acronyms);
+  }
+}
+
 /// The folder dialog lets names like `..` pass, which a person would not type by mistake.
 void Addition::requireFolderInLibrary() const {
   if (isGiven(run_.arguments.folder) && !staysInFolder(trimBlanks(*run_.arguments.folder))) {
@@ -162,8 +199,8 @@ void Addition::requireFolderInLibrary() const {
 }
 
 void Addition::requireNamesThatFit() const {
-  if (run_.arguments.acronym) {
-    requireNameThatFits(book_names::fileOf(*run_.arguments.acronym), "--acro");
+  for (const std::string& acronym : run_.arguments.acronyms) {
+    requireNameThatFits(book_names::fileOf(acronym), "--acro");
   }
   if (run_.arguments.folder) {
     requireNameThatFits(trimBlanks(*run_.arguments.folder), "--folder");
@@ -176,21 +213,22 @@ bool Addition::callComponent(const std::string& tocPath) {
   // the same.
   const auto rules = run_.wiring.toolset.createXmlTextRules();
   Quor_Book book(run_.wiring.module, this);
-  return book.Book_Valuator(tocPath,
-                            run_.library.catalogue,
-                            run_.kind,
-                            run_.arguments.place.library,
-                            spared ? rules->mstrCheckSpecialCharecters(*run_.arguments.name) : "",
-                            spared ? *run_.arguments.acronym : "",
-                            run_.arguments.category,
-                            run_.library.searchKeywords,
-                            run_.library.bookCategories,
-                            run_.arguments.keywords,
-                            run_.arguments.categories,
-                            run_.library.searchKeywords,
-                            run_.arguments.installType,
-                            run_.createsCategories,
-                            run_.library.docsFolder);
+  return book.Book_Valuator(
+      tocPath,
+      run_.library.catalogue,
+      run_.kind,
+      run_.arguments.place.library,
+      spared ? rules->mstrCheckSpecialCharecters(run_.arguments.names.front()) : "",
+      spared ? run_.arguments.acronyms.front() : "",
+      run_.arguments.category,
+      run_.library.searchKeywords,
+      run_.library.bookCategories,
+      run_.arguments.keywords,
+      run_.arguments.categories,
+      run_.library.searchKeywords,
+      run_.arguments.installType,
+      run_.createsCategories,
+      run_.library.docsFolder);
 }
 
 void Addition::evtGetFolderName(std::string_view sFolderName) {

@@ -38,6 +38,7 @@ class Addition final : private QuorBookEvents {
   [[nodiscard]] bool flagsAreAccepted();
   void requireRecordableLists();
   void requireNamesInOwnLetters();
+  void requireOneNaming() const;
   void requireFolderInLibrary() const;
   void requireNamesThatFit() const;
   [[nodiscard]] bool callComponent(const std::string& tocPath);

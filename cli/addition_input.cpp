@@ -63,8 +63,9 @@ std::string AdditionInput::readyText(const TocFile& toc) {
   readingInput(run_.arguments.toc,
                [&] { run_.statedPlace = readStatedPlace(run_.wiring.module.platform, ready); });
   tellOfUnusedFolder();
-  if (!run_.statedPlace.refusal && isGiven(run_.arguments.acronym)) {
-    requireFreeBookFile(ready, run_.statedPlace, *run_.arguments.acronym);
+  const std::optional<std::string> acronym = valueAt(run_.arguments.acronyms, 0);
+  if (!run_.statedPlace.refusal && isGiven(acronym)) {
+    requireFreeBookFile(ready, run_.statedPlace, *acronym);
   }
   return ready;
 }
@@ -122,14 +123,18 @@ AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
   }
   run_.statedPlace.folder = survey.folder;
   requireUsableLinks(toc);
-  if (asksFirst(run_.arguments)) {
-    if (!askForNames(toc)) {
-      return ExitStatus::kRefused;
-    }
+  const bool asks = asksFirst(run_.arguments);
+  // No answer of a dialog could change it. Of a book that it finds the component itself tells.
+  if (run_.wiring.mayAsk || (!asks && !isInCatalogue(survey))) {
     requireOwnBookFile(survey);
-  } else {
+  }
+  if (!asks) {
     run_.requireOwnLetters(
         survey.name, survey.acronym, {AbandonReason::kAnswerMissing, "give --name and --acro"});
+  } else if (askForNames(toc)) {
+    requireOwnBookFile(survey);
+  } else {
+    return ExitStatus::kRefused;
   }
   tellOfUnusedFolder();
   return toc.path;
@@ -144,6 +149,16 @@ void AdditionInput::requireUsableLinks(const TocFile& toc) {
     static_cast<void>(readExistingLinks(run_.wiring.module.platform, source));
     run_.requireUsableSideFile(run_.library.linkIds, link_names::kLinks);
   }
+}
+
+/// Whether the component finds a book of this name or acronym, and asks for others.
+bool AdditionInput::isInCatalogue(const BookFileSurvey& survey) const {
+  const auto rules = run_.wiring.toolset.createXmlTextRules();
+  const std::string name = rules->mstrCheckSpecialCharecters(survey.name);
+  const std::string acronym = rules->mstrCheckSpecialCharecters(survey.acronym);
+  return std::any_of(run_.booksBefore.begin(), run_.booksBefore.end(), [&](const ListedBook& book) {
+    return book.name == name || book.acronym == acronym;
+  });
 }
 
 /// The book file keeps its name in the library, whatever the book is called there.
@@ -169,6 +184,7 @@ AdditionInput::Ready AdditionInput::readyWorkbook(const TocFile& toc) {
     return run_.survey.status;
   }
   takeNames(run_.survey, run_.arguments, run_.wiring);
+  answerBooksInTheirOrder(run_.wiring);
   if (isRefused(toc, takenNames(run_.survey, run_.booksBefore, run_.wiring))) {
     return ExitStatus::kRefused;
   }

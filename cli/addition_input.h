@@ -35,6 +35,7 @@ class AdditionInput {
   [[nodiscard]] Ready readyPage(const TocFile& toc);
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
   void requireUsableLinks(const TocFile& toc);
+  [[nodiscard]] bool isInCatalogue(const BookFileSurvey& survey) const;
   void requireOwnBookFile(const BookFileSurvey& survey);
   [[nodiscard]] Ready readyWorkbook(const TocFile& toc);
   [[nodiscard]] bool isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations);

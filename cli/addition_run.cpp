@@ -41,8 +41,7 @@ std::string nothingAddedWithout(const std::string& what) {
 
 bool asksFirst(const AddArguments& arguments) {
   const std::int16_t kind = kindOf(arguments.toc, arguments.kind);
-  return kind == TocCheck::kHtml ||
-         (kind == TocCheck::kXml && (arguments.name || arguments.acronym));
+  return kind == TocCheck::kHtml || (kind == TocCheck::kXml && isNamed(arguments));
 }
 
 }  // namespace quorbind

@@ -32,6 +32,14 @@ bool isGiven(const std::optional<std::string>& flag) {
   return flag && !trimBlanks(*flag).empty();
 }
 
+bool isNamed(const AddArguments& arguments) {
+  return !arguments.names.empty() || !arguments.acronyms.empty();
+}
+
+std::optional<std::string> valueAt(const std::vector<std::string>& values, std::size_t index) {
+  return index < values.size() ? std::optional(values[index]) : std::nullopt;
+}
+
 std::int16_t kindOf(const std::string& toc, const std::optional<std::string>& kind) {
   for (const KindName& known : kKindNames) {
     const std::size_t length = known.extension.size();

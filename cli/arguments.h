@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quorbind {
 
@@ -22,8 +24,10 @@ struct AddArguments {
   LibraryArguments place;
   std::string toc;
   std::optional<std::string> kind;
-  std::optional<std::string> name;
-  std::optional<std::string> acronym;
+  /// One of each at most, but for a workbook: those of its books that have no acronym, in the order
+  /// of the list of books.
+  std::vector<std::string> names;
+  std::vector<std::string> acronyms;
   std::optional<std::string> folder;
   std::string category;
   std::string keywords;
@@ -54,6 +58,12 @@ struct ShowArguments {
 
 /// Whether a flag says more than blanks.
 bool isGiven(const std::optional<std::string>& flag);
+
+/// Whether a flag says what a book is called.
+bool isNamed(const AddArguments& arguments);
+
+/// What a flag that may be repeated says the time with that index, counted from 0.
+std::optional<std::string> valueAt(const std::vector<std::string>& values, std::size_t index);
 
 /// The number of the kind that `--kind` names, or else that the extension of `toc` tells; 0, which
 /// is no kind, when neither does.

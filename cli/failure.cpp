@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <iostream>
 
-#include "cli/line_place.h"
 #include "cli/marked_line.h"
 #include "cli/paths.h"
 #include "cli/toc_file.h"
@@ -47,12 +46,11 @@ void concerning(std::string_view name, ExitStatus status, const std::function<vo
 }
 
 /// Nothing where the line can't be shown.
-std::string markedLineOf(const Platform& platform,
-                         const std::string& path,
-                         std::size_t line,
-                         std::size_t column) {
-  const auto text = lineOfFile(platform, path, TocCheck::kXml, line);
-  return text ? markedLine(std::to_string(line), *text, column, 0) : std::string();
+std::optional<FaultyLine> faultyLineOf(const Platform& platform,
+                                       const std::string& path,
+                                       const LinePlace& place) {
+  auto text = lineOfFile(platform, path, TocCheck::kXml, place.line);
+  return text ? std::optional(FaultyLine{place, std::move(*text)}) : std::nullopt;
 }
 
 }  // namespace
@@ -77,11 +75,11 @@ CommandFailure loadFailure(const Platform& platform,
                            const std::string& path,
                            const XmlLoadResult& result) {
   const ExitStatus status = result.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
-  const auto line = static_cast<std::size_t>(result.line);
-  const auto column = static_cast<std::size_t>(result.column);
+  const LinePlace place{.line = static_cast<std::size_t>(result.line),
+                        .column = static_cast<std::size_t>(result.column)};
   return {status,
-          placeIn(nativeName(path), line, column) + result.reason,
-          markedLineOf(platform, path, line, column)};
+          placeIn(nativeName(path), place.line, place.column) + result.reason,
+          faultyLineOf(platform, path, place)};
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
@@ -97,7 +95,7 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
     return subcommand();
   } catch (const CommandFailure& failure) {
     ui.show(criticalMessage(failure.what()));
-    std::cerr << failure.help();
+    std::cerr << (failure.line() ? markedLine(*failure.line()) : "");
     return failure.status();
   } catch (const AlreadyTold& told) {
     return told.status();

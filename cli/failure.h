@@ -3,34 +3,37 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "cli/exit_status.h"
+#include "cli/line_place.h"
 
 namespace quorbind {
 
 class FileSystem;
 class UserInterface;
-struct Platform;
 struct XmlLoadResult;
 
 /// Ends a subcommand with a message to the user and an exit status. Messages name files as this
 /// machine does: `FILE: what is wrong`, with the line as `FILE:LINE:`.
 class CommandFailure : public std::runtime_error {
  public:
-  /// `help` is shown under the message: lines ended by LF.
-  CommandFailure(ExitStatus status, const std::string& message, std::string help = {})
-      : std::runtime_error(message), status_(status), help_(std::move(help)) {}
+  /// `line` is shown under the message, with a mark.
+  CommandFailure(ExitStatus status,
+                 const std::string& message,
+                 std::optional<FaultyLine> line = std::nullopt)
+      : std::runtime_error(message), status_(status), line_(std::move(line)) {}
 
   [[nodiscard]] ExitStatus status() const noexcept { return status_; }
-  [[nodiscard]] const std::string& help() const noexcept { return help_; }
+  [[nodiscard]] const std::optional<FaultyLine>& line() const noexcept { return line_; }
 
  private:
   ExitStatus status_;
-  std::string help_;
+  std::optional<FaultyLine> line_;
 };
 
 /// Ends a subcommand whose user has been told why, by a box of the component or by an own answer.

@@ -100,8 +100,8 @@ class JobReader {
   static std::vector<Key> keysOfABook() {
     std::vector<Key> keys = keysOfEveryTable();
     keys.push_back({kToc, &JobReader::takeToc});
-    keys.push_back({"name", &JobReader::takeText<&AddArguments::name>});
-    keys.push_back({"acro", &JobReader::takeText<&AddArguments::acronym>});
+    keys.push_back({"name", &JobReader::takeTexts<&AddArguments::names>});
+    keys.push_back({"acro", &JobReader::takeTexts<&AddArguments::acronyms>});
     return keys;
   }
 
@@ -221,6 +221,11 @@ class JobReader {
   }
 
   template <auto Field>
+  void takeTexts(std::string_view key, const toml::node& value, AddArguments& arguments) const {
+    arguments.*Field = textsOf(key, value);
+  }
+
+  template <auto Field>
   void takeList(std::string_view key, const toml::node& value, AddArguments& arguments) const {
     arguments.*Field = listOf(key, value);
   }
@@ -257,16 +262,27 @@ class JobReader {
     return static_cast<std::int32_t>(number);
   }
 
-  /// A list as its flag takes it, or its entries one by one.
-  [[nodiscard]] std::string listOf(std::string_view key, const toml::node& value) const {
+  /// One text, or several one by one.
+  [[nodiscard]] std::vector<std::string> textsOf(std::string_view key,
+                                                 const toml::node& value) const {
     const toml::array* entries = value.as_array();
     if (entries == nullptr) {
-      return valueOf<std::string>(key, value, kTextOrList);
+      return {valueOf<std::string>(key, value, kTextOrList)};
     }
     std::vector<std::string> texts;
     for (const toml::node& entry : *entries) {
       texts.push_back(valueOf<std::string>(key, entry, kTextOrList));
-      requireNoneOf(separatorsOf(key), texts.back(), key, entry);
+    }
+    return texts;
+  }
+
+  /// A list as its flag takes it, or its entries one by one.
+  [[nodiscard]] std::string listOf(std::string_view key, const toml::node& value) const {
+    const std::vector<std::string> texts = textsOf(key, value);
+    if (const toml::array* entries = value.as_array()) {
+      for (std::size_t index = 0; index < texts.size(); ++index) {
+        requireNoneOf(separatorsOf(key), texts[index], key, *entries->get(index));
+      }
     }
     return joined(texts, kListSeparator);
   }

@@ -19,6 +19,12 @@ struct LinePlace {
   std::size_t length = 0;
 };
 
+/// A line that is to blame: the place on it, and the whole line.
+struct FaultyLine {
+  LinePlace place;
+  std::string text;
+};
+
 /// The place of `part`, a view into `line`, which has that number.
 LinePlace placeOfPart(std::size_t number, std::string_view line, std::string_view part);
 

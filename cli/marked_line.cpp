@@ -77,4 +77,9 @@ std::string markedLine(std::string_view label,
          std::string(marked, '^') + '\n';
 }
 
+std::string markedLine(const FaultyLine& line) {
+  return markedLine(
+      std::to_string(line.place.line), line.text, line.place.column, line.place.length);
+}
+
 }  // namespace quorbind

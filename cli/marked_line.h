@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "cli/line_place.h"
+
 namespace quorbind {
 
 /// A line, with its number or another label in front, as a person is shown it: what moves the
@@ -14,6 +16,9 @@ std::string markedLine(std::string_view label,
                        std::string_view text,
                        std::size_t column,
                        std::size_t length);
+
+/// A line at fault, with its number in front.
+std::string markedLine(const FaultyLine& line);
 
 inline constexpr std::size_t kMarkedLineWidth = 72;
 

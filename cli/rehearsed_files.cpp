@@ -182,11 +182,15 @@ decltype(RehearsedFiles::Entry::content) RehearsedFiles::contentOf(std::string_v
   if (folderExists(path)) {
     raise(ErrorNumber::kPathFileAccessError);
   }
-  if (!fileExists(path)) {
-    raise(folderExists(folderOf(disk_.absolutePath(path))) ? ErrorNumber::kFileNotFound
-                                                           : ErrorNumber::kPathNotFound);
-  }
   const Entry* entry = find(path);
+  if (!fileExists(path)) {
+    const std::string folder(folderOf(disk_.absolutePath(path)));
+    if (entry == nullptr && disk_.folderExists(folder)) {
+      // What stands there and is no file has an error of its own.
+      static_cast<void>(disk_.open(path));
+    }
+    raise(folderExists(folder) ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound);
+  }
   return entry == nullptr ? DiskFile{disk_.absolutePath(path)} : entry->content;
 }
 

@@ -58,7 +58,7 @@ void requireUse(const AddRequest& request) {
   if (!request.job && request.place.library.empty()) {
     throw CLI::RequiredError("--library");
   }
-  if ((request.job || request.tocs.size() > 1) && (request.name || request.acronym)) {
+  if ((request.job || request.tocs.size() > 1) && isNamed(request)) {
     throw CLI::ValidationError(
         "--name and --acro are for a single table of contents; a job file names each book");
   }
@@ -74,10 +74,23 @@ void addKind(CLI::App& command, std::optional<std::string>& kind) {
       ->option_text("KIND");
 }
 
+/// A flag that may be repeated, each time with one value.
+void addValues(CLI::App& command,
+               const std::string& name,
+               std::vector<std::string>& values,
+               const std::string& description) {
+  command.add_option(name, values, description)->allow_extra_args(false)->option_text("TEXT");
+}
+
 void addAnswers(CLI::App& command, AddArguments& arguments) {
-  command.add_option("--name", arguments.name, "Name of the book")->option_text("TEXT");
-  command.add_option("--acro", arguments.acronym, "Acronym of the book, part of its file's name")
-      ->option_text("TEXT");
+  addValues(command,
+            "--name",
+            arguments.names,
+            "Name of the book; once for each book of a workbook without an acronym");
+  addValues(command,
+            "--acro",
+            arguments.acronyms,
+            "Acronym of the book, part of its file's name; as often as --name");
   command
       .add_option("--folder",
                   arguments.folder,

@@ -9,6 +9,10 @@
 #include "cli/text_list.h"
 #include "platform/abandoned.h"
 #include "platform/text.h"
+#include "platform/toolset.h"
+#include "resources/form_layouts.h"
+#include "resources/messages.h"
+#include "resources/rule_texts.h"
 #include "toc/excel_toc.h"
 
 namespace quorbind {
@@ -40,34 +44,84 @@ std::string cellsOfAcronyms(const std::vector<std::size_t>& books) {
          std::to_string(excel_toc::kBookAcroColumn) + ": " + joined(rows, ", ");
 }
 
+/// A flag that names books does so for each that lacks an acronym, or for none.
+void requireValueForEach(const std::vector<std::size_t>& unnamed,
+                         std::string_view flag,
+                         const std::vector<std::string>& values) {
+  if (values.empty() || values.size() == unnamed.size()) {
+    return;
+  }
+  const std::string given =
+      std::string(flag) + " is given " + counted(values.size(), "time", "times");
+  throw CommandFailure(
+      ExitStatus::kRefused,
+      given + (unnamed.empty() ? ", and the list of books gives every book an acronym"
+                               : ", and the list of books gives no acronym to " +
+                                     counted(unnamed.size(), "book", "books") + ": " +
+                                     cellsOfAcronyms(unnamed)));
+}
+
+/// The dialog would say so when the books in front are in the library.
+void requireNoBlanks(const AddArguments& arguments, UserInterface& ui) {
+  for (const auto* values : {&arguments.names, &arguments.acronyms}) {
+    if (std::any_of(values->begin(), values->end(), [](const std::string& value) {
+          return trimBlanks(value).empty();
+        })) {
+      ui.show(criticalMessage(std::string(text(RuleText::kNameOrAcroMissing))));
+      throw AlreadyTold(ExitStatus::kRefused);
+    }
+  }
+}
+
+/// Names the book by the values of the flags with that index, as far as they are given.
+void takeName(SurveyedBook& book,
+              const AddArguments& arguments,
+              std::size_t index,
+              XmlTextRules& rules) {
+  if (const auto name = valueAt(arguments.names, index)) {
+    book.name = rules.mstrCheckSpecialCharecters(*name);
+    book.nameText.clear();
+  }
+  if (const auto acronym = valueAt(arguments.acronyms, index)) {
+    book.acronym = rules.mstrCheckSpecialCharecters(*acronym);
+    book.acronymText.clear();
+  }
+}
+
+/// Whether the box is what the component says before it asks for the same book again. Nobody has
+/// been asked since.
+bool tellsOfTakenName(const ShownMessage& box) {
+  return !box.isSettled && box.text.ends_with(text(Message::kAlreadyExists)) &&
+         (box.text.starts_with(text(Message::kErrorBookName)) ||
+          box.text.starts_with(text(Message::kErrorBookAcro)));
+}
+
 }  // namespace
 
 void takeNames(WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wiring) {
   const std::vector<std::size_t> unnamed = booksWithoutAcronym(survey);
-  if ((arguments.name || arguments.acronym) && unnamed.size() != 1) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "--name and --acro are for a single book that the list of books gives no "
-                         "acronym; " +
-                             (unnamed.empty() ? "it gives every book one"
-                                              : "missing are " + cellsOfAcronyms(unnamed)));
+  requireValueForEach(unnamed, "--name", arguments.names);
+  requireValueForEach(unnamed, "--acro", arguments.acronyms);
+  requireNoBlanks(arguments, wiring.ui);
+  const auto rules = wiring.toolset.createXmlTextRules();
+  for (std::size_t index = 0; index < unnamed.size(); ++index) {
+    takeName(survey.books[unnamed[index]], arguments, index, *rules);
   }
-  const bool areGiven = isGiven(arguments.name) && isGiven(arguments.acronym);
-  if (unnamed.empty()) {
-    return;
+  const bool areGiven = !arguments.names.empty() && !arguments.acronyms.empty();
+  if (!unnamed.empty() && !areGiven && !wiring.mayAsk) {
+    throw Abandoned(
+        AbandonReason::kAnswerMissing,
+        (unnamed.size() == 1 ? "give --name and --acro, or the acronym in "
+                             : "give --name and --acro once for each book, or the acronyms in ") +
+            cellsOfAcronyms(unnamed));
   }
-  if (areGiven) {
-    const auto rules = wiring.toolset.createXmlTextRules();
-    SurveyedBook& book = survey.books[unnamed.front()];
-    book.name = rules->mstrCheckSpecialCharecters(*arguments.name);
-    book.acronym = rules->mstrCheckSpecialCharecters(*arguments.acronym);
-    book.nameText.clear();
-    book.acronymText.clear();
-  } else if (!wiring.mayAsk) {
-    throw Abandoned(AbandonReason::kAnswerMissing,
-                    (unnamed.size() == 1 ? "give --name and --acro, or the acronym in "
-                                         : "give the acronyms in ") +
-                        cellsOfAcronyms(unnamed));
-  }
+}
+
+void answerBooksInTheirOrder(Wiring& wiring) {
+  wiring.ui.knowReturnsBy([&ui = wiring.ui](const ModalForm& form) {
+    return form.name() == layout::kBookInfo.name && !ui.shown().empty() &&
+           tellsOfTakenName(ui.shown().back());
+  });
 }
 
 void considerFolders(const WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wiring) {

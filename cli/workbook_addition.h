@@ -13,10 +13,14 @@
 
 namespace quorbind {
 
-/// Lets `--name` and `--acro` name the one book whose acronym the list of books lacks. They are
-/// refused where there is no such book, or more than one. Abandoned where an acronym is missing
-/// that nobody can be asked for.
+/// Lets `--name` and `--acro` name the books whose acronyms the list of books lacks, in its order.
+/// A flag that is given more or less often than there are such books is refused, and so is a blank
+/// value. Abandoned where an acronym is missing that nobody can be asked for.
 void takeNames(WorkbookSurvey& survey, const AddArguments& arguments, Wiring& wiring);
+
+/// From now on the book dialog that the component shows again, because the library has the name or
+/// the acronym, takes no answer that is meant for a book behind.
+void answerBooksInTheirOrder(Wiring& wiring);
 
 /// Abandoned where a book's folder is missing that nobody can be asked for. The user is told of a
 /// `--folder` that no book needs.

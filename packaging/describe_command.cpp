@@ -44,6 +44,7 @@ Json described(const CLI::Option& option) {
   std::string value = option.get_option_text();
   return {{"names", namesOf(option)},
           {"takesValue", option.get_items_expected_max() > 0},
+          {"repeats", option.get_items_expected_max() > 1},
           {"value", CLI::detail::trim(value)},
           {"choices", choicesOf(option)},
           {"description", option.get_description()},

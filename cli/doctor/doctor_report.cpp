@@ -2,8 +2,10 @@
 
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "cli/json_text.h"
+#include "cli/marked_line.h"
 #include "cli/paths.h"
 #include "cli/text_list.h"
 #include "cli/toc_file.h"
@@ -29,11 +31,22 @@ void printLine(const std::string& indent, const std::string& text) {
   }
 }
 
+void printMarkedLine(const std::string& indent, const Finding& finding) {
+  if (!finding.lineText) {
+    return;
+  }
+  std::istringstream lines(markedLine({{finding.line, finding.column}, *finding.lineText}));
+  for (std::string line; std::getline(lines, line);) {
+    std::cout << indent << line << '\n';
+  }
+}
+
 void printFinding(const Finding& finding) {
   printLine("  ",
             std::string(wordFor(finding.severity)) + ": " +
-                placeIn(nativeName(finding.file), finding.line) + finding.text + " [" +
-                std::string(finding.id) + "]");
+                placeIn(nativeName(finding.file), finding.line, finding.column) + finding.text +
+                " [" + std::string(finding.id) + "]");
+  printMarkedLine("  ", finding);
   printLine("    ", finding.remedy);
   printLine("    ", finding.command);
 }
@@ -51,6 +64,12 @@ Json toJson(const Finding& finding) {
                  {"file", nativeName(finding.file)}};
   if (finding.line > 0) {
     object["line"] = finding.line;
+  }
+  if (finding.column > 0) {
+    object["column"] = finding.column;
+  }
+  if (finding.lineText) {
+    object["lineText"] = *finding.lineText;
   }
   object["text"] = finding.text;
   object["remedy"] = finding.remedy;

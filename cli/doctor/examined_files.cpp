@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <system_error>
 
 #include "cli/doctor/mending_command.h"
 #include "cli/failure.h"
@@ -18,10 +19,23 @@ namespace {
 /// What a failure that concerns a file says of it.
 struct FileFailure {
   std::size_t line = 0;
+  std::size_t column = 0;
   std::string reason;
 };
 
-/// The failure's message is `FILE: REASON` or `FILE:LINE: REASON`.
+/// Takes a `:` and the number behind it from the front; 0 where there is none.
+std::size_t takeNumber(std::string_view& text) {
+  std::size_t number = 0;
+  if (text.starts_with(':')) {
+    const auto [end, error] = std::from_chars(text.data() + 1, text.data() + text.size(), number);
+    if (error == std::errc()) {
+      text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    }
+  }
+  return number;
+}
+
+/// The failure's message is `FILE: REASON`, `FILE:LINE: REASON` or `FILE:LINE:COLUMN: REASON`.
 FileFailure failureOf(const CommandFailure& failure, const std::string& path) {
   constexpr std::string_view kEndOfPlace = ": ";
   std::string_view message = failure.what();
@@ -31,9 +45,8 @@ FileFailure failureOf(const CommandFailure& failure, const std::string& path) {
   }
   message.remove_prefix(name.size());
   FileFailure parts;
-  if (message.starts_with(':')) {
-    std::from_chars(message.data() + 1, message.data() + message.size(), parts.line);
-  }
+  parts.line = takeNumber(message);
+  parts.column = takeNumber(message);
   parts.reason =
       message.substr(std::min(message.find(kEndOfPlace) + kEndOfPlace.size(), message.size()));
   return parts;
@@ -51,7 +64,10 @@ bool readingFile(Findings& findings,
     return true;
   } catch (const CommandFailure& failure) {
     const FileFailure parts = failureOf(failure, path);
-    const FindingPlace place{path, parts.line};
+    FindingPlace place{path, parts.line, parts.column};
+    if (failure.line()) {
+      place.lineText = failure.line()->text;
+    }
     if (failure.status() == ExitStatus::kInputMissing) {
       findings.add(FindingKind::kUnreadableFile, place, {{"REASON", parts.reason}});
     } else {

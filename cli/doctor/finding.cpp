@@ -57,6 +57,8 @@ void Findings::add(FindingKind kind,
                        .severity = texts.severity,
                        .file = place.file,
                        .line = place.line,
+                       .column = place.column,
+                       .lineText = place.lineText,
                        .text = filled(texts.sentence, words),
                        .remedy = filled(texts.remedy, words),
                        .command = std::move(command)});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,9 +28,13 @@ using FindingWords = std::vector<std::pair<std::string_view, std::string>>;
 struct Finding {
   std::string_view id;
   Severity severity = Severity::kError;
-  /// The file or folder that it concerns, as the component names it; and the line, 0 for none.
+  /// The file or folder that it concerns, as the component names it; and the line, and the
+  /// character on it, 0 for none.
   std::string file;
   std::size_t line = 0;
+  std::size_t column = 0;
+  /// The whole line, of a file that does not parse.
+  std::optional<std::string> lineText;
   /// What is wrong, and what to do, each in one sentence.
   std::string text;
   std::string remedy;
@@ -41,6 +46,8 @@ struct Finding {
 struct FindingPlace {
   std::string file;
   std::size_t line = 0;
+  std::size_t column = 0;
+  std::optional<std::string> lineText = std::nullopt;
 };
 
 /// What was found, in its order.

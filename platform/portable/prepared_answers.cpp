@@ -17,8 +17,8 @@ std::vector<std::string_view> textBoxesOf(const FormLayout& layout) {
 std::vector<std::string_view> PreparedAnswers::fillIn(ModalForm& form, const FormLayout& layout) {
   std::vector<std::string_view> left;
   for (const std::string_view box : textBoxesOf(layout)) {
-    PreparedAnswer* answer = find(form.name(), box);
-    if (answer == nullptr || !answer->text || answer->used) {
+    PreparedAnswer* answer = next(form.name(), box);
+    if (answer == nullptr || !answer->text) {
       left.push_back(box);
     } else {
       answer->used = true;
@@ -37,19 +37,22 @@ bool PreparedAnswers::answered(std::string_view form) const {
 std::string PreparedAnswers::flagsFor(std::string_view form,
                                       const std::vector<std::string_view>& textBoxes) const {
   std::string flags;
-  for (const PreparedAnswer& answer : answers_) {
-    if (answer.form == form &&
-        std::find(textBoxes.begin(), textBoxes.end(), answer.textBox) != textBoxes.end()) {
-      flags.append(flags.empty() ? "" : " and ").append(answer.flag);
+  for (const std::string_view box : textBoxes) {
+    const auto answer =
+        std::find_if(answers_.begin(), answers_.end(), [&](const PreparedAnswer& prepared) {
+          return prepared.form == form && prepared.textBox == box;
+        });
+    if (answer != answers_.end()) {
+      flags.append(flags.empty() ? "" : " and ").append(answer->flag);
     }
   }
   return flags;
 }
 
-PreparedAnswer* PreparedAnswers::find(std::string_view form, std::string_view textBox) {
+PreparedAnswer* PreparedAnswers::next(std::string_view form, std::string_view textBox) {
   const auto found =
       std::find_if(answers_.begin(), answers_.end(), [&](const PreparedAnswer& answer) {
-        return answer.form == form && answer.textBox == textBox;
+        return answer.form == form && answer.textBox == textBox && !answer.used;
       });
   return found == answers_.end() ? nullptr : &*found;
 }

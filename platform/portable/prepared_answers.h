@@ -10,7 +10,8 @@
 
 namespace quorbind {
 
-/// What one flag of the command line answers in a form.
+/// What one flag of the command line answers in a form. One that is given several times has several
+/// answers, one behind the other.
 struct PreparedAnswer {
   std::string form;
   std::string textBox;
@@ -22,8 +23,8 @@ struct PreparedAnswer {
   bool used = false;
 };
 
-/// The answers that were given before a run. Each answers once: a form that comes back is for a
-/// person to answer.
+/// The answers that were given before a run. Each answers once; of several for one text box each
+/// form that is shown takes the next. A form that comes back is for a person to answer.
 class PreparedAnswers {
  public:
   explicit PreparedAnswers(std::vector<PreparedAnswer> answers) : answers_(std::move(answers)) {}
@@ -39,7 +40,8 @@ class PreparedAnswers {
                                      const std::vector<std::string_view>& textBoxes) const;
 
  private:
-  [[nodiscard]] PreparedAnswer* find(std::string_view form, std::string_view textBox);
+  /// The first answer for the text box that was not used yet; null where there is none.
+  [[nodiscard]] PreparedAnswer* next(std::string_view form, std::string_view textBox);
 
   std::vector<PreparedAnswer> answers_;
 };

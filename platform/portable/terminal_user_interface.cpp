@@ -66,6 +66,10 @@ void TerminalUserInterface::holdFormsTo(FormRule rule) {
   rule_ = std::move(rule);
 }
 
+void TerminalUserInterface::knowReturnsBy(ReturnRule rule) {
+  comesBack_ = std::move(rule);
+}
+
 void TerminalUserInterface::show(const UserMessage& message) {
   shown_.push_back({.icon = message.icon,
                     .title = message.title.value_or(std::string(kDefaultTitle)),
@@ -95,7 +99,8 @@ void TerminalUserInterface::putOnClipboard(std::string_view text) {
 void TerminalUserInterface::showModal(ModalForm& form) {
   clearProgressLine();
   const FormLayout& layout = layoutOf(form.name());
-  std::vector<std::string_view> textBoxes = answers_.fillIn(form, layout);
+  std::vector<std::string_view> textBoxes =
+      comesBack_(form) ? textBoxesOf(layout) : answers_.fillIn(form, layout);
   if (textBoxes.empty()) {
     submit(form, layout);
     textBoxes = textBoxesOf(layout);

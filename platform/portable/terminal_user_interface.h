@@ -3,9 +3,10 @@
 // The user interface of a command: boxes are lines of text, forms are questions, and the answers
 // may have been given beforehand.
 //
-// A form is answered by the flags of the command line the first time that it is shown. What they
-// leave open, and every form that comes back because its values were refused or stand in the
-// catalogue already, is asked on the terminal. Without a terminal the run is given up: `Abandoned`.
+// A form is answered by the flags of the command line the first time that it is shown; by flags
+// that are given several times, so often. What they leave open, and every form that comes back
+// because its values were refused or stand in the catalogue already, is asked on the terminal.
+// Without a terminal the run is given up: `Abandoned`.
 
 #include <cstddef>
 #include <functional>
@@ -62,6 +63,11 @@ class TerminalUserInterface final : public UserInterface {
   /// them does.
   void holdFormsTo(FormRule rule);
 
+  /// Tells of a form that is about to be shown whether it comes back, about what it was answered
+  /// for before. Flags do not answer it then, also where they have more answers.
+  using ReturnRule = std::function<bool(const ModalForm&)>;
+  void knowReturnsBy(ReturnRule rule);
+
   /// Every box so far, in order.
   [[nodiscard]] const std::vector<ShownMessage>& shown() const { return shown_; }
   /// Notes that nothing more is to be said about the boxes so far.
@@ -90,6 +96,7 @@ class TerminalUserInterface final : public UserInterface {
   Terminal terminal_;
   PreparedAnswers answers_;
   FormRule rule_ = [](const ModalForm& /*form*/) { return true; };
+  ReturnRule comesBack_ = [](const ModalForm& /*form*/) { return false; };
   std::string knownPath_;
   std::string knownName_;
   std::vector<ShownMessage> shown_;

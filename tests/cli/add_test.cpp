@@ -31,6 +31,11 @@ TEST_F(Add, PutsABookWithItsDocumentsIntoTheLibrary) {
                    "Quor_TOC.xml"}));
 }
 
+TEST_F(Add, ANameInBracketsIsOneName) {
+  EXPECT_EQ(add({"--name", "[Bells, Horns]", "--acro", "[A,B]"}).out,
+            "Added [Bells, Horns] ([A,B]) to Plant, folder Manual: 3 files.\n");
+}
+
 TEST_F(Add, EntersTheBookInTheCatalogue) {
   EXPECT_EQ(addAlarms({"--category", "User Guides; Alarms"}).status, 0);
   EXPECT_EQ(catalogueText(),

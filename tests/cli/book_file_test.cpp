@@ -1,4 +1,5 @@
 #include "tests/cli/command_test.h"
+#include "tests/cli/terminal_session.h"
 #include "tests/support/catalogue_text.h"
 
 namespace quorbind::testing {
@@ -29,6 +30,13 @@ class BookFile : public CommandTest {
     disk.write("b.htm", "page");
   }
   [[nodiscard]] Outcome addBook(const Words& more = {}) const { return addFile("book.xml", more); }
+
+  /// The same with a person at a terminal.
+  [[nodiscard]] Command addCommand(const Words& more = {}) const {
+    return {.words = joined({quorbindExecutable()}, addFileWords("book.xml", more)),
+            .folder = disk.path().string(),
+            .environment = environment};
+  }
 
   /// Adds the file of these bytes and checks it, and expects these ends, with nothing changed.
   void expectRefusal(const std::string& bytes,
@@ -172,6 +180,46 @@ TEST_F(BookFile, IsNotWrittenOverThatOfAnotherBook) {
             "critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the book file of Alarms "
             "(ALM)\nquorbind: book.xml: nothing was added\n");
   EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, IsNotWrittenOverThatOfABookWhichIsCalledSomethingElse) {
+  writeBook();
+  EXPECT_EQ(addBook({"--name", "Other", "--acro", "OTH"}).status, 0);
+  const Tree before = disk.contents();
+  const Outcome outcome = addBook();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the book file of Other "
+            "(OTH)\nquorbind: book.xml: nothing was added\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+// Whatever is answered in the dialog, the file would keep its name.
+TEST_F(BookFile, IsNotAskedForAnotherNameWhereItWouldBeWrittenOverThatOfAnotherBook) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  const Tree before = disk.contents();
+  for (const Words& flags : {Words{}, Words{"--name", "Other"}}) {
+    TerminalSession session(addCommand(flags));
+    EXPECT_EQ(replaceAll(session.finish().out, disk.path().string(), "DISK"),
+              "\x1B[1;31mcritical:\x1B[0m DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the "
+              "book file of Alarms (ALM)\nquorbind: book.xml: nothing was added\n");
+  }
+  EXPECT_EQ(disk.contents(), before);
+}
+
+TEST_F(BookFile, IsAskedForAnotherNameWhereItsFileIsFree) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  writeBook("Old\\Second");
+  TerminalSession session(addCommand());
+  session.waitFor("Error:Book Name Alarms already Exists\n");
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("More Alarms");
+  session.waitFor("Book Acro: [ALM] ");
+  session.typeLine("MOR");
+  session.waitFor("Added More Alarms (MOR) to Plant, folder Second: 3 files.\n");
+  EXPECT_EQ(session.finish().status, 0);
 }
 
 TEST_F(BookFile, TellsThatTheFlagForTheFolderIsNotUsed) {

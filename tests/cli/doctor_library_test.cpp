@@ -48,8 +48,9 @@ TEST_F(DoctorOfACatalogue, FindsThatItDoesNotParseAndGoesOn) {
   const Outcome outcome = doctor();
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "quorbind: DISK/server: 4 errors, 0 warnings\n");
-  EXPECT_NE(outcome.out.find("  error: DISK/server/Docs/Plant/Quor_TOC.xml:3: it can't be used: "),
-            std::string::npos)
+  EXPECT_NE(
+      outcome.out.find("  error: DISK/server/Docs/Plant/Quor_TOC.xml:3:15: it can't be used: "),
+      std::string::npos)
       << outcome.out;
   EXPECT_NE(outcome.out.find("  error: DISK/server/Docs/Plant/Quor_BookCategories.xml: it can't be "
                              "used: the element BookSet_Categories is missing [damaged-file]\n"
@@ -273,11 +274,13 @@ TEST_F(DoctorOfABook, FindsThatItsFileDoesNotParse) {
   disk.write(kBookFile, "<Book_Master>\n<Book>\n</Book_Master>");
   const std::string report = doctor().out;
   EXPECT_NE(
-      report.find("\n  error: DISK/server/Docs/Plant/Manual/Book_ALM.xml:3: it can't be used: "),
+      report.find("\n  error: DISK/server/Docs/Plant/Manual/Book_ALM.xml:3:15: it can't be used: "),
       std::string::npos)
       << report;
   EXPECT_TRUE(
       report.ends_with(" [damaged-book-file]\n"
+                       "    3 | </Book_Master>\n"
+                       "      |               ^\n"
                        "    Take it from the backup, or delete the entry and add the book again.\n"
                        "    quorbind delete Alarms --server DISK/server --library Plant\n"))
       << report;

@@ -38,6 +38,18 @@ TEST_F(DoctorReport, OfASoundLibraryAsAnObject) {
             "}\n");
 }
 
+TEST_F(DoctorReport, OfAFileThatDoesNotParseHasTheLineAtFaultInItsObject) {
+  disk.write(kKeywords, "<Books>\n\t</Book>\n</Books>\n");
+  const std::string object = doctor({"--json"}).out;
+  EXPECT_NE(object.find("          \"file\": \"DISK/server/Docs/Plant/Quor_SearchKeywords.xml\",\n"
+                        "          \"line\": 2,\n"
+                        "          \"column\": 9,\n"
+                        "          \"lineText\": \"\\t</Book>\",\n"
+                        "          \"text\": \"it can't be used: "),
+            std::string::npos)
+      << object;
+}
+
 TEST_F(DoctorReport, OfFindingsAsAnObject) {
   disk.remove("server/Docs/Plant/Manual/alarms.htm");
   disk.remove(kCategories);
@@ -157,10 +169,12 @@ TEST_F(DoctorOfAList, FindsADamagedOneAndExaminesWhatLiesThere) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_TRUE(
       outcome.out.starts_with("DISK/server:\n  error: "
-                              "DISK/server/Docs/Quor_Selection.xml:3: it can't be used: "))
+                              "DISK/server/Docs/Quor_Selection.xml:3:8: it can't be used: "))
       << outcome.out;
   EXPECT_TRUE(
       outcome.out.ends_with(" [damaged-file]\n"
+                            "    3 | </Quor>\n"
+                            "      |        ^\n"
                             "    Take it from the backup.\n"
                             "Plant, 1 book, 1 heading: sound\n"))
       << outcome.out;

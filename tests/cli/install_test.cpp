@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "tests/cli/library_test.h"
 #include "tests/cli/terminal_session.h"
 
@@ -51,6 +53,20 @@ class Install : public LibraryTest {
     session.typeLine(acronym);
   }
 };
+
+TEST_F(Install, WhatIsNoFileIsRefusedAlikeByARealRunAndADryRun) {
+  ASSERT_EQ(mkfifo((disk.path() / "in/pipe.htm").c_str(), 0600), 0);
+  disk.makeFolder("in/folder.htm");
+  for (const std::string& file : {std::string("in/pipe.htm"), std::string("in/folder.htm")}) {
+    for (const Words& kind : {Words{}, Words{"--dry-run"}}) {
+      const Outcome outcome = inPlant(sitePlan(file, kind));
+      EXPECT_EQ(outcome.status, 3);
+      EXPECT_EQ(
+          outcome.err,
+          "critical: " + file + ": Path/File access error\nquorbind: Plant: nothing was changed\n");
+    }
+  }
+}
 
 TEST_F(Install, ANameThatTheCatalogueHasInAnotherLetterCaseIsRefused) {
   expectRefusal({"install", "in/plan.htm", "--type", "t", "--name", "ALARMS", "--acro", "N"},

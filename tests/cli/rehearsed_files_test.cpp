@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -65,6 +66,16 @@ TEST_F(Rehearsed, ACopyOfWhatCanNotBeReadFails) {
   EXPECT_FALSE(files.fileExists(at("sub/copy.txt")));
   files.moveFile(at("a.txt"), at("sub/moved.txt"));
   EXPECT_TRUE(files.fileExists(at("sub/moved.txt")));
+}
+
+TEST_F(Rehearsed, APipeIsNoFileAsOnTheDisk) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.path().string() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (FileSystem* files : {static_cast<FileSystem*>(&disk_), static_cast<FileSystem*>(&files_)}) {
+    EXPECT_EQ(errorRaisedBy([&] { static_cast<void>(files->open(pipe)); }), 75);
+    EXPECT_EQ(errorRaisedBy([&] { files->copyFile(pipe, at("copy.txt")); }), 75);
+  }
 }
 
 TEST_F(Rehearsed, WhatStandsOnTheDiskIsRead) {

@@ -354,6 +354,7 @@ TEST_F(SeveralBooks, OfAJobFileWithAValueThatDoesNotBelongThereAreRefusedWithThe
   for (const Case& wrong : std::vector<Case>{
            {"kind = \"word\"", "\"word\"", "kind has to be xml, html, excel or text"},
            {"folder = 7", "7", "folder has to be a text"},
+           {"folder = [\"F\"]", "[\"F\"]", "folder has to be a text"},
            {"install-type = \"x\"", "\"x\"", "install-type has to be a whole number"},
            {"install-type = 3000000000", "3000000000", "install-type is out of range"},
            {"no-input = \"yes\"", "\"yes\"", "no-input has to be true or false"},
@@ -368,6 +369,40 @@ TEST_F(SeveralBooks, OfAJobFileWithAValueThatDoesNotBelongThereAreRefusedWithThe
     expectRefusal(
         book("a.txt", "ALM") + wrong.line + "\n", 1, refusal(wrong.line, wrong.mark, wrong.what));
   }
+}
+
+TEST_F(SeveralBooks, OfAJobFileThatNamesABookByWhatIsNoTextAreRefusedWithTheLine) {
+  const std::string beginning = "[[book]]\ntoc = \"a.txt\"\n";
+  expectRefusal(beginning + "name = 7\n",
+                1,
+                "job.toml:3:8: name has to be a text or a list of texts\n"
+                "  3 | name = 7\n"
+                "    |        ^\n");
+  expectRefusal(beginning + "acro = [\"A\", 7]\n",
+                1,
+                "job.toml:3:14: acro has to be a text or a list of texts\n"
+                "  3 | acro = [\"A\", 7]\n"
+                "    |              ^\n");
+}
+
+TEST_F(SeveralBooks, HaveOneNameEachUnlessTheyAreThoseOfAWorkbook) {
+  const Tree before = disk.contents();
+  const Outcome outcome = runJob(inPlant_ +
+                                 "[[book]]\ntoc = \"a.txt\"\nname = [\"A\", \"B\"]\nacro = "
+                                 "[\"A\", \"B\"]\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "critical: --name is given 2 times, and the table of contents is of one book\n"
+            "quorbind: a.txt: nothing was added\n"
+            "quorbind: 0 of 1 table of contents added\n");
+  const Outcome flags =
+      quorbind(joined({"add", "a.txt", "--name", "A", "--acro", "A", "--acro", "B"}, place_));
+  EXPECT_EQ(flags.status, 1);
+  EXPECT_EQ(flags.err,
+            "critical: --acro is given 2 times, and the table of contents is of one book\n"
+            "quorbind: a.txt: nothing was added\n");
+  std::filesystem::remove(disk.path() / "job.toml");
+  EXPECT_EQ(disk.contents(), before);
 }
 
 TEST_F(SeveralBooks, OfAJobFileThatLacksWhatItNeedsAreRefused) {

@@ -303,20 +303,96 @@ TEST_P(WorkbookRules, AWorkbookOfOneSheetWithNobodyToAsk) {
                        {"1", "The Saw", "Saw\\cover.htm"}})});
   EXPECT_EQ(run({"check", name()}).status, 0);
   expectAdditionRefused(
-      6, "", "nothing was added: give the acronyms in sheet 2, column 2: row 3, row 4");
+      6,
+      "",
+      "nothing was added: give --name and --acro once for each book, or the acronyms in sheet 2, "
+      "column 2: row 3, row 4");
 }
 
-TEST_P(WorkbookRules, FlagsThatCouldNameMoreThanOneBookOrNone) {
-  const std::string rule =
-      "critical: --name and --acro are for a single book that the list of books gives no acronym; ";
+TEST_P(WorkbookRules, FlagsThatNameFewerOrMoreBooksThanTheListGivesNoAcronym) {
+  const auto expectCountRefused = [this](const std::string& count, const Words& flags) {
+    expectAdditionRefused(1, "critical: " + count + "\n", "nothing was added", flags);
+  };
+  write(kHeadings, {});
+  const std::string both =
+      ", and the list of books gives no acronym to 2 books: sheet 2, column 2: row 3, row 4";
+  expectCountRefused("--acro is given 1 time" + both, {"--acro", "A"});
+  expectCountRefused("--name is given 1 time" + both,
+                     {"--name", "A", "--acro", "A", "--acro", "B"});
+  expectCountRefused("--acro is given 3 times" + both,
+                     {"--name", "A", "--name", "B", "--acro", "A", "--acro", "B", "--acro", "C"});
+  write(kHeadings, {{"Lathe", "LTH"}});
+  expectCountRefused(
+      "--name is given 2 times, and the list of books gives no acronym to 1 book: sheet 2, column "
+      "2: row 4",
+      {"--name", "A", "--acro", "A", "--name", "B", "--acro", "B"});
+  writeTwoBooks();
+  expectCountRefused("--name is given 1 time, and the list of books gives every book an acronym",
+                     {"--name", "A", "--acro", "A"});
+}
+
+TEST_P(WorkbookRules, OneFlagOfThePairForTwoBooksWithNobodyToAsk) {
+  write(kHeadings, {});
+  expectAdditionRefused(6,
+                        "",
+                        "nothing was added: give --name and --acro once for each book, or the "
+                        "acronyms in sheet 2, column 2: row 3, row 4",
+                        {"--acro", "A", "--acro", "B"});
+}
+
+TEST_P(WorkbookRules, ASecondPairOfFlagsThatBreaksARuleOfTheDialog) {
+  write(kHeadings, {});
+  const auto expectPairRefused =
+      [this](const std::string& box, const std::string& name, const std::string& acronym) {
+        expectAdditionRefused(1,
+                              box + "\n",
+                              "nothing was added",
+                              {"--name", "A", "--acro", "A", "--name", name, "--acro", acronym});
+      };
+  expectPairRefused("critical: Book Name can not contain @quor@", "B@quor@", "B");
+  expectPairRefused("critical: Book Acro can not contain  (/\\:*?\"<>)", "B", "B/");
+  expectPairRefused("critical: Book Name/Book Acro can not be null", "B", "");
+  expectPairRefused("critical: Book Name/Book Acro can not be null", " ", "B");
+  expectPairRefused(
+      "critical: --acro is too long: the name that it gives has 309 bytes, and 255 "
+      "are the most that a name can have",
+      "B",
+      std::string(300, 'B'));
+}
+
+TEST_P(WorkbookRules, PairsOfFlagsThatNameTwoBooksAlike) {
+  write(kHeadings, {});
+  expectAdditionRefused(
+      1,
+      refusal("Error:Book Name saws already Exists", "sheet 2, row 4, column 1") +
+          refusal("Error:Book Acro SWS already Exists", "sheet 2, row 4, column 2"),
+      "nothing was added",
+      {"--name", "Saws", "--acro", "SWS", "--name", "saws", "--acro", "SWS"});
+}
+
+TEST_P(WorkbookRules, APairOfFlagsThatNamesABookAsTheLibraryOrTheListDoes) {
+  write(kHeadings, {{"Lathe", "LTH"}, {"Saw", "SAW"}});
+  ASSERT_EQ(addBooks().status, 0);
   write(kHeadings, {});
   expectAdditionRefused(1,
-                        rule + "missing are sheet 2, column 2: row 3, row 4\n",
+                        refusal("Error:Book Acro SAW already Exists", "sheet 2, row 4, column 2"),
                         "nothing was added",
-                        {"--acro", "A"});
-  writeTwoBooks();
+                        {"--name", "A", "--acro", "A", "--name", "B", "--acro", "SAW"});
+  write(kHeadings, {{"New", "NEW"}});
+  expectAdditionRefused(1,
+                        refusal("Error:Book Name New already Exists", "sheet 2, row 4, column 1"),
+                        "nothing was added",
+                        {"--name", "New", "--acro", "B"});
+}
+
+TEST_P(WorkbookRules, ABookFileInThePlaceOfThatOfTheSecondPairOfFlags) {
+  write(kHeadings, {});
+  disk.write("Saw/Book_B.xml", "the author's own");
   expectAdditionRefused(
-      1, rule + "it gives every book one\n", "nothing was added", {"--name", "A", "--acro", "A"});
+      1,
+      "critical: DISK/Saw/Book_B.xml: the file is in the way; move it or delete it\n",
+      "nothing was added",
+      {"--name", "A", "--acro", "A", "--name", "B", "--acro", "B"});
 }
 
 TEST_P(WorkbookRules, ABookWithoutAFolderAndNobodyToAsk) {

@@ -186,6 +186,67 @@ TEST_P(Workbook, TakesNameAndAcronymFromTheFlagsForTheOneBookThatHasNone) {
             "SWS      Saws   Saw\n");
 }
 
+TEST_P(Workbook, TakesNamesAndAcronymsFromRepeatedFlagsInTheOrderOfItsList) {
+  write({{"1", "The Lathe", "Lathe\\cover.htm"},
+         {"2", "Chuck", "chuck.htm"},
+         {"1", "The Saw", "Saw\\cover.htm"},
+         {"2", "Blade", "blade.htm"},
+         {"1", "The Drill", "Drill\\cover.htm"},
+         {"2", "Bit", "bit.htm"}},
+        {{"Lathe", ""}, {"Saw", "SAW"}});
+  const Outcome outcome =
+      addBooks({"--name", "R & D", "--acro", "RND", "--name", "Drills", "--acro", "DRL"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(shelf(),
+            "ACRONYM  NAME    FOLDER\n"
+            "RND      R & D   Lathe\n"
+            "SAW      Saw     Saw\n"
+            "DRL      Drills  Drill\n");
+}
+
+TEST_P(Workbook, OfThreeBooksWithoutAListTakesThreeOfEachFlag) {
+  write({headingSheet({{"1", "The Lathe", "Lathe\\cover.htm"},
+                       {"2", "Chuck", "chuck.htm"},
+                       {"1", "The Saw", "Saw\\cover.htm"},
+                       {"2", "Blade", "blade.htm"},
+                       {"1", "The Drill", "Drill\\cover.htm"},
+                       {"2", "Bit", "bit.htm"}})});
+  EXPECT_EQ(addBooks({"--name",
+                      "A",
+                      "--name",
+                      "B",
+                      "--name",
+                      "C",
+                      "--acro",
+                      "1",
+                      "--acro",
+                      "2",
+                      "--acro",
+                      "3"})
+                .status,
+            0);
+  EXPECT_EQ(shelf(),
+            "ACRONYM  NAME  FOLDER\n"
+            "1        A     Lathe\n"
+            "2        B     Saw\n"
+            "3        C     Drill\n");
+}
+
+TEST_P(Workbook, TakesNamesAndAcronymsFromTheListsOfAJobFile) {
+  write(kHeadings, {});
+  disk.write("job.toml",
+             "server = \"server\"\nlibrary = \"Plant\"\n[[book]]\ntoc = \"" + name() +
+                 "\"\nname = [\"Lathes\", \"Saws\"]\nacro = [\"LTS\", \"SWS\"]\n");
+  const Outcome outcome = quorbind({"add", "--job", "job.toml"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(shelf(),
+            "ACRONYM  NAME    FOLDER\n"
+            "LTS      Lathes  Lathe\n"
+            "SWS      Saws    Saw\n");
+}
+
 TEST_P(Workbook, TakesOneFolderForAllBooksThatNameNone) {
   write({{"1", "The Lathe", "cover.htm"},
          {"2", "Chuck", "chuck.htm"},
@@ -244,6 +305,58 @@ TEST_P(Workbook, AsksForTheNamesThatItsListLacks) {
   session.waitFor("Book Acro: ");
   session.typeLine("SAW");
   session.waitFor("Added The Saw (SAW)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+// A flag that is used up by a question about another book would name the wrong one.
+TEST_P(Workbook, AsksAgainForATakenNameWithoutTheFlagsOfTheBooksBehind) {
+  writeTwoBooks();
+  ASSERT_EQ(addBooks().status, 0);
+  write(kHeadings, {});
+  TerminalSession session(
+      command({"--name", "Lathe", "--acro", "L2", "--name", "Saws", "--acro", "SAW"}));
+  session.waitFor("Error:Book Name Lathe already Exists\n");
+  session.waitFor("Book Name: [Lathe] ");
+  session.typeLine("Lathes");
+  session.waitFor("Book Acro: [L2] ");
+  session.typeLine("");
+  session.waitFor("Error:Book Acro SAW already Exists\n");
+  session.waitFor("Book Name: ");
+  session.typeLine("Saws");
+  session.waitFor("Book Acro: ");
+  session.typeLine("SWS");
+  session.waitFor("Added Saws (SWS)");
+  EXPECT_EQ(session.finish().status, 0);
+  EXPECT_EQ(shelf(),
+            "ACRONYM  NAME    FOLDER\n"
+            "LTH      Lathe   Lathe\n"
+            "SAW      Saw     Saw\n"
+            "L2       Lathes  Lathe\n"
+            "SWS      Saws    Saw\n");
+}
+
+TEST_P(Workbook, KeepsTheFlagsForItsBookWhenOneInFrontIsAskedFor) {
+  writeTwoBooks();
+  ASSERT_EQ(addBooks().status, 0);
+  write(kHeadings, {{"Lathe", "L2"}});
+  TerminalSession session(command({"--name", "Saws", "--acro", "SWS"}));
+  session.waitFor("Book Name: [Lathe] ");
+  session.typeLine("Lathes");
+  session.waitFor("Book Acro: [L2] ");
+  session.typeLine("");
+  session.waitFor("Added Saws (SWS)");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
+TEST_P(Workbook, AsksForTheNamesAloneWhereTheFlagsGiveTheAcronyms) {
+  write(kHeadings, {});
+  TerminalSession session(command({"--acro", "LTS", "--acro", "SWS"}));
+  session.waitFor("Book Name: [The Lathe] ");
+  session.typeLine("");
+  session.waitFor("Book Name: [The Saw] ");
+  session.typeLine("");
+  session.waitFor("Added The Lathe (LTS)");
+  session.waitFor("Added The Saw (SWS)");
   EXPECT_EQ(session.finish().status, 0);
 }
 

@@ -260,6 +260,29 @@ TEST_F(TerminalTest, AFlagAnswersOnce) {
   EXPECT_EQ(abandonedBy(ui, bookForm).reason(), AbandonReason::kAnswerRefused);
 }
 
+TEST_F(TerminalTest, AFlagThatIsGivenSeveralTimesAnswersEachFormInTurn) {
+  auto ui = withoutPerson({name("Alarms"), acronym("ALM"), name("Bells"), acronym("BLL")});
+  ui.showModal(bookForm);
+  bookForm.shown = true;
+  ui.showModal(bookForm);
+  EXPECT_EQ(bookForm.boxText("txtBookName"), "Bells");
+  EXPECT_EQ(bookForm.boxText("txtBookAcro"), "BLL");
+  bookForm.shown = true;
+  EXPECT_STREQ(abandonedBy(ui, bookForm).what(), "other values are needed for --name and --acro");
+}
+
+TEST_F(TerminalTest, AFormThatIsKnownToComeBackLeavesTheAnswersForTheNext) {
+  auto ui = withPerson("More\nMOR\n", {name("Alarms"), acronym("ALM")});
+  bool comesBack = true;
+  ui.knowReturnsBy([&comesBack](const ModalForm& /*form*/) { return comesBack; });
+  ui.showModal(bookForm);
+  EXPECT_EQ(bookForm.boxText("txtBookAcro"), "MOR");
+  comesBack = false;
+  bookForm.shown = true;
+  ui.showModal(bookForm);
+  EXPECT_EQ(bookForm.boxText("txtBookAcro"), "ALM");
+}
+
 TEST_F(TerminalTest, AnAnswerThatTheProgramWasGivenOtherwiseIsUsedUp) {
   auto ui = withoutPerson({name("Alarms", true), acronym("ALM", true)});
   EXPECT_EQ(abandonedBy(ui, bookForm).reason(), AbandonReason::kAnswerRefused);
