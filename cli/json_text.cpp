@@ -15,7 +15,7 @@ namespace quorbind {
 
 namespace {
 
-constexpr int kIndent = 2;
+constexpr std::size_t kIndent = 2;
 
 std::string escaped(char32_t character) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -46,7 +46,7 @@ void printShowable(std::string_view json) {
 // Texts come out of files and off the command line; one that is no valid UTF-8 must not end the
 // report.
 std::string textOf(const Json& json) {
-  return json.dump(kIndent, ' ', false, Json::error_handler_t::replace);
+  return json.dump(static_cast<int>(kIndent), ' ', false, Json::error_handler_t::replace);
 }
 
 /// As it stands in the list of a member of the object. A text has no line ends of its own.
