@@ -7,38 +7,12 @@
 
 namespace quorbind {
 
-namespace {
-
-const char* charsOf(const xmlChar* text) {
-  return reinterpret_cast<const char*>(text);
-}
-
-}  // namespace
-
 const xmlChar* xmlTextOf(const std::string& text) {
   return reinterpret_cast<const xmlChar*>(text.c_str());
 }
 
 const xmlChar* unendedXmlTextOf(std::string_view text) {
   return reinterpret_cast<const xmlChar*>(text.data());
-}
-
-std::string_view viewOf(const xmlChar* text) {
-  return text == nullptr ? std::string_view() : std::string_view(charsOf(text));
-}
-
-std::string_view viewOf(const xmlChar* begin, const xmlChar* end) {
-  return {charsOf(begin), static_cast<std::size_t>(end - begin)};
-}
-
-bool isSameText(const xmlChar* text, std::string_view expected) {
-  for (const char c : expected) {
-    if (c == '\0' || *text != static_cast<xmlChar>(c)) {
-      return false;
-    }
-    ++text;
-  }
-  return *text == '\0';
 }
 
 std::string qualifiedName(const xmlChar* prefix, const xmlChar* local) {

@@ -4,6 +4,7 @@
 
 #include <libxml/tree.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,12 +15,27 @@ const xmlChar* xmlTextOf(const std::string& text);
 /// The same without a zero at its end.
 const xmlChar* unendedXmlTextOf(std::string_view text);
 
+// Every tag and every attribute goes through these, so they are inline.
+
 /// libxml2's text; empty for a null pointer.
-std::string_view viewOf(const xmlChar* text);
-std::string_view viewOf(const xmlChar* begin, const xmlChar* end);
+inline std::string_view viewOf(const xmlChar* text) {
+  return text == nullptr ? std::string_view()
+                         : std::string_view(reinterpret_cast<const char*>(text));
+}
+inline std::string_view viewOf(const xmlChar* begin, const xmlChar* end) {
+  return {reinterpret_cast<const char*>(begin), static_cast<std::size_t>(end - begin)};
+}
 
 /// Whether libxml2's text, which is not a null pointer, is `expected`.
-bool isSameText(const xmlChar* text, std::string_view expected);
+inline bool isSameText(const xmlChar* text, std::string_view expected) {
+  for (const char c : expected) {
+    if (c == '\0' || *text != static_cast<xmlChar>(c)) {
+      return false;
+    }
+    ++text;
+  }
+  return *text == '\0';
+}
 
 /// `prefix:local`, or `local` alone where there is no prefix.
 std::string qualifiedName(const xmlChar* prefix, const xmlChar* local);
