@@ -15,8 +15,8 @@
 #include "cli/text_list.h"
 #include "cli/text_table.h"
 #include "platform/file_system.h"
+#include "sidefiles/category_filing.h"
 #include "sidefiles/names.h"
-#include "workflow/driver/quor_book.h"
 
 namespace quorbind {
 
@@ -128,11 +128,11 @@ std::string fileBook(LibraryChange& change, const FileBookArguments& arguments) 
   const ListedBook& book = requireBookWithAcronym(books, arguments.acronym, change.library());
   requireCategories(change);
   requireCategoryNames(arguments.categories);
-  Quor_Book component(change.module());
   callComponent(change.wiring(), [&] {
-    for (const std::string& category : arguments.categories) {
-      component.AddCategoryNode(category, book.acronym, change.paths().bookCategories);
-    }
+    ProcessState& state = change.module().state;
+    state.currentCategoriesPath = change.paths().bookCategories;
+    state.currentBookAcro = book.acronym;
+    AddCategoryNodes(change.platform(), state, arguments.categories);
   });
   const Categories after = readCategories(change.platform(), change.paths().bookCategories);
   for (const std::string& category : arguments.categories) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <unordered_set>
 
 #include "cli/catalogue_reader.h"
 #include "cli/component_call.h"
@@ -19,6 +20,7 @@
 #include "platform/portable/visible_text.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
+#include "sidefiles/keyword_list.h"
 #include "sidefiles/keyword_rules.h"
 #include "workflow/driver/quor_book.h"
 
@@ -138,10 +140,13 @@ std::optional<std::string> find(LibraryChange& change,
 void requireInFile(LibraryChange& change,
                    const ListedBook& book,
                    const std::vector<std::string>& words) {
-  const auto keywords =
-      keywordsOf(readKeywords(change.platform(), change.paths().searchKeywords), book.name);
+  std::unordered_set<std::string> standing;
+  for (const std::string& keyword :
+       keywordsOf(readKeywords(change.platform(), change.paths().searchKeywords), book.name)) {
+    standing.insert(stored(change, keyword));
+  }
   for (const std::string& word : words) {
-    if (!find(change, keywords, word)) {
+    if (!standing.contains(stored(change, word))) {
       throw CommandFailure(ExitStatus::kInternal, "the keyword " + word + " is not in the file");
     }
   }
@@ -160,13 +165,13 @@ std::string addKeywords(LibraryChange& change, const AddKeywordsArguments& argum
   const ListedBook& book = requireBookNamed(books, arguments.book, change.library());
   requireKeywords(change.wiring(), words);
   requireKeywordsOf(change, book);
-  Quor_Book component(change.module());
-  for (const std::string& word : words) {
-    callComponent(change.wiring(), [&] {
-      component.AddKeywordsToXmlFile(
-          change.paths().searchKeywords, book.name, stored(change, word));
-    });
-  }
+  callComponent(change.wiring(), [&] {
+    KeywordAdditions additions(change.platform(), change.paths().searchKeywords, book.name);
+    for (const std::string& word : words) {
+      additions.add(stored(change, word));
+    }
+    additions.settle();
+  });
   requireInFile(change, book, words);
   return std::string(change.said("Added ", "Would add ")) +
          (words.size() == 1 ? "the keyword " : "the keywords ") + joined(words, ", ") + " to " +

@@ -6,9 +6,7 @@
 #include "platform/error_trap.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
-#include "sidefiles/keyword_file.h"
 #include "sidefiles/keyword_rules.h"
-#include "sidefiles/listed_changes.h"
 
 namespace quorbind {
 
@@ -18,10 +16,10 @@ class KeywordList {
  public:
   /// Kept by reference.
   KeywordList(const Platform& platform, const std::string& path, const std::string& book)
-      : platform_(platform), path_(path), book_(book), file_(platform, path, book) {}
+      : platform_(platform), additions_(platform, path, book) {}
 
   void add(const std::vector<std::string>& keywords) {
-    walkAndSettle([&] { walk(keywords); }, [this] { changes_.settle(); });
+    walkAndSettle([&] { walk(keywords); }, [this] { additions_.settle(); });
   }
 
  private:
@@ -40,16 +38,11 @@ class KeywordList {
     if (rules_ == nullptr) {
       rules_ = platform_.toolset.createXmlTextRules();
     }
-    const std::string stored = storedKeyword(*rules_, keyword);
-    changes_.make([&] { return file_.add(stored); },
-                  [this, &keyword] {
-                    const std::string again = storedKeyword(*rules_, keyword);
-                    AddKeywordsToXmlFile(platform_, path_, book_, again);
-                  });
+    additions_.add(storedKeyword(*rules_, keyword));
   }
 
   bool goesOnAfter(const KeywordFault& fault, const std::string& keyword) {
-    changes_.settle();
+    additions_.settle();
     if (fault.endsList) {
       platform_.ui.show(fault.box);
       return false;
@@ -59,14 +52,29 @@ class KeywordList {
   }
 
   const Platform& platform_;
-  const std::string& path_;
-  const std::string& book_;
-  KeywordFile file_;
-  ListedChanges changes_{file_, platform_.ui, source::kAddKeywordsToXmlFile};
+  KeywordAdditions additions_;
   std::unique_ptr<XmlTextRules> rules_;
 };
 
 }  // namespace
+
+KeywordAdditions::KeywordAdditions(const Platform& platform,
+                                   const std::string& path,
+                                   const std::string& book)
+    : platform_(platform),
+      path_(path),
+      book_(book),
+      file_(platform, path, book),
+      changes_(file_, platform.ui, source::kAddKeywordsToXmlFile) {}
+
+void KeywordAdditions::add(const std::string& keyword) {
+  changes_.make([&] { return file_.add(keyword); },
+                [this, keyword] { AddKeywordsToXmlFile(platform_, path_, book_, keyword); });
+}
+
+void KeywordAdditions::settle() {
+  changes_.settle();
+}
 
 void AddKeywords(const Platform& platform,
                  const ProcessState& state,

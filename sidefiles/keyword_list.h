@@ -5,8 +5,30 @@
 #include "component/process_state.h"
 #include "platform/platform.h"
 #include "platform/text_array.h"
+#include "sidefiles/keyword_file.h"
+#include "sidefiles/listed_changes.h"
 
 namespace quorbind {
+
+/// The keywords of one book that are added as a list: what AddKeywordsToXmlFile does with them one
+/// by one, with its boxes, in one reading and one writing of the file.
+class KeywordAdditions {
+ public:
+  /// All are kept by reference.
+  KeywordAdditions(const Platform& platform, const std::string& path, const std::string& book);
+
+  /// Adds the keyword as it is given.
+  void add(const std::string& keyword);
+  /// Brings the file up to what was added: at the end of the list, and before a box is shown.
+  void settle();
+
+ private:
+  const Platform& platform_;
+  const std::string& path_;
+  const std::string& book_;
+  KeywordFile file_;
+  ListedChanges changes_;
+};
 
 /// Adds the keywords of the current book that the user entered, all elements of the array, its
 /// first included; an array whose upper bound is below 1 adds none, one that was never set is an

@@ -11,7 +11,7 @@
 #include "platform/toolset.h"
 #include "resources/messages.h"
 #include "sidefiles/category_filing.h"
-#include "sidefiles/keyword_file.h"
+#include "sidefiles/keyword_list.h"
 #include "sidefiles/keyword_rules.h"
 #include "toc/book_place.h"
 #include "toc/excel_links.h"
@@ -282,18 +282,23 @@ void ExcelTocCheck::buildBook(const std::string& exportPath,
 /// A keyword that is refused is left out, and the next one follows.
 void ExcelTocCheck::recordKeywords(const std::string& list, const std::string& keywordsPath) {
   const auto rules = platform_.toolset.createXmlTextRules();
-  for (const std::string& piece : excelListOf(list)) {
-    const std::string_view keyword = trimBlanks(piece);
+  KeywordAdditions additions(platform_, keywordsPath, module_.state.currentBookName);
+  const auto record = [&](std::string_view keyword) {
     const auto fault = findKeywordFault(keyword);
     if (fault && fault->endsList) {
+      additions.settle();
       platform_.ui.show(fault->box);
     } else if (rules->CheckReplacedXMLCharacters(keyword, kKeywordsField)) {
-      AddKeywordsToXmlFile(platform_,
-                           keywordsPath,
-                           module_.state.currentBookName,
-                           rules->mstrReplaceSpecialCharecters(keyword));
+      additions.add(rules->mstrReplaceSpecialCharecters(keyword));
     }
-  }
+  };
+  walkAndSettle(
+      [&] {
+        for (const std::string& piece : excelListOf(list)) {
+          record(trimBlanks(piece));
+        }
+      },
+      [&] { additions.settle(); });
 }
 
 void ExcelTocCheck::recordCategories(const std::string& list) {

@@ -69,20 +69,23 @@ std::optional<FolderIndex::State> FolderIndex::stateOf(const std::string& folder
   return State{status.st_dev, status.st_ino, Time(modified)};
 }
 
-bool FolderIndex::isSettled(const State& state, Time now) {
+bool FolderIndex::isSettled(const State& state, Time now, std::chrono::nanoseconds sinceSeen) {
   const bool hasFractions = state.modified.time_since_epoch() % 1s != 0s;
-  return state.modified + (hasFractions ? kFineTick : kCoarseTick) < now;
+  const auto tick = hasFractions ? kFineTick : kCoarseTick;
+  return state.modified + tick < now || sinceSeen > tick;
 }
 
 const FolderListing* FolderIndex::list(const std::string& folder, const State& state) {
   const Time begun = std::chrono::system_clock::now();
+  const Moment begunAt = std::chrono::steady_clock::now();
   const auto names = listFolder(folder);
   if (!names) {
     return nullptr;
   }
   Entry& entry = entries_[folder];
   namesKept_ -= entry.names.size();
-  entry = Entry{state, isSettled(state, begun), {}};
+  const Moment seen = entry.state == state ? entry.seen : begunAt;
+  entry = Entry{state, seen, isSettled(state, begun, begunAt - seen), {}};
   for (const std::string& name : *names) {
     entry.names.add(name);
   }

@@ -10,9 +10,11 @@
 // or changes gives the folder a new modification time. That proves something only when the clock
 // moved on in between. A folder that was changed a moment before it was listed may be changed once
 // more within the same tick of its file system's clock, and nothing would show it. Therefore a
-// listing is kept only when the folder's time was older than the listing by more than such a tick;
-// a younger one serves the use it was made for, and the folder is listed again at the next. Who
-// puts a folder's time back after changing it is not noticed.
+// listing is kept only when the folder's time was older than the listing by more than such a tick,
+// or had been seen so long before, which is so also where the time lies ahead: a file server has a
+// clock of its own, and archives bring times along. A younger listing serves the use it was made
+// for, and the folder is listed again at the next. Who puts a folder's time back after changing it
+// is not noticed.
 //
 // Memory is bounded: when the names kept become too many, all folders but the one in use are
 // forgotten.
@@ -67,15 +69,19 @@ class FolderIndex {
     bool operator==(const State&) const = default;
   };
 
+  using Moment = std::chrono::steady_clock::time_point;
+
   struct Entry {
     State state;
+    /// When the state was seen first.
+    Moment seen;
     /// Whether the folder was at rest when it was listed, so that its state vouches for the names.
     bool settled = false;
     FolderListing names;
   };
 
   static std::optional<State> stateOf(const std::string& folder);
-  static bool isSettled(const State& state, Time now);
+  static bool isSettled(const State& state, Time now, std::chrono::nanoseconds sinceSeen);
   const FolderListing* list(const std::string& folder, const State& state);
   void forgetOthersWhenFull(const std::string& folder);
 

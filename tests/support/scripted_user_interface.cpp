@@ -49,6 +49,7 @@ void ScriptedUserInterface::show(const UserMessage& message) {
     line += "[" + *message.title + "] ";
   }
   record_.push_back(line + message.text);
+  look_();
 }
 
 void ScriptedUserInterface::showModal(ModalForm& form) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/form.h"
@@ -33,6 +34,8 @@ class ScriptedUserInterface final : public UserInterface {
   /// Adds a line of the test's own, to see where in the order something else happened.
   void note(std::string line) { record_.push_back(std::move(line)); }
   void forget();
+  /// What to look at while a message box is on the screen.
+  void atEachBox(std::function<void()> look) { look_ = std::move(look); }
   /// The next message box can't be shown: error 7.
   void failNextShow() { failNextShow_ = true; }
   /// The clipboard can't be reached: error 70.
@@ -50,6 +53,7 @@ class ScriptedUserInterface final : public UserInterface {
   std::vector<std::string> record_;
   std::vector<UserMessage> messages_;
   std::vector<std::string> captions_;
+  std::function<void()> look_ = [] {};
   bool failNextShow_ = false;
   bool clipboardIsLocked_ = false;
 };

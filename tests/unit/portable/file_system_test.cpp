@@ -22,6 +22,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -273,6 +274,18 @@ TEST_F(Index, DoesNotTrustTheTimeOfAFolderThatWasJustChanged) {
   addUnseen("book.xml");
 
   EXPECT_TRUE(finds("BOOK.XML"));
+}
+
+TEST_F(Index, TrustsATimeAheadOnceItHasBeenSeenForAWhile) {
+  constexpr auto kMoreThanATick = 150ms;
+  setFolderTime(fs::file_time_type::clock::now() + 1h);
+  EXPECT_FALSE(finds("BOOK.XML"));
+  std::this_thread::sleep_for(kMoreThanATick);
+  EXPECT_FALSE(finds("BOOK.XML"));
+
+  addUnseen("book.xml");
+
+  EXPECT_FALSE(finds("BOOK.XML"));
 }
 
 TEST_F(Index, ListsAFolderAgainWhenItsTimeHasChanged) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/excel_sheets.h"
+#include "tests/support/watched_xml.h"
 #include "tests/support/world.h"
 #include "toc/toc_check.h"
 
@@ -399,6 +400,37 @@ TEST_F(ExcelCheck, KeywordsAreRecordedForTheBookAndRefusedOnesLeftOut) {
                                    "\t\t\t<Keyword>valve</Keyword>\n"
                                    "\t\t</Keywords>\n"
                                    "\t</Book>\n"));
+}
+
+TEST_F(ExcelCheck, KeywordsOfABookAreReadOnceAndWrittenOnce) {
+  world_.disk.write("lib/Quor_SearchKeywords.xml", "<Books/>");
+  std::string list;
+  for (int i = 0; i < 100; ++i) {
+    list += "w" + std::to_string(i) + ";";
+  }
+  putWorkbook({{"1", "First", "a.htm"}}, {{"One", "ONE", list}});
+  const Platform& p = world_.platform();
+  WatchedXml xml(p.xml, p.files, "C:\\scratch.xml");
+  Module module({p.files, xml, p.ui, p.toolset, p.locale, p.spreadsheets});
+  module.state = world_.state();
+  TocCheck check(module);
+  EXPECT_TRUE(check.excel().mbValidateXLToc(kPath, TocCheck::kExcel, &run_));
+  EXPECT_EQ(xml.loadsOf("C:\\lib\\Quor_SearchKeywords.xml"), 1);
+  EXPECT_EQ(xml.savesOf("C:\\lib\\Quor_SearchKeywords.xml"), 1);
+  EXPECT_THAT(world_.disk.read("lib/Quor_SearchKeywords.xml"),
+              ::testing::HasSubstr("<Keyword>w99</Keyword>"));
+}
+
+TEST_F(ExcelCheck, KeywordsInFrontOfOneThatIsToldOfAreInTheFileByThen) {
+  world_.disk.write("lib/Quor_SearchKeywords.xml", "<Books/>");
+  for (const char* told : {"a##b", "two words"}) {
+    std::string found;
+    world_.user.atEachBox([&] { found = world_.disk.read("lib/Quor_SearchKeywords.xml"); });
+    putWorkbook({{"1", "First", "a.htm"}}, {{"One", "ONE", std::string("pump;") + told}});
+    TocCheck check(world_.module);
+    EXPECT_TRUE(check.excel().mbValidateXLToc(kPath, TocCheck::kExcel, &run_));
+    EXPECT_THAT(found, ::testing::HasSubstr("<Keyword>pump</Keyword>")) << told;
+  }
 }
 
 TEST_F(ExcelCheck, CategoriesAreTrimmedAndEmptyOnesLeftOut) {
