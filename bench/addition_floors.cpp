@@ -59,8 +59,8 @@ class Case {
     beginning = beginningOf(sample.world.disk.read(kGeneratedFile));
     require(isGenerated && writeBook() && isSame(kFloorBook, kGeneratedFile));
     if (sample.documents() == Documents::kMissing) {
-      require(exportPage(sample, kPage, sample.headings()) && writeExport() &&
-              isSame(kFloorExport, kExport));
+      require(exportPage(sample, kPage, sample.headings()) &&
+              writeExport(kPageFile, sample.headings()) && isSame(kFloorExport, kExport));
     }
   }
 
@@ -70,10 +70,10 @@ class Case {
         floorBookXml(path(kTocFile).c_str(), path(kFloorBook).c_str(), beginning.c_str()),
         sample.headings());
   }
-  [[nodiscard]] bool writeExport() const {
+  [[nodiscard]] bool writeExport(const char* page, std::size_t headings) const {
     return counted(
-        floorPage(path(kPageFile).c_str(), path(kFloorExport).c_str(), path(kTocFolder).c_str()),
-        sample.headings());
+        floorPage(path(page).c_str(), path(kFloorExport).c_str(), path(kTocFolder).c_str()),
+        headings);
   }
 
   Sample& sample;
@@ -107,7 +107,11 @@ bool floorOfLookUps(Case& data) {
 }
 
 bool floorOfPage(Case& data) {
-  return data.writeExport();
+  return data.writeExport(kPageFile, data.sample.headings());
+}
+
+bool floorOfPageOfLikeEnds(Case& data) {
+  return data.writeExport(kPageOfLikeEndsFile, data.sample.headings());
 }
 
 bool floorOfBookFile(Case& data) {
@@ -148,6 +152,7 @@ constexpr std::array kParts{
     Part{"floor/look-ups/missing", Documents::kMissing, floorOfLookUps},
     Part{"floor/look-ups/standing", Documents::kStanding, floorOfLookUps},
     Part{"floor/page", Documents::kMissing, floorOfPage},
+    Part{"floor/page-of-like-ends", Documents::kMissing, floorOfPageOfLikeEnds},
     Part{"floor/book-file", Documents::kMissing, floorOfBookFile},
     Part{"floor/book-xml", Documents::kMissing, floorOfBookXml},
     Part{"floor/copy", Documents::kMissing, floorOfCopy},

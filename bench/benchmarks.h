@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace quorbind::bench {
 
@@ -21,6 +22,12 @@ struct Work {
   std::function<bool()> run;
   /// Looks closer. Not measured.
   std::function<bool()> check = [] { return true; };
+  /// Whether the files are as the work leaves them, which they are not before. Not measured;
+  /// nothing where a work leaves none behind that are told from those before.
+  std::function<bool()> hasChanged = nullptr;
+
+  /// Whether the work, which has run, has left what it should.
+  [[nodiscard]] bool isSeen() const { return check() && (!hasChanged || hasChanged()); }
 };
 
 /// Has `work` measured as `name/size`. Nothing of it is called before the measuring begins, so
@@ -62,6 +69,8 @@ struct Operation {
   void (*reset)(Sample&) = [](Sample& sample) { sample.reset(); };
   /// What is to be seen behind it.
   bool (*check)(const Sample&) = [](const Sample& sample) { return sample.isQuiet(); };
+  /// As in Work.
+  bool (*hasChanged)(const Sample&) = nullptr;
 };
 
 template <typename Sample, typename Operations, typename Sizes>
@@ -71,11 +80,13 @@ void registerOperations(const std::shared_ptr<MadeOnce<Sample>>& samples,
   for (const Operation<Sample> operation : operations) {
     for (const std::size_t size : sizes) {
       const auto sample = [samples, size]() -> Sample& { return samples->at(size); };
-      registerWork(operation.name,
-                   size,
-                   {.reset = [sample, operation] { operation.reset(sample()); },
-                    .run = [sample, operation] { return operation.run(sample()); },
-                    .check = [sample, operation] { return operation.check(sample()); }});
+      Work work{.reset = [sample, operation] { operation.reset(sample()); },
+                .run = [sample, operation] { return operation.run(sample()); },
+                .check = [sample, operation] { return operation.check(sample()); }};
+      if (operation.hasChanged != nullptr) {
+        work.hasChanged = [sample, operation] { return operation.hasChanged(sample()); };
+      }
+      registerWork(operation.name, size, std::move(work));
     }
   }
 }

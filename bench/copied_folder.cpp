@@ -49,7 +49,8 @@ bool CopiedFolder::takeOver() {
 }
 
 bool CopiedFolder::areCopied() const {
-  return static_cast<std::size_t>(std::distance(fs::directory_iterator(target()), {})) == files_;
+  return fs::exists(target()) &&
+         static_cast<std::size_t>(std::distance(fs::directory_iterator(target()), {})) == files_;
 }
 
 fs::path CopiedFolder::source() const {

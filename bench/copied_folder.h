@@ -21,6 +21,7 @@ class CopiedFolder {
   /// As an existing book file does, which hands its documents over one by one.
   bool takeOver();
   [[nodiscard]] bool areCopied() const;
+  [[nodiscard]] bool isQuiet() const { return world_.user.messages().empty(); }
 
   /// With the book file.
   [[nodiscard]] std::size_t files() const { return files_; }

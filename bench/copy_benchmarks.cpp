@@ -17,7 +17,7 @@ void registerCopies(const char* name,
                      std::array{Operation<Folder>{
                          .name = name,
                          .run = run,
-                         .check = [](const Folder& folder) { return folder.areCopied(); }}},
+                         .hasChanged = [](const Folder& folder) { return folder.areCopied(); }}},
                      kSizes);
 }
 

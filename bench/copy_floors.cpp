@@ -20,7 +20,7 @@ void registerCopies(const char* name, const std::shared_ptr<MadeOnce<Folder>>& f
                      std::array{Operation<Folder>{
                          .name = name,
                          .run = [](Folder& folder) { return copyOnFloor(folder); },
-                         .check = [](const Folder& folder) { return folder.areCopied(); }}},
+                         .hasChanged = [](const Folder& folder) { return folder.areCopied(); }}},
                      kSizes);
 }
 

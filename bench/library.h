@@ -31,6 +31,9 @@ class Library {
     return systemPathOf(world, name);
   }
   [[nodiscard]] bool isQuiet() const { return world.user.messages().empty(); }
+  [[nodiscard]] bool catalogueSays(std::string_view text) const {
+    return fileSays(world, kLibraryCatalogueFile, text);
+  }
 
   const std::size_t books;
   testing::World world;

@@ -5,6 +5,8 @@
 
 #include "bench/benchmarks.h"
 #include "bench/store.h"
+#include "bookxml/names.h"
+#include "catalogue/names.h"
 
 namespace quorbind::bench {
 
@@ -12,6 +14,7 @@ namespace {
 
 constexpr const char* kNewName = "Renamed";
 constexpr const char* kNewAcronym = "REN";
+constexpr const char* kNewCategory = "New";
 
 bool bookInfo(Library& library) {
   return library.config.BookInfo(kLibraryCatalogue).size() == library.books + 1;
@@ -47,6 +50,11 @@ bool checkForBook(Library& library) {
          library.isQuiet();
 }
 
+/// How a catalogue states a book's link.
+std::string linkedTo(const std::string& link) {
+  return std::string(catalogue_names::kKeyId).append("=\"").append(link).append("\"");
+}
+
 /// Both are known, so that the dialog stays away.
 bool askForBook(Library& library) {
   library.world.state().currentBookName = kNewName;
@@ -80,7 +88,7 @@ bool deleteBook(Library& library) {
 bool setProperties(Library& library) {
   return library.config.mbsetQuorBookProperties(kLibraryCatalogue,
                                                 library.lastName(),
-                                                {{nameOfCategory(7), ""}, 0},
+                                                {{kNewCategory, ""}, 0},
                                                 acronymOfBook(library.lastBook()),
                                                 kLink) &&
          library.isQuiet();
@@ -103,7 +111,42 @@ bool mergeBooks(Library& library) {
   return library.isQuiet();
 }
 
+// What the changes leave.
+
+bool isRenamed(const Library& library) {
+  using namespace catalogue_names;
+  return library.catalogueSays(element(kName, kNewName)) &&
+         !library.catalogueSays(element(kName, library.lastName()));
+}
+
+bool isRenamedInBookFile(const Library& library) {
+  return fileSays(library.world, kLargeBookFile, element(book_names::kName, kNewName));
+}
+
+bool isDeleted(const Library& library) {
+  using namespace catalogue_names;
+  return library.catalogueSays(element(kName, nameOfBook(0))) &&
+         !library.catalogueSays(element(kName, library.lastName()));
+}
+
+bool hasProperties(const Library& library) {
+  return library.catalogueSays(element(catalogue_names::kCategory, kNewCategory)) &&
+         fileSays(library.world, fileOfBook(library.lastBook()), linkedTo(kLink));
+}
+
+bool isInstalled(const Library& library) {
+  return library.catalogueSays(element(catalogue_names::kName, kNewName)) &&
+         library.world.disk.has(std::string(kLibraryFolder) + kNewAcronym + "/" + kDocumentFile);
+}
+
+/// All books have the link of the other catalogue.
+bool isMerged(const Library& library) {
+  return library.catalogueSays(linkedTo(kLink)) && !library.catalogueSays(linkedTo(""));
+}
+
 using LibraryOperation = Operation<Library>;
+constexpr auto reset = [](Library& library) { library.reset(); };
+constexpr auto isQuiet = [](const Library& library) { return library.isQuiet(); };
 constexpr std::array kOperations{
     LibraryOperation{"component/library/BookInfo", bookInfo},
     LibraryOperation{"component/library/CategorieInfo", categorieInfo},
@@ -113,14 +156,19 @@ constexpr std::array kOperations{
     LibraryOperation{"component/library/QuorLocation", quorLocation},
     LibraryOperation{"component/library/mbCheckQuorTOCForBook", checkForBook},
     LibraryOperation{"component/library/mbGetFormInput", askForBook},
-    LibraryOperation{"component/library/strBookAcroInfo", renameBook},
+    LibraryOperation{"component/library/strBookAcroInfo", renameBook, reset, isQuiet, isRenamed},
     LibraryOperation{"component/library/UpdateBookNameAcro",
                      renameInBookFile,
-                     [](Library& library) { library.resetLargeBook(); }},
-    LibraryOperation{"component/library/DeleteQuorNode", deleteBook},
-    LibraryOperation{"component/library/mbsetQuorBookProperties", setProperties},
-    LibraryOperation{"component/library/CreateQuorBookNodeForSEntry", installBook},
-    LibraryOperation{"component/library/strMatchingBooksInfo", mergeBooks},
+                     [](Library& library) { library.resetLargeBook(); },
+                     isQuiet,
+                     isRenamedInBookFile},
+    LibraryOperation{"component/library/DeleteQuorNode", deleteBook, reset, isQuiet, isDeleted},
+    LibraryOperation{
+        "component/library/mbsetQuorBookProperties", setProperties, reset, isQuiet, hasProperties},
+    LibraryOperation{
+        "component/library/CreateQuorBookNodeForSEntry", installBook, reset, isQuiet, isInstalled},
+    LibraryOperation{
+        "component/library/strMatchingBooksInfo", mergeBooks, reset, isQuiet, isMerged},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "bookxml/names.h"
 #include "catalogue/names.h"
+#include "platform/text.h"
 #include "platform/xml_writer.h"
 #include "sidefiles/names.h"
 #include "toc/text_form.h"
@@ -145,11 +146,11 @@ std::string bookFileOf(std::size_t headings) {
   return bookXmlOf(/*book=*/0, headings);
 }
 
-std::string categoriesFileOf(std::size_t books) {
+std::string categoriesFileOf(std::size_t categories, std::size_t books) {
   using namespace category_names;
   return fileWith([&](XmlWriter& writer) {
     writer.startElement(kSet);
-    for (std::size_t category = 0; category < kCategoryCount; ++category) {
+    for (std::size_t category = 0; category < categories; ++category) {
       writer.startElement(kCategory);
       writer.textElement(kName, nameOfCategory(category));
       for (std::size_t book = 0; book < books; ++book) {
@@ -210,6 +211,16 @@ std::string exportWithIdentifiers(std::size_t identifiers) {
     text += text_form::lineOf({.level = 1, .name = name, .bookLinkValue = link}) + "\r\n";
   }
   return testing::utf16File(text);
+}
+
+bool fileSays(const testing::World& world, std::string_view name, std::string_view text) {
+  constexpr std::size_t kMarkSize = 2;
+  return contains(world.disk.read(name), testing::utf16File(text).substr(kMarkSize));
+}
+
+std::string element(std::string_view name, std::string_view text) {
+  return std::string("<").append(name).append(">").append(text).append("</").append(name).append(
+      ">");
 }
 
 std::string systemPathOf(const testing::World& world, std::string_view name) {

@@ -29,6 +29,9 @@ inline constexpr const char* kCategoriesPath = R"(C:\Docs\Plant\Quor_BookCategor
 inline constexpr const char* kKeywordsFile = "Docs/Plant/Quor_SearchKeywords.xml";
 inline constexpr const char* kKeywordsPath = R"(C:\Docs\Plant\Quor_SearchKeywords.xml)";
 inline constexpr const char* kLinksFile = "Docs/Plant/Quor_LinkID.xml";
+inline constexpr const char* kOtherLinksFile = "Docs/Other/Quor_LinkID.xml";
+/// Where a book of that other library lies.
+inline constexpr const char* kOtherBookFolder = R"(C:\Docs\Other\B0)";
 inline constexpr const char* kDocumentFile = "guide.pdf";
 inline constexpr const char* kDocument = R"(C:\guide.pdf)";
 inline constexpr const char* kLinksPath = R"(C:\Docs\Plant\Quor_LinkID.xml)";
@@ -53,11 +56,17 @@ std::string contentOfBook(std::size_t book);
 std::string bookFileOf(std::size_t headings);
 /// So many categories for a new library.
 std::string defaultCategoriesOf(std::size_t categories);
-std::string categoriesFileOf(std::size_t books);
+/// So many categories with as many books in each, and the one for books without any.
+std::string categoriesFileOf(std::size_t categories, std::size_t books);
 std::string keywordsFileOf(std::size_t keywords);
 std::string linksFileOf(std::size_t identifiers);
 /// The export of a table of contents, every entry of which has a link identifier.
 std::string exportWithIdentifiers(std::size_t identifiers);
+
+/// Whether a file of a world's disk, in UTF-16, has that text in it.
+bool fileSays(const testing::World& world, std::string_view name, std::string_view text);
+/// An element that holds nothing but text, as it stands in a file.
+std::string element(std::string_view name, std::string_view text);
 
 /// A file of a world's disk, by the system's path.
 std::string systemPathOf(const testing::World& world, std::string_view name);

@@ -17,7 +17,7 @@ void measure(benchmark::State& state, const Work& work) {
     state.ResumeTiming();
     const bool isDone = work.run();
     state.PauseTiming();
-    if (!isDone || !work.check()) {
+    if (!isDone || !work.isSeen()) {
       state.SkipWithError("the work was not done");
       break;
     }

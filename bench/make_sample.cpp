@@ -1,9 +1,10 @@
 // Writes what a whole run of the command begins with.
 //
-//   quorbind_bench_sample text|html|xlsx|xls|export|catalogue SIZE FILE
+//   quorbind_bench_sample text|html|xlsx|xls|export|small-books|small-export|catalogue SIZE FILE
 //   quorbind_bench_sample documents SIZE FOLDER
 //
-// An export is that of the first book of a workbook, whatever the size. The documents of a text's
+// An export is that of the first book of a workbook, whatever the size. Small books are those of a
+// workbook in XML, and the size is their number. The documents of a text's
 // headings come into a folder that is there; that of its first entry, which is the book itself, is
 // never copied and left out.
 
@@ -22,9 +23,12 @@ namespace quorbind::bench {
 
 namespace {
 
-std::string workbookOf(testing::WorkbookKind kind, std::size_t rows) {
-  return testing::workbookBytes(
-      kind, {testing::headingSheet(headingRows(rows)), testing::bookSheet(bookRows(rows))});
+std::string workbookOf(testing::WorkbookKind kind,
+                       std::size_t rows,
+                       std::size_t rowsOfABook = kRowsOfABook) {
+  return testing::workbookBytes(kind,
+                                {testing::headingSheet(headingRows(rows, rowsOfABook)),
+                                 testing::bookSheet(bookRows(rows, rowsOfABook))});
 }
 
 /// False when there is no such kind.
@@ -38,7 +42,11 @@ bool write(std::string_view kind, std::size_t size, std::ostream& out) {
   } else if (kind == "xls") {
     out << workbookOf(testing::WorkbookKind::kXls, size);
   } else if (kind == "export") {
-    out << workbookExport();
+    out << workbookExport(kRowsOfABook);
+  } else if (kind == "small-books") {
+    out << workbookOf(testing::WorkbookKind::kXlsx, size * kRowsOfASmallBook, kRowsOfASmallBook);
+  } else if (kind == "small-export") {
+    out << workbookExport(kRowsOfASmallBook);
   } else if (kind == "catalogue") {
     out << catalogueOf(size, kCategoriesOfBook, "");
   } else {
@@ -73,8 +81,8 @@ bool make(std::string_view kind, std::size_t size, const std::string& place) {
 int main(int argc, char** argv) {
   const std::size_t size = argc == 4 ? std::strtoul(argv[2], nullptr, 10) : 0;
   if (size == 0) {
-    std::cerr << "usage: quorbind_bench_sample text|html|xlsx|xls|export|catalogue|documents SIZE "
-                 "PLACE\n";
+    std::cerr << "usage: quorbind_bench_sample text|html|xlsx|xls|export|small-books|small-export|"
+                 "catalogue|documents SIZE PLACE\n";
     return 2;
   }
   return quorbind::bench::make(argv[1], size, argv[3]) ? 0 : 1;

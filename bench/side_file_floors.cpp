@@ -22,6 +22,10 @@ bool saveLinks(SideFiles& files) {
   return counted(floorLoadAndSave(files.systemPath(kLinksFile).c_str()), files.entries);
 }
 
+bool saveBookCategories(SideFiles& files) {
+  return counted(floorLoadAndSave(files.systemPath(kCategoriesFile).c_str()), files.entries + 1);
+}
+
 bool saveCategories(Categories& categories) {
   // With the one for books without any.
   return counted(floorLoadAndSave(categories.systemPath(kCategoriesFile).c_str()),
@@ -67,6 +71,7 @@ using FileFloor = Operation<SideFiles>;
 constexpr std::array kFileFloors{
     FileFloor{"floor/keywords", saveKeywords},
     FileFloor{"floor/links", saveLinks},
+    FileFloor{"floor/book-categories", saveBookCategories},
     FileFloor{"floor/defaults/save", saveDefaults},
     FileFloor{"floor/defaults/query", findDefault},
 };

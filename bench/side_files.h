@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "bench/library_sample.h"
+#include "bench/sheets_in_memory.h"
 #include "catalogue/book_config.h"
 #include "platform/text_array.h"
 #include "tests/support/world.h"
@@ -12,8 +14,9 @@
 
 namespace quorbind::bench {
 
-/// A library's side files with so many keywords, link identifiers and default categories, and the
-/// export of a table of contents with as many identifiers.
+/// A library's side files with so many keywords and link identifiers of one book, which is in as
+/// many categories; with as many default categories; with another library's identifiers; and with
+/// tables of contents that have as many identifiers, or as many keywords.
 class SideFiles {
  public:
   explicit SideFiles(std::size_t entryCount);
@@ -32,10 +35,18 @@ class SideFiles {
   }
   [[nodiscard]] bool hasAllKeywords() const { return isFilled(keywords_); }
   [[nodiscard]] bool hasAllLinks() const { return isFilled(links_); }
+  [[nodiscard]] bool isInAllCategories() const { return isFilled(categories_); }
+  [[nodiscard]] bool says(std::string_view file, std::string_view text) const {
+    return fileSays(world, file, text);
+  }
+  /// The names of all categories.
+  [[nodiscard]] const std::vector<std::string>& categories() const { return categoryNames_; }
 
   const std::size_t entries;
   testing::World world;
   Book_Config config{world.module};
+  /// A workbook with an identifier in every row.
+  SheetsInMemory links;
 
  private:
   struct File {
@@ -51,12 +62,17 @@ class SideFiles {
 
   const File keywords_;
   const File links_;
+  const File categories_;
   TextArray words_;
+  std::vector<std::string> categoryNames_;
 };
 
 // Names on the disk, as the system has them, and as the component is told them.
 inline constexpr const char* kExportFile = "toc_Temp.txt";
 inline constexpr const char* kExport = R"(C:\toc_Temp.txt)";
+/// A workbook of one book, whose keywords stand in the list of books.
+inline constexpr const char* kKeywordsWorkbookFile = "keywords.xls";
+inline constexpr const char* kKeywordsWorkbook = R"(C:\keywords.xls)";
 
 /// A library all of whose books are in every category.
 class Categories {
@@ -66,11 +82,16 @@ class Categories {
   void reset() { write(filled_); }
   /// As reset, but no book is filed anywhere.
   void empty() { write(empty_); }
+  /// As reset, but with a line end more, which is gone once the component has saved the file.
+  void wear() { write(worn_); }
 
   /// The acronyms of all books, behind an empty one.
   [[nodiscard]] const TextArray& acronyms() const { return acronyms_; }
   [[nodiscard]] bool isQuiet() const { return world.user.messages().empty(); }
   [[nodiscard]] bool isFilled() const { return world.disk.read(kCategoriesFile) == filled_; }
+  [[nodiscard]] bool says(std::string_view text) const {
+    return fileSays(world, kCategoriesFile, text);
+  }
   [[nodiscard]] std::string systemPath(std::string_view name) const {
     return systemPathOf(world, name);
   }
@@ -85,6 +106,7 @@ class Categories {
 
   const std::string filled_;
   const std::string empty_;
+  const std::string worn_;
   TextArray acronyms_{{""}, 0};
 };
 

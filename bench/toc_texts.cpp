@@ -84,34 +84,34 @@ void writePageOfTags(std::ostream& out, std::size_t entries) {
   out << "</A></K1>\r\n";
 }
 
-std::string documentOfRow(std::size_t row) {
+std::string documentOfRow(std::size_t row, std::size_t rowsOfABook) {
   const std::string document = documentOf(row);
-  return row % kRowsOfABook == 0 ? kBookFolder + ("\\" + document) : document;
+  return row % rowsOfABook == 0 ? kBookFolder + ("\\" + document) : document;
 }
 
-std::vector<testing::HeadingRow> headingRows(std::size_t rows) {
+std::vector<testing::HeadingRow> headingRows(std::size_t rows, std::size_t rowsOfABook) {
   std::vector<testing::HeadingRow> list;
   for (std::size_t row = 0; row < rows; ++row) {
-    const std::size_t inBook = row % kRowsOfABook;
+    const std::size_t inBook = row % rowsOfABook;
     list.push_back({inBook == 0 ? "1" : std::to_string(2 + (inBook - 1) % 3),
                     "Heading number " + std::to_string(row),
-                    documentOfRow(row)});
+                    documentOfRow(row, rowsOfABook)});
   }
   return list;
 }
 
-std::string workbookExport() {
+std::string workbookExport(std::size_t rowsOfABook) {
   std::string text = "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"\r\n\r\n";
-  for (const testing::HeadingRow& row : headingRows(kRowsOfABook)) {
+  for (const testing::HeadingRow& row : headingRows(rowsOfABook, rowsOfABook)) {
     const text_form::Entry entry{.level = std::stoi(row.level), .name = row.name, .file = row.file};
     text += text_form::lineOf(entry) + "\r\n";
   }
   return testing::utf16File(text);
 }
 
-std::vector<testing::BookRow> bookRows(std::size_t rows) {
+std::vector<testing::BookRow> bookRows(std::size_t rows, std::size_t rowsOfABook) {
   std::vector<testing::BookRow> list;
-  for (std::size_t book = 0; book * kRowsOfABook < rows; ++book) {
+  for (std::size_t book = 0; book * rowsOfABook < rows; ++book) {
     list.push_back({"Bench " + std::to_string(book), "BEN" + std::to_string(book)});
   }
   return list;

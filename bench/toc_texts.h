@@ -17,8 +17,9 @@ namespace quorbind::bench {
 inline constexpr const char* kBookFolder = "Manual";
 /// In bytes, as long as short pages are.
 inline constexpr std::size_t kDocumentSize = 2'000;
-/// How many headings a book of a workbook has.
+/// How many headings a book of a workbook has, and one of a workbook with very many books.
 inline constexpr std::size_t kRowsOfABook = 1'000;
+inline constexpr std::size_t kRowsOfASmallBook = 2;
 
 /// The document of the entry that is the `index`-th from 0, without its folder.
 std::string documentOf(std::size_t index);
@@ -35,12 +36,13 @@ void writePageOfLikeEnds(std::ostream& out, std::size_t entries);
 /// bracket on.
 void writePageOfTags(std::ostream& out, std::size_t entries);
 
-/// The rows of a workbook's headings, in books of kRowsOfABook, and of its list of books.
-std::vector<testing::HeadingRow> headingRows(std::size_t rows);
-std::vector<testing::BookRow> bookRows(std::size_t rows);
+/// The rows of a workbook's headings, and of its list of books.
+std::vector<testing::HeadingRow> headingRows(std::size_t rows,
+                                             std::size_t rowsOfABook = kRowsOfABook);
+std::vector<testing::BookRow> bookRows(std::size_t rows, std::size_t rowsOfABook = kRowsOfABook);
 /// The export of the first of these books, in UTF-16.
-std::string workbookExport();
+std::string workbookExport(std::size_t rowsOfABook);
 /// The document of a row: in the first of a book with the book's folder.
-std::string documentOfRow(std::size_t row);
+std::string documentOfRow(std::size_t row, std::size_t rowsOfABook = kRowsOfABook);
 
 }  // namespace quorbind::bench

@@ -27,12 +27,15 @@ constexpr std::array kSteps{
     WorkbookStep{"component/read/xlsx", WorkbookKind::kXlsx, Documents::kMissing, read},
     WorkbookStep{"component/read/xls", WorkbookKind::kXls, Documents::kMissing, read},
     WorkbookStep{"component/count/xlsx", WorkbookKind::kXlsx, Documents::kMissing, countBooks},
+    WorkbookStep{"component/count/xls", WorkbookKind::kXls, Documents::kMissing, countBooks},
     WorkbookStep{
         "component/check/xlsx/missing", WorkbookKind::kXlsx, Documents::kMissing, checkAndExport},
     WorkbookStep{
         "component/check/xlsx/standing", WorkbookKind::kXlsx, Documents::kStanding, checkAndExport},
     WorkbookStep{
         "component/check/xls/missing", WorkbookKind::kXls, Documents::kMissing, checkAndExport},
+    WorkbookStep{
+        "component/check/xls/standing", WorkbookKind::kXls, Documents::kStanding, checkAndExport},
 };
 
 }  // namespace

@@ -58,12 +58,15 @@ DOCUMENT = Bound("listing and changing a catalogue of 100,000 books take at most
                  "memory of its parsed document", 1.2)
 START = Bound("`quorbind --version` takes at most 3 ms more than an empty program", 3)
 
-# Below, opening and replacing files is most of what is measured.
+# Below, opening and replacing files is most of what is measured. Growth is judged from a size that
+# is as large to the next.
 BOUNDS_FROM = 3_000
 
 SIZES = (1_000, 10_000, 100_000)
 WORKBOOK_SIZES = (3_000, 30_000)
 TEXT_SIZES = (*SIZES, 1_000_000)
+# Of workbooks with many books.
+BOOK_COUNTS = (100, 300, 1_000)
 
 
 # Under Wine, where every file takes its time.
@@ -76,10 +79,18 @@ class Added(NamedTuple):
     sizes: tuple
     # Whether its documents are there, and copied.
     documents: bool = False
+    # Whether it is a workbook whose size is the number of its books, each of two rows.
+    small_books: bool = False
 
     @property
     def name(self):
-        return self.kind + ("/documents" if self.documents else "")
+        return (self.kind + ("/documents" if self.documents else "")
+                + ("/small-books" if self.small_books else ""))
+
+    @property
+    def title(self):
+        return (f"`quorbind add`, {self.kind}" + (" with documents" if self.documents else "")
+                + (", books of two rows" if self.small_books else ""))
 
 
 ADDITIONS = (
@@ -90,10 +101,12 @@ ADDITIONS = (
     Added("xml", SIZES, documents=True),
     Added("xlsx", WORKBOOK_SIZES),
     Added("xls", WORKBOOK_SIZES),
+    Added("xlsx", BOOK_COUNTS, small_books=True),
 )
 
 AFTER_CHECK = ("book-xml", "copy", "scan", "heading-look-ups", "catalogue")
-FLOOR_PARTS = ("rules", "look-ups/missing", "look-ups/standing", "page", "book-file") + AFTER_CHECK
+FLOOR_PARTS = ("rules", "look-ups/missing", "look-ups/standing", "page", "page-of-like-ends",
+               "book-file") + AFTER_CHECK
 
 
 def row(name, measured, floor=(), bound=None):
@@ -106,7 +119,7 @@ STAGES = Table("stages", "stage", "entries", SIZES, (
     row("check of a text, documents standing", "check/standing", ("rules", "look-ups/standing"),
         "text check"),
     row("check and export of a page", "page", ("page",), "page"),
-    row("the same, headings that end alike", "page-of-like-ends"),
+    row("the same, headings that end alike", "page-of-like-ends", ("page-of-like-ends",), "page"),
     row("the same, a title of tags that end alike", "page-of-tags"),
     row("check of a book file", "book-file", ("book-file",), "book file"),
     row("generate", "generate", ("book-xml",), "generate"),
@@ -120,12 +133,15 @@ WORKBOOKS = Table("workbooks", "stage", "rows", WORKBOOK_SIZES, (
     row("read, `.xlsx`", "read/xlsx", ("unpack-and-parse",), "workbook"),
     row("read, `.xls`", "read/xls", ("cells",)),
     row("`getExcelBookCount`, `.xlsx`", "count/xlsx", ("unpack-and-parse",), "workbook"),
+    row("`getExcelBookCount`, `.xls`", "count/xls", ("cells",)),
     row("check and export, documents missing, `.xlsx`", "check/xlsx/missing",
         ("unpack-and-parse", "workbook-look-ups/missing", "exports"), "workbook"),
     row("check and export, documents standing, `.xlsx`", "check/xlsx/standing",
         ("unpack-and-parse", "workbook-look-ups/standing", "exports"), "workbook"),
     row("check and export, documents missing, `.xls`", "check/xls/missing",
         ("cells", "workbook-look-ups/missing", "exports"), "workbook"),
+    row("check and export, documents standing, `.xls`", "check/xls/standing",
+        ("cells", "workbook-look-ups/standing", "exports"), "workbook"),
 ))
 
 COPIES = Table("copies", "copy", "documents", SIZES, (
@@ -159,10 +175,14 @@ def side_file(place, operation, floor, bound=None):
 
 SIDE_FILES = Table("side-files", "operation", "entries", SIZES, (
     side_file("keywords", "AddKeywords", ("keywords",), "list"),
+    row("keywords of a workbook", "keywords/workbook", ("keywords",), "list"),
     side_file("keywords", "AddKeywordsToXmlFile", ("keywords",), "change"),
     side_file("keywords", "EditKeywordsToXmlFile", ("keywords",), "change"),
     side_file("links", "GenerateBookLinkID", ("links",), "list"),
+    side_file("links", "UpdateQuorLinkIDFile", ("links",), "list"),
+    side_file("links", "AddLinkIDInfo", ("links",), "list"),
     side_file("links", "AddToLinkIDFile", ("links",), "change"),
+    side_file("book-categories", "AddCategoryNodes", ("book-categories",), "list"),
     side_file("defaults", "CreateBookCateXmlFile", ("defaults/save",), "change"),
     side_file("defaults", "bCheckIfDefaultCategory", ("defaults/query",), "query"),
     side_file("categories", "bCheckCategoryinQuorBookCategories", ("categories/load",), "query"),
@@ -182,8 +202,7 @@ SIDE_FILES = Table("side-files", "operation", "entries", SIZES, (
 
 
 def process_table(added):
-    return Row(f"`quorbind add`, {added.kind}" + (" with documents" if added.documents else ""),
-               "command/add/" + added.name, ("process/add/" + added.name,),
+    return Row(added.title, "command/add/" + added.name, ("process/add/" + added.name,),
                "add" if added.name == "text" else None), added.sizes
 
 
@@ -195,7 +214,8 @@ STREAMED_RUNS = (("`quorbind check`", "command/check/text"),
                  ("`quorbind check --json`", "command/check/text/json"),
                  ("`quorbind add`", "command/add/text"))
 LARGEST_TEXT = TEXT_SIZES[-1]
-DOCUMENT_RUNS = (("`quorbind books`", "command/books"), ("`quorbind delete`", "command/delete"))
+DOCUMENT_RUNS = (("`quorbind books`", "command/books"), ("`quorbind rename`", "command/rename"),
+                 ("`quorbind delete`", "command/delete"))
 START_RUN, EMPTY_RUN = "command/version", "process/empty"
 
 
@@ -234,9 +254,9 @@ class Measured(NamedTuple):
     floor: Optional[Time]
     ratio: Optional[float]
     # From the size before; none at the smallest.
-    growth: Optional[float]
-    floor_growth: Optional[float]
-    is_largest: bool
+    growth: Optional[float] = None
+    floor_growth: Optional[float] = None
+    size_before: Optional[int] = None
 
     @property
     def is_over_ratio(self):
@@ -249,8 +269,21 @@ class Measured(NamedTuple):
         return self.growth - (1 if self.floor_growth is None else self.floor_growth)
 
     @property
+    def has_growth_bound(self):
+        return self.size_before is not None and self.size_before >= BOUNDS_FROM
+
+    @property
     def is_over_growth(self):
-        return self.is_largest and self.growth is not None and self.excess_growth > GROWTH.limit
+        return self.has_growth_bound and self.excess_growth > GROWTH.limit
+
+
+def grown(before, now):
+    """What was measured at a size, with its growth from the size before."""
+    def growth(small, large):
+        return exponent(before.size, small.processor, now.size, large.processor)
+    return now._replace(growth=growth(before.ours, now.ours),
+                        floor_growth=growth(before.floor, now.floor) if now.floor else None,
+                        size_before=before.size)
 
 
 def measured_rows(figures, rows, sizes):
@@ -259,16 +292,12 @@ def measured_rows(figures, rows, sizes):
         for size in sizes:
             ours = figures[each.measured, size]
             floor = floor_of(figures, each.floor, size)
-            growth = floor_growth = None
+            now = Measured(each, size, ours, floor,
+                           ours.processor / floor.processor if floor else None)
             if before:
-                growth = exponent(before.size, before.ours.processor, size, ours.processor)
-                if floor:
-                    floor_growth = exponent(before.size, before.floor.processor, size,
-                                            floor.processor)
-            before = Measured(each, size, ours, floor,
-                              ours.processor / floor.processor if floor else None,
-                              growth, floor_growth, size == sizes[-1])
-            yield before
+                now = grown(before, now)
+            yield now
+            before = now
 
 
 def milliseconds(value):
@@ -340,6 +369,11 @@ def windows_works():
 def needed_windows_figures():
     for each, *sizes in windows_works():
         yield from ((each.measured, size) for size in sizes)
+
+
+def windows_texts(figures, taken):
+    """Every table of the Windows build by the name that it has in docs/performance.md."""
+    return {"windows circumstances": taken, "windows": windows_text(figures)}
 
 
 def windows_text(figures):
@@ -434,11 +468,11 @@ def kept_ratio(figures, name):
 
 
 def kept_growth(figures):
-    rows = [each for each in all_measured(figures)
-            if each.is_largest and each.growth is not None]
+    rows = [each for each in all_measured(figures) if each.has_growth_bound]
     excesses = [each.excess_growth for each in rows]
     return Kept(GROWTH, f"{min(excesses):+.2f} to {max(excesses):+.2f}",
-                tuple(f"{each.row.name}: grows with the power {each.growth:.2f}, its floor with "
+                tuple(f"{each.row.name}, {each.size_before:,} to {each.size:,}: grows with the "
+                      f"power {each.growth:.2f}, its floor with "
                       f"{number(each.floor_growth) or 'none'}" for each in rows
                       if each.is_over_growth))
 
@@ -452,7 +486,7 @@ def kept_streamed(figures):
 
 def kept_document(figures):
     memories = list(document_memories(figures))
-    return Kept(DOCUMENT, " and ".join(number(each.ratio) for each in memories),
+    return Kept(DOCUMENT, ", ".join(number(each.ratio) for each in memories),
                 tuple(f"{each.name} takes {each.ratio:.2f} times the memory of the document"
                       for each in memories if each.ratio > DOCUMENT.limit))
 
@@ -479,9 +513,10 @@ def broken_bounds(figures):
     return [text for kept in kept_bounds(figures) for text in kept.broken]
 
 
-def texts(figures):
-    """Every table by the name that it has in docs/performance.md."""
+def texts(figures, taken):
+    """Every table by the name that it has in docs/performance.md, the circumstances first."""
     return {
+        "circumstances": taken,
         "bounds": bounds_text(figures),
         **{table.name: table_text(figures, table) for table in TABLES},
         "floor": floor_parts_text(figures),

@@ -1,13 +1,17 @@
 """What the report makes of figures, seen on figures that were made up."""
 
+import re
 import unittest
 import xml.etree.ElementTree as ElementTree
+
+from pathlib import Path
 
 from report import figures as report
 from report.figures import BOUNDS, Row, Table, Time
 from report.picture import PANELS, picture
 from report.request import refusal_of, refusal_of_last
 
+PAGE = Path(__file__).resolve().parents[2] / "docs/performance.md"
 SVG = "{http://www.w3.org/2000/svg}"
 
 
@@ -60,9 +64,15 @@ class RequestTest(unittest.TestCase):
 
 class ReportTest(unittest.TestCase):
     def test_every_table_and_bound_is_made_of_the_figures_that_are_needed(self):
-        tables = report.texts(made_up())
+        tables = report.texts(made_up(), "Taken here.\n")
         self.assertTrue(all(tables.values()))
         picture(made_up())
+
+    def test_the_page_has_a_place_for_every_table_and_for_nothing_else(self):
+        tables = {**report.texts(made_up(), "Taken here.\n"),
+                  **report.windows_texts(made_up_of_windows(), "Taken there.\n")}
+        places = re.findall(r"^<!-- table: (.*) -->$", PAGE.read_text(encoding="utf-8"), re.M)
+        self.assertEqual(sorted(places), sorted(tables))
 
     def test_the_table_of_the_windows_build_shows_the_growth_to_the_largest_size_alone(self):
         text = report.windows_text(made_up_of_windows())
@@ -95,7 +105,23 @@ class ReportTest(unittest.TestCase):
         figures = made_up()
         figures["component/generate", 100_000] = Time(120, 1)
         self.assertEqual(report.broken_bounds(figures),
-                         ["generate: grows with the power 1.08, its floor with 1.00"])
+                         ["generate, 10,000 to 100,000: grows with the power 1.08, its floor with "
+                          "1.00"])
+
+    def test_growth_is_judged_between_all_sizes_but_the_small_ones(self):
+        figures = made_up()
+        self.assertEqual(figures["command/add/text", 100_000].processor, 150)
+        figures["command/add/text", 10_000] = Time(12, 1)
+        self.assertEqual(report.broken_bounds(figures),
+                         ["`quorbind add`, text, 10,000 to 100,000: grows with the power 1.10, its "
+                          "floor with 1.00"])
+        figures["command/add/text", 10_000] = Time(15, 1)
+        figures["command/add/text", 1_000] = Time(0.5, 1)
+        self.assertEqual(report.broken_bounds(figures), [])
+        figures["command/add/text", 100_000] = Time(120, 1)
+        self.assertEqual(report.broken_bounds(figures),
+                         ["`quorbind add`, text, 100,000 to 1,000,000: grows with the power 1.10, "
+                          "its floor with 1.00"])
 
     def test_a_slow_start_and_a_large_memory_are_named(self):
         figures = made_up()
