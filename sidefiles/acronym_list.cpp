@@ -9,6 +9,9 @@ bool AcronymList::has(const std::string& acronym) {
     ++next_;
     return true;
   }
+  if (inOrder_.empty()) {
+    return false;
+  }
   if (!all_) {
     TextIndex all;
     for (const std::string& each : inOrder_) {

@@ -42,7 +42,7 @@ XmlNode listIn(XmlDocument& document) {
 
 XmlNode copyOf(const XmlNode& identifier, XmlDocument& target) {
   XmlNode copy = target.createElement(link_names::kId);
-  for (const XmlNode& field : identifier.selectAll("*")) {
+  for (const XmlNode& field : identifier.children()) {
     const XmlNode element = target.createElement(field.name());
     element.setText(field.text());
     copy.append(element);
