@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "platform/paths.h"
@@ -17,12 +19,19 @@ inline constexpr std::string_view kDocsFolder = "Docs";
 inline constexpr std::string_view kSelectionFile = "Quor_Selection.xml";
 inline constexpr std::string_view kDefaultCategoriesFile = "Quor_DefaultCategories.xml";
 
-/// Whether a file of that name is one of those that a server and its libraries keep their books in.
-/// A book's folder can be the library's own, and nothing of a book may take the place of the
-/// catalogue.
+/// The short names that Windows gives to the files of that prefix: `QUOR_T~1.XML`, or with a number
+/// made of the long name, `QU3F2A~1.XML`.
+inline constexpr std::string_view kShortPrefix = "QU";
+inline constexpr std::size_t kLongestShortName = 12;
+
+/// Whether a file of that name is one of those that a server and its libraries keep their books in,
+/// or may be taken for one by Windows. A book's folder can be the library's own, and nothing of a
+/// book may take the place of the catalogue.
 inline bool isLibraryFile(std::string_view name) {
-  const std::string upper = upperCaseAscii(fileNameOf(name));
-  return upper.starts_with(upperCaseAscii(kFilePrefix)) && upper.ends_with(".XML");
+  const std::string upper = upperCaseAscii(withoutDotsAtEnd(fileNameOf(name)));
+  const bool mayBeShort = upper.size() <= kLongestShortName && upper.starts_with(kShortPrefix) &&
+                          upper.find('~') != std::string::npos;
+  return (mayBeShort || upper.starts_with(upperCaseAscii(kFilePrefix))) && upper.ends_with(".XML");
 }
 }  // namespace server_names
 

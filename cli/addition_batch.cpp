@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "cli/addition.h"
 #include "cli/failure.h"
@@ -25,7 +26,9 @@ class Batch {
       report = addBook(arguments, messages);
     } catch (const std::exception& error) {
       report.toc = arguments.toc;
-      report.note = internalError(error);
+      UnexpectedEnd end = endBy(error);
+      report.note = std::move(end.note);
+      report.status = end.status;
     }
     note(report, messages);
   }

@@ -79,7 +79,7 @@ ExitStatus AdditionOutcome::judgeBooks(const std::function<bool()>& call) {
     return ExitStatus::kDone;
   }
   run_.report.note = countOfBooks();
-  return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
+  return statusOfRefusal(finished);
 }
 
 /// Looks which books of the workbook are in the library, and takes out the entries of those whose
@@ -118,7 +118,7 @@ ExitStatus AdditionOutcome::judgeWithoutEntry(const TocFile& toc, bool finished)
   if (wasPlaceRefused()) {
     run_.blame(toc, run_.mainFilePlace);
   }
-  return finished && !hadError() ? ExitStatus::kRefused : ExitStatus::kInternal;
+  return statusOfRefusal(finished);
 }
 
 /// The component tells of most failures in a box, which does not always name the file, and of some
@@ -136,10 +136,16 @@ std::optional<AdditionOutcome::FileFailure> AdditionOutcome::failure(
              : std::nullopt;
 }
 
-bool AdditionOutcome::hadError() const {
+ExitStatus AdditionOutcome::statusOfRefusal(bool finished) const {
   const auto& boxes = run_.wiring.ui.shown();
-  return std::any_of(
+  if (std::any_of(boxes.begin(), boxes.end(), [](const ShownMessage& box) {
+        return isLackOfMemory(box.errorNumber);
+      })) {
+    return ExitStatus::kNotParseable;
+  }
+  const bool hadError = std::any_of(
       boxes.begin(), boxes.end(), [](const ShownMessage& box) { return box.errorNumber != 0; });
+  return finished && !hadError ? ExitStatus::kRefused : ExitStatus::kInternal;
 }
 
 /// Where a run that did not come to its end was to make the book file: the generator beside the

@@ -38,7 +38,8 @@ class AdditionOutcome {
   };
   /// `fileToWrite` is the one that a failed write was about.
   [[nodiscard]] std::optional<FileFailure> failure(const std::string& fileToWrite) const;
-  [[nodiscard]] bool hadError() const;
+  /// Of a run that neither added anything nor failed to read or to write a file.
+  [[nodiscard]] ExitStatus statusOfRefusal(bool finished) const;
   [[nodiscard]] std::string bookFileBeingMade() const;
   bool takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
   void describeBook(const ListedBook& book);

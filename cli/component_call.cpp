@@ -12,7 +12,7 @@ ExitStatus statusOf(const ShownMessage& box) {
   if (isWriteError(number)) {
     return ExitStatus::kWriteFailed;
   }
-  if (number == static_cast<std::int32_t>(ErrorNumber::kObjectNotSet)) {
+  if (number == static_cast<std::int32_t>(ErrorNumber::kObjectNotSet) || isLackOfMemory(number)) {
     return ExitStatus::kNotParseable;
   }
   return number == 0 || number == kInvalidQueryError ? ExitStatus::kRefused : ExitStatus::kInternal;

@@ -9,7 +9,7 @@ enum class ExitStatus : int {
   kWrongUsage = 2,     ///< of the command line
   kInputMissing = 3,   ///< or it can't be read
   kNotParseable = 4,   ///< or it is over a limit
-  kWriteFailed = 5,    ///< what stood under the file's name still stands
+  kWriteFailed = 5,    ///< what stood under the file's name still stands, or all of the new file
   kAnswerMissing = 6,  ///< a question had to be asked and there was nobody to ask
   kInternal = 70,      ///< what should not happen
 };

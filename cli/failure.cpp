@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <iostream>
+#include <new>
 
 #include "cli/marked_line.h"
 #include "cli/paths.h"
@@ -86,8 +87,17 @@ void requireReadable(FileSystem& files, std::string_view path, std::string_view 
   readingInput(name, [&] { requireReadable(files, path); });
 }
 
-std::string internalError(const std::exception& error) {
-  return std::string("internal error: ") + error.what();
+bool isLackOfMemory(std::int32_t number) {
+  return number == static_cast<std::int32_t>(ErrorNumber::kOutOfMemory);
+}
+
+UnexpectedEnd endBy(const std::exception& error) {
+  const auto* told = dynamic_cast<const RunTimeError*>(&error);
+  const bool isAllocation = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+  if (isAllocation || (told != nullptr && isLackOfMemory(told->number()))) {
+    return {RunTimeError(ErrorNumber::kOutOfMemory).description(), ExitStatus::kNotParseable};
+  }
+  return {std::string("internal error: ") + error.what(), ExitStatus::kInternal};
 }
 
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand) {
@@ -102,8 +112,9 @@ ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()
   } catch (const Abandoned&) {
     throw;
   } catch (const std::exception& error) {
-    ui.show(criticalMessage(internalError(error)));
-    return ExitStatus::kInternal;
+    const UnexpectedEnd end = endBy(error);
+    ui.show(criticalMessage(end.note));
+    return end.status;
   }
 }
 

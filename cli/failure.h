@@ -71,11 +71,21 @@ CommandFailure loadFailure(const Platform& platform,
 /// Fails unless there is a file at `path` that can be read. `name` is the user's name for it.
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name);
 
-/// How an exception is told that nobody expects: by what it says of itself.
-std::string internalError(const std::exception& error);
+/// How an exception that nobody expects is told, and how it ends the command.
+struct UnexpectedEnd {
+  std::string note;
+  ExitStatus status;
+};
+
+/// A lack of memory says that a file is over a limit, that of the machine. Anything else is told by
+/// what it says of itself.
+UnexpectedEnd endBy(const std::exception& error);
+
+/// Whether a run-time error of this number says that there was not enough memory.
+bool isLackOfMemory(std::int32_t number);
 
 /// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status, any
-/// other exception but `AlreadyTold` and `Abandoned` likewise as an internal error.
+/// other exception but `AlreadyTold` and `Abandoned` likewise as `endBy` says.
 ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand);
 
 }  // namespace quorbind

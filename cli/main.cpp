@@ -1,6 +1,5 @@
 #include <exception>
 #include <iostream>
-#include <string>
 #include <variant>
 
 #include "cli/command_line.h"
@@ -12,21 +11,21 @@ namespace {
 
 using namespace quorbind;
 
-std::string tellInternal(const std::exception& error) {
-  std::string note = internalError(error);
-  std::cerr << "quorbind: " << visibleText(note) << '\n';
-  return note;
+UnexpectedEnd tellEndBy(const std::exception& error) {
+  UnexpectedEnd end = endBy(error);
+  std::cerr << "quorbind: " << visibleText(end.note) << '\n';
+  return end;
 }
 
 ExitStatus runTask(const Task& task) {
   try {
     return task.run();
   } catch (const std::exception& error) {
-    const std::string note = tellInternal(error);
+    const UnexpectedEnd end = tellEndBy(error);
     if (task.json) {
-      printFailure(ExitStatus::kInternal, {}, note);
+      printFailure(end.status, {}, end.note);
     }
-    return ExitStatus::kInternal;
+    return end.status;
   }
 }
 
@@ -51,7 +50,7 @@ int main(int count, char** arguments) {
   try {
     status = run(count, arguments);
   } catch (const std::exception& error) {
-    tellInternal(error);
+    status = tellEndBy(error).status;
   }
   return static_cast<int>(status);
 }

@@ -1,5 +1,7 @@
 #include "cli/prepare_command.h"
 
+#include <unistd.h>
+
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -12,6 +14,8 @@
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
+#include "platform/portable/visible_text.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
 #include "toc/toc_check.h"
 
@@ -20,6 +24,21 @@ namespace quorbind {
 namespace {
 
 using Sink = std::function<void(std::string_view)>;
+
+/// Writes a piece of whole lines, or a line and its end apart.
+void writeVisibly(std::string_view text) {
+  std::string_view lineEnd;
+  for (const std::string_view line : Pieces(text, "\n")) {
+    std::cout << lineEnd << visibleText(line);
+    lineEnd = "\n";
+  }
+}
+
+/// A terminal would obey what a table holds. Everybody else gets it byte for byte.
+Sink standardOutput() {
+  return isatty(STDOUT_FILENO) == 1 ? Sink(writeVisibly)
+                                    : Sink([](std::string_view text) { std::cout << text; });
+}
 
 /// A table that carries the marks already is passed on line by line.
 void writeAsItStands(Wiring& wiring, const TocFile& toc, const Sink& sink) {
@@ -73,7 +92,7 @@ ExitStatus prepare(const PrepareArguments& arguments, PreparationReport& report,
   if (arguments.output) {
     writeFile(wiring, toc, survey, *arguments.output);
   } else {
-    writeReady(wiring, toc, survey, [](std::string_view text) { std::cout << text; });
+    writeReady(wiring, toc, survey, standardOutput());
   }
   return ExitStatus::kDone;
 }

@@ -23,8 +23,9 @@ class ByteReader {
 /// A file being written beside the one that it will replace.
 ///
 /// Until `commit` the old file stands untouched under its name; `commit` flushes the new bytes to
-/// the disk and then puts them under the name in one step, with the old file's permissions. A
-/// replacement that is destroyed without `commit`, or whose `commit` failed, leaves nothing behind.
+/// the disk, puts them under the name in one step, with the old file's permissions, and flushes the
+/// name. A replacement that is destroyed without `commit`, or whose `commit` failed, leaves nothing
+/// behind; where no more than the last flush failed, the new file stands, and may not last.
 class FileReplacement {
  public:
   virtual ~FileReplacement() = default;

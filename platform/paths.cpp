@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::string_view kDotsAndBlanks = ". ";
 
+constexpr char kNul = '\0';
+
 /// What a path begins with that leads out of the drives: onto the network, or past the rules for
 /// names into the devices themselves.
 constexpr std::array<std::string_view, 2> kLeadsOutOfDrives{R"(\\)", R"(\??\)"};
@@ -76,7 +78,14 @@ std::string joinedPath(std::string_view folder, std::string_view name) {
   return std::string(folder).append(folder.empty() ? "" : "\\").append(name);
 }
 
+std::string_view withoutDotsAtEnd(std::string_view name) {
+  return name.substr(0, name.find_last_not_of(kDotsAndBlanks) + 1);
+}
+
 bool leadsToNetworkOrDevice(std::string_view path) {
+  if (path.find(kNul) != std::string_view::npos) {
+    return true;
+  }
   const std::string beginning = withBackslashes(path.substr(0, kLongestLeadOut));
   if (anyOf(kLeadsOutOfDrives, [&](auto leadOut) { return beginning.starts_with(leadOut); })) {
     return true;
@@ -94,8 +103,9 @@ bool leadsToNetworkOrDevice(std::string_view path) {
 }
 
 bool staysInFolder(std::string_view name) {
-  const bool isFolderItself = name.find_first_not_of(kDotsAndBlanks) == std::string_view::npos;
-  return !isFolderItself && !containsAnyOf(name, R"(\/:)") && !isDevice(name);
+  const bool isFolderItself = withoutDotsAtEnd(name).empty();
+  const bool endsEarly = name.find(kNul) != std::string_view::npos;
+  return !isFolderItself && !endsEarly && !containsAnyOf(name, R"(\/:)") && !isDevice(name);
 }
 
 std::optional<std::string> nameBelow(std::string_view name) {

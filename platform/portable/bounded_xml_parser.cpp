@@ -127,7 +127,9 @@ int BoundedXmlParser::read(char* buffer, int size) {
     return 0;
   }
   try {
-    return static_cast<int>(bytes_->take(buffer, static_cast<std::size_t>(size)));
+    const std::size_t count = bytes_->take(buffer, static_cast<std::size_t>(size));
+    bytesRead_ += count;
+    return static_cast<int>(count);
   } catch (const RunTimeError& error) {
     isUnreadable_ = true;
     fail({.reason = reasonFor(error)});
@@ -228,7 +230,6 @@ void BoundedXmlParser::fail(XmlLoadResult failure) {
   }
 }
 
-/// Fails at the place that the parser has come to.
 void BoundedXmlParser::refuse(std::string reason) {
   fail({.line = xmlSAX2GetLineNumber(context_.get()),
         .column = xmlSAX2GetColumnNumber(context_.get()),

@@ -17,7 +17,7 @@ namespace quorbind {
 
 /// The most attributes of an element, and the most namespaces in force: libxml2 compares each with
 /// all the others, so its work would grow with the square of the file.
-inline constexpr int kMaximumXmlAttributes = 1000;
+inline constexpr int kMaximumXmlAttributes = 256;
 /// In bytes, without the prefix.
 inline constexpr std::size_t kMaximumXmlNameLength = 10000;
 
@@ -99,6 +99,10 @@ class BoundedXmlParser {
 
   /// Ends the run at the place that the parser has come to, for a reason that is nobody's concern.
   void giveUp() { refuse({}); }
+  /// Fails at the place that the parser has come to.
+  void refuse(std::string reason);
+  /// How many bytes the parser has asked for so far; it is a few thousand ahead.
+  [[nodiscard]] std::size_t bytesRead() const { return bytesRead_; }
   /// Whether the bytes could not be had.
   [[nodiscard]] bool isUnreadable() const { return isUnreadable_; }
 
@@ -131,13 +135,13 @@ class BoundedXmlParser {
   void checkNames(const StartTag& tag);
   void listen(const xmlError& error);
   void fail(XmlLoadResult failure);
-  void refuse(std::string reason);
   [[nodiscard]] bool isOver() const { return failure_.has_value() || exception_ != nullptr; }
 
   XmlParserHandle context_;
   XmlBytes::Utf16 utf16_;
   /// Present once the parser runs.
   std::optional<XmlBytes> bytes_;
+  std::size_t bytesRead_ = 0;
   XmlDocHandle document_;
   int depth_ = 0;
   /// The first failure; what follows is a consequence.

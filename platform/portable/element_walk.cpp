@@ -80,10 +80,7 @@ class WantedByPath final : public Wanted {
 class ElementWalk final : public TreeParser {
  public:
   ElementWalk(Wanted& wanted, XmlElementVisitor& visitor)
-      : TreeParser(XmlBytes::Utf16::kAsUtf8), wanted_(wanted), visitor_(visitor) {
-    context().sax->comment = &onComment;
-    context().sax->processingInstruction = &onInstruction;
-  }
+      : TreeParser(XmlBytes::Utf16::kAsUtf8), wanted_(wanted), visitor_(visitor) {}
 
   std::optional<XmlLoadResult> run(FileSystem& files, std::string_view path) {
     visitor_.begin();
@@ -101,19 +98,6 @@ class ElementWalk final : public TreeParser {
     bool hasSay = false;
     bool holdsWanted = false;
   };
-
-  static ElementWalk& walkOf(void* context) { return static_cast<ElementWalk&>(of(context)); }
-
-  static void onComment(void* context, const xmlChar* text) {
-    if (walkOf(context).isBuilding()) {
-      xmlSAX2Comment(context, text);
-    }
-  }
-  static void onInstruction(void* context, const xmlChar* target, const xmlChar* data) {
-    if (walkOf(context).isBuilding()) {
-      xmlSAX2ProcessingInstruction(context, target, data);
-    }
-  }
 
   [[nodiscard]] bool isBuilding() const { return innermost() != nullptr; }
 
@@ -168,6 +152,18 @@ class ElementWalk final : public TreeParser {
     }
   }
 
+  void comment(const xmlChar* text) override {
+    if (isBuilding()) {
+      TreeParser::comment(text);
+    }
+  }
+
+  void instruction(const xmlChar* target, const xmlChar* data) override {
+    if (isBuilding()) {
+      TreeParser::instruction(target, data);
+    }
+  }
+
   /// Text makes the white space content of everything in its element, before it and behind it.
   void noteContent() {
     around_.back().hasSay = true;
@@ -199,7 +195,7 @@ class ElementWalk final : public TreeParser {
   void handOver(xmlNode& element) {
     xmlUnlinkNode(&element);
     const XmlNodeHandle owned(&element);
-    forgetLayout();
+    forgetTree();
     markHolder();
     if (!tree_) {
       tree_.emplace(*element.doc);

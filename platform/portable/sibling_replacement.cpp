@@ -72,22 +72,36 @@ void setPermissions(const FileDescriptor& file, mode_t permissions) {
   static_cast<void>(::fchmod(file.number(), permissions & kPermissionBits));
 }
 
-void takeOver(const FileDescriptor& file, const std::string& oldPath, const Status& old) {
+/// Gives the file its old owner and group, or the group alone. Answers whether it has that group.
+bool takeOverGroup(const FileDescriptor& file, const Status& old) {
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
-  if (::fchown(file.number(), old.st_uid, old.st_gid) != 0) {
-    static_cast<void>(::fchown(file.number(), kSameOwner, old.st_gid));
-  }
-  setPermissions(file, old.st_mode);
-  copyExtendedAttributes(oldPath, file);
+  return ::fchown(file.number(), old.st_uid, old.st_gid) == 0 ||
+         ::fchown(file.number(), kSameOwner, old.st_gid) == 0;
 }
 
-/// Makes the rename itself last. By then the new file stands under its name and nothing can be
-/// taken back, so a failure changes nothing that a caller could rely on.
-void flushFolderOf(const std::string& path) {
+/// What is left of permissions when the file gets another group: that and all others, the old one
+/// among them, may do what both were allowed.
+mode_t withoutRightsOfGroup(mode_t permissions) {
+  const mode_t ofBoth = permissions & (permissions >> 3U) & S_IRWXO;
+  return (permissions & S_IRWXU) | (ofBoth << 3U) | ofBoth;
+}
+
+void takeOver(const FileDescriptor& file, const std::string& oldPath, const Status& old) {
+  const bool hasGroup = takeOverGroup(file, old);
+  setPermissions(file, hasGroup ? old.st_mode : withoutRightsOfGroup(old.st_mode));
+  copyExtendedAttributes(
+      oldPath, file, hasGroup ? AccessList::kAsItIs : AccessList::kWithoutRightsOfGroup);
+}
+
+/// Makes the rename itself last. Answers 0 or an error; none where the folder may not be read, or
+/// its file system flushes no folders.
+int flushFolderOf(const std::string& path) {
   const FileDescriptor folder = openFile(parentOf(path), O_RDONLY | O_DIRECTORY);
-  if (folder.isOpen()) {
-    static_cast<void>(::fsync(folder.number()));
+  if (!folder.isOpen()) {
+    return errno == EACCES ? 0 : errno;
   }
+  const bool isFlushed = uninterrupted([&] { return ::fsync(folder.number()); }) == 0;
+  return isFlushed || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
 }
 
 }  // namespace
@@ -129,7 +143,9 @@ void SiblingReplacement::commit() {
     fail(errno);
   }
   putUnderName();
-  flushFolderOf(target_);
+  if (const int error = flushFolderOf(target_); error != 0) {
+    fail(error);
+  }
 }
 
 void SiblingReplacement::commitUnflushed(UnflushedDisks& disks) {

@@ -29,10 +29,16 @@ bool Patience::pauseBefore(ULONGLONG end) noexcept {
   return true;
 }
 
-ULONGLONG Patience::endOfWaitFor(std::wstring_view path) const noexcept {
+ULONGLONG Patience::endOfWaitFor(std::wstring_view path) noexcept {
   const ULONGLONG now = ::GetTickCount64();
   const bool isGivenUp = markOf(path) == givenUp_ && now - triedLast_ < kLongest;
-  return isGivenUp ? now : now + kLongest;
+  if (isGivenUp) {
+    return now;
+  }
+  if (!endOfCall_) {
+    endOfCall_ = now + kLongest;
+  }
+  return *endOfCall_;
 }
 
 void Patience::note(std::wstring_view path, DWORD error) noexcept {

@@ -165,18 +165,28 @@ void SiblingReplacement::write(std::string_view bytes) {
 }
 
 void SiblingReplacement::commit() {
+  patience_.beginCall();
+  commitFlushed();
+}
+
+void SiblingReplacement::commitFlushed() {
   requireOpen();
   flushBuffer();
-  if (::FlushFileBuffers(file_.get()) == 0) {
-    fail(::GetLastError());
-  }
+  flushFile();
   putUnderName();
+  // Of a file that is still open a second flush takes the name along. Where it is closed by now,
+  // its name was written through.
+  if (file_) {
+    flushFile();
+  }
+  file_.close();
 }
 
 void SiblingReplacement::commitUnflushed() {
   requireOpen();
   flushBuffer();
   putUnderName();
+  file_.close();
 }
 
 void SiblingReplacement::copyFrom(const std::wstring& source) {
@@ -225,6 +235,12 @@ void SiblingReplacement::writeThrough(std::string_view bytes) {
   }
 }
 
+void SiblingReplacement::flushFile() {
+  if (::FlushFileBuffers(file_.get()) == 0) {
+    fail(::GetLastError());
+  }
+}
+
 void SiblingReplacement::putUnderName() {
   if (::SetFileAttributesW(temporary_.c_str(), attributes_) == 0) {
     fail(::GetLastError());
@@ -234,7 +250,6 @@ void SiblingReplacement::putUnderName() {
     fail(error);
   }
   temporary_.clear();
-  file_.close();
 }
 
 DWORD SiblingReplacement::rename() {
@@ -264,6 +279,8 @@ void SiblingReplacement::discard() {
   file_.close();
   if (!temporary_.empty()) {
     ::SetFileAttributesW(temporary_.c_str(), FILE_ATTRIBUTE_NORMAL);
+    // Whoever held the file that was to be replaced does not hold this one.
+    patience_.beginCall();
     patience_.whenFree(temporary_,
                        [this] { return errorOfCall(::DeleteFileW(temporary_.c_str())); });
     temporary_.clear();

@@ -36,7 +36,9 @@ class SiblingReplacement final : public FileReplacement {
 
   void write(std::string_view bytes) override;
   void commit() override;
-  /// The same, but leaves the flush of the file to the caller.
+  /// The same as a part of another call of the port, whose waits it shares.
+  void commitFlushed();
+  /// As `commitFlushed`, but leaves the flush of the file to the caller.
   void commitUnflushed();
 
   /// Takes contents and attributes of the file at `source` instead of writing. Raises what `write`
@@ -53,6 +55,7 @@ class SiblingReplacement final : public FileReplacement {
  private:
   void flushBuffer();
   void writeThrough(std::string_view bytes);
+  void flushFile();
   void putUnderName();
   [[nodiscard]] DWORD rename();
   void requireOpen() const;

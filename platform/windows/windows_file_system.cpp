@@ -177,11 +177,12 @@ class Copies final : public CopySeries {
     if (way.isThere) {
       return false;
     }
+    patience_.beginCall();
     SiblingReplacement replacement(way.target, patience_);
     replacement.copyFrom(way.source);
     if (replacement.becomesReadOnly()) {
       // Nobody can open it for a flush any more.
-      replacement.commit();
+      replacement.commitFlushed();
     } else {
       replacement.commitUnflushed();
       unflushed_.push_back(replacement.target());
@@ -190,6 +191,7 @@ class Copies final : public CopySeries {
   }
 
   void flush() override {
+    patience_.beginCall();
     DWORD firstError = ERROR_SUCCESS;
     std::wstring firstPath;
     for (std::wstring& path : std::exchange(unflushed_, {})) {
@@ -264,9 +266,10 @@ void WindowsFileSystem::copyFile(std::string_view from, std::string_view to) {
   if (way.isThere) {
     raise(ErrorNumber::kPermissionDenied);
   }
+  patience_.beginCall();
   SiblingReplacement replacement(way.target, patience_);
   replacement.copyFrom(way.source);
-  replacement.commit();
+  replacement.commitFlushed();
 }
 
 std::unique_ptr<CopySeries> WindowsFileSystem::beginCopies() {
@@ -280,6 +283,7 @@ void WindowsFileSystem::moveFile(std::string_view from, std::string_view to) {
   if (isFolder(attributesOf(target))) {
     raise(ErrorNumber::kPathFileAccessError);
   }
+  patience_.beginCall();
   const DWORD moved = patience_.whenFree(source, [&] {
     return errorOfCall(::MoveFileExW(
         source.c_str(), target.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH));
@@ -297,6 +301,7 @@ void WindowsFileSystem::deleteFile(std::string_view path) {
   if ((attributesOfFile(file) & FILE_ATTRIBUTE_READONLY) != 0) {
     raise(ErrorNumber::kPermissionDenied);
   }
+  patience_.beginCall();
   const DWORD deleted =
       patience_.whenFree(file, [&] { return errorOfCall(::DeleteFileW(file.c_str())); });
   if (deleted != ERROR_SUCCESS) {
@@ -327,6 +332,7 @@ std::vector<std::string> WindowsFileSystem::fileNamesIn(std::string_view folder)
 std::unique_ptr<ByteReader> WindowsFileSystem::open(std::string_view path) {
   const std::wstring file = pathOfFile(path);
   attributesOfFile(file);
+  patience_.beginCall();
   Handle handle;
   if (const DWORD error = openWhenFree(patience_, file, GENERIC_READ, handle); !handle) {
     raiseSystemError(error, file);

@@ -441,6 +441,11 @@ INSTANTIATE_TEST_SUITE_P(Of,
 
 // Text tables of contents, whose documents are looked up from the root of the drive
 
+/// XML can't hold them, so they come in texts and pages alone.
+std::vector<std::string> namesWithNul() {
+  return {std::string("b\0.htm", 6), std::string("Manual\\a.htm\0", 13), std::string("\0", 1)};
+}
+
 class HostileTextToc : public ::testing::Test {
  protected:
   static std::string tableWith(const std::string& first, const std::string& second) {
@@ -481,6 +486,29 @@ TEST_F(HostileTextToc, LooksNothingUpOnTheNetworkOrAtADevice) {
     for (const RecordingFiles::Call& call : calls) {
       EXPECT_TRUE(call.path.starts_with("C:\\")) << name.name << ": " << call.path;
     }
+  }
+}
+
+TEST_F(HostileTextToc, LooksNothingUpUnderANameWithANulWhichIsMissing) {
+  const Calls usual = callsOfCheck(kHarmless);
+  for (const std::string& name : namesWithNul()) {
+    EXPECT_EQ(callsOfCheck(name).size(), usual.size() - 1);
+    EXPECT_THAT(library_.boxes(), IsEmpty());
+  }
+}
+
+TEST(HostilePage, LooksNothingUpUnderANameWithANulWhichIsMissing) {
+  RecordedLibrary library;
+  const auto callsOfCheck = [&](const std::string& name) {
+    return library.callsOf([&](RecordedLibrary& recorded) {
+      recorded.write("in/toc.htm", "<K1>HREF=\"" + name + "\"t</K1>");
+      validate(recorded, "toc.htm", TocCheck::kHtml);
+    });
+  };
+  const Calls usual = callsOfCheck(kHarmless);
+  for (const std::string& name : namesWithNul()) {
+    EXPECT_EQ(callsOfCheck(name).size(), usual.size() - 1);
+    EXPECT_THAT(library.boxes(), IsEmpty());
   }
 }
 

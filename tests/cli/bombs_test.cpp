@@ -112,6 +112,16 @@ std::vector<Bomb> xmlBombs() {
                 repeated(500'000, [](std::size_t i) { return " a" + std::to_string(i) + "=''"; }) +
                 "/>";
        }},
+      {"AttributesOfManyElements",
+       [] {
+         const std::string attributes =
+             repeated(250, [](std::size_t i) { return " a" + std::to_string(i) + "=''"; });
+         return "<a>" + repeated(8'000, "<a" + attributes + "/>") + "</a>";
+       }},
+      {"ElementsBesideEachOther", [] { return "<a>" + repeated(3'000'000, "<a/>") + "</a>"; }},
+      {"ElementsWithTextBetween", [] { return "<a>" + repeated(3'000'000, "<a/>x") + "</a>"; }},
+      {"Comments", [] { return "<a>" + repeated(3'000'000, "<!---->") + "</a>"; }},
+      {"Instructions", [] { return "<a>" + repeated(3'000'000, "<?a?>") + "</a>"; }},
       {"NamespacesOfOneElement",
        [] {
          return "<a" +
@@ -171,6 +181,28 @@ TEST_P(JobFileBombs, EndQuickly) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, JobFileBombs, ::testing::ValuesIn(jobFileBombs()), kNameOf);
+
+// A page, which is in memory as a whole
+
+TEST_F(BombTest, APageThatThereIsNotEnoughMemoryForEndsQuickly) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "here is memory enough for it";
+#endif
+  disk.write("toc.htm", std::string(100'000'000, ' '));
+  expectRefused({"check", "toc.htm"});
+  expectRefused(addFileWords("toc.htm", asAlarms()));
+  const Outcome outcome =
+      runHere(joined(kWithinMemory, {quorbindExecutable(), "check", "toc.htm"}));
+  EXPECT_EQ(outcome.err, "critical: Out of memory\nquorbind: toc.htm: not accepted\n");
+}
+
+TEST_F(BombTest, ALineThatThereIsNotEnoughMemoryForEndsQuickly) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "here is memory enough for it";
+#endif
+  writeToc("\"1\" \"" + std::string(60'000'000, 'x') + "\" \"Manual\\a.htm\" \"\"\n");
+  expectRefused(addWords(asAlarms()));
+}
 
 // Packed workbooks
 

@@ -37,10 +37,25 @@ class FlushOrder : public LibraryTest {
     return steps;
   }
 
+  /// Runs the command with a call that fails.
+  [[nodiscard]] Outcome withFailureOf(const std::string& call, const Words& words) const {
+    return runHere(joined({"env",
+                           "ASAN_OPTIONS=detect_leaks=0",
+                           "strace",
+                           "-o",
+                           "/dev/null",
+                           "-e",
+                           "inject=" + call,
+                           quorbindExecutable()},
+                          words));
+  }
+  /// Follows the folder of that name instead of the libraries.
+  void follow(const std::string& folder) { followed_ = folder; }
+
  private:
-  /// Nothing for a call that has nothing to do with changing the library.
+  /// Nothing for a call that has nothing to do with changing what is followed.
   [[nodiscard]] std::string stepOf(const SystemCall& call) const {
-    const std::string library = (disk.path() / "server/Docs").string() + "/";
+    const std::string library = (disk.path() / followed_).string() + "/";
     const bool isLastOfItsFiles = call.name == "copy_file_range" || call.name == "linkat";
     const std::size_t begin = isLastOfItsFiles ? call.text.rfind(library) : call.text.find(library);
     if (begin == std::string::npos) {
@@ -59,6 +74,8 @@ class FlushOrder : public LibraryTest {
     const bool failed = call.text.find("= -1 ") != std::string::npos;
     return call.name + " " + name + (failed ? " fails" : "");
   }
+
+  std::string followed_ = "server/Docs";
 };
 
 TEST_F(FlushOrder, OfASideFileIsWriteFlushCloseRenameAndTheFolder) {
@@ -133,6 +150,60 @@ TEST_F(FlushOrder, AFailedFlushIsNotTriedAgain) {
                           "unlink Plant/Quor_SearchKeywords.xml*"));
 }
 
+TEST_F(FlushOrder, AFailedFlushOfTheFolderIsNotTriedAgainAndIsToldThoughTheFileIsNew) {
+  disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"bell"})));
+  EXPECT_EQ(stepsOf(plantWords({"keywords", "add", "Alarms", "horn"}),
+                    {"-e", "inject=fsync:error=EIO:when=2"}),
+            (Words{"close Plant/Quor_SearchKeywords.xml*",
+                   "unlink Plant/Quor_SearchKeywords.xml*",
+                   "write Plant/Quor_SearchKeywords.xml*",
+                   "fsync Plant/Quor_SearchKeywords.xml*",
+                   "close Plant/Quor_SearchKeywords.xml*",
+                   "rename Plant/Quor_SearchKeywords.xml*",
+                   "fsync Plant fails"}));
+  EXPECT_NE(text(kKeywords).find("horn"), std::string::npos);
+
+  const Outcome outcome =
+      withFailureOf("fsync:error=EIO:when=2", plantWords({"keywords", "add", "Alarms", "siren"}));
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_TRUE(outcome.err.starts_with("critical: Error(57):Device I/O error\n")) << outcome.err;
+}
+
+TEST_F(FlushOrder, AFolderWhoseDiskFlushesNoFoldersIsNoFailure) {
+  for (const char* error : {"EINVAL", "EOPNOTSUPP"}) {
+    disk.write(kKeywords, keywordsFile(keywordsOf("Alarms", {"bell"})));
+    const Outcome outcome = withFailureOf(std::string("fsync:when=2:error=") + error,
+                                          plantWords({"keywords", "add", "Alarms", "horn"}));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(text(kKeywords).find("horn"), std::string::npos);
+  }
+}
+
+TEST_F(FlushOrder, OfWhatAnAdditionOfAPageMakesInTheFolderOfItsAuthor) {
+  follow("work");
+  disk.write("work/author/toc.htm",
+             "<K1><A HREF=\"Manual/a.htm\">A</A><IBD><A1></IBD></K1>"
+             "<K2><A HREF=\"Manual/b.htm\">B</A><IBD><A2></IBD></K2>");
+  disk.write("work/author/Manual/a.htm", "");
+  disk.write("work/author/Manual/b.htm", "");
+  EXPECT_EQ(stepsOf(addFileWords("work/author/toc.htm", {"--name", "Pumps", "--acro", "PMP"})),
+            (Words{"close author/TOC_Temp.txt*",
+                   "unlink author/TOC_Temp.txt*",
+                   "write author/TOC_Temp.txt*",
+                   "fsync author/TOC_Temp.txt*",
+                   "close author/TOC_Temp.txt*",
+                   "rename author/TOC_Temp.txt*",
+                   "fsync author",
+                   "write author/Book_PMP.xml*",
+                   "fsync author/Book_PMP.xml*",
+                   "close author/Book_PMP.xml*",
+                   "rename author/Book_PMP.xml*",
+                   "fsync author",
+                   "copy_file_range author/Manual/Book_PMP.xml",
+                   "unlink author/Manual/Book_PMP.xml",
+                   "unlink author/TOC_Temp.txt"}));
+}
+
 TEST_F(FlushOrder, AFailedFlushOfDocumentsIsNotTriedAgainAndTheCatalogueDoesNotNameThem) {
   writeBook();
   EXPECT_EQ(stepsOf(addWords({"--name", "Pumps", "--acro", "PMP"}),
@@ -143,15 +214,8 @@ TEST_F(FlushOrder, AFailedFlushOfDocumentsIsNotTriedAgainAndTheCatalogueDoesNotN
 TEST_F(FlushOrder, AFailedFlushOfDocumentsIsToldAndTheNoteNamesOne) {
   writeBook();
   const std::vector<std::string> before = filesBelow("Manual/");
-  const Outcome outcome = runHere(joined({"env",
-                                          "ASAN_OPTIONS=detect_leaks=0",
-                                          "strace",
-                                          "-o",
-                                          "/dev/null",
-                                          "-e",
-                                          "inject=syncfs:error=EIO:when=1",
-                                          quorbindExecutable()},
-                                         addWords({"--name", "Pumps", "--acro", "PMP"})));
+  const Outcome outcome =
+      withFailureOf("syncfs:error=EIO:when=1", addWords({"--name", "Pumps", "--acro", "PMP"}));
   EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(outcome.err,
             "critical: Error(57): Device I/O error\n"

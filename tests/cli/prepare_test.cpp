@@ -1,4 +1,5 @@
 #include "tests/cli/command_test.h"
+#include "tests/cli/terminal_session.h"
 
 namespace quorbind::testing {
 namespace {
@@ -46,6 +47,38 @@ TEST_F(Prepare, MayReplaceItsOwnInput) {
 TEST_F(Prepare, PassesATableWithMarksOn) {
   disk.write("toc.txt", kPrepared);
   EXPECT_EQ(quorbind({"prepare", "toc.txt"}).out, kPrepared);
+}
+
+constexpr const char* kTableWithControls =
+    "\"1\" \"\x1B]0;title\aBook\" \"M\\a.htm\" \"\"\n"
+    "\"2\" \"\u202EPage\" \"M\\a.htm\" \"\"\n";
+
+/// The prepared table whose names are these.
+std::string preparedAs(const std::string& book, const std::string& page) {
+  return "\"Node Level\" \"Node Name\" \"File Name\" \"Sub Link\"\n\n\"1\" \"" + book +
+         "\" \"M\\a.htm\" \"\" $@@$1$@@$ $@@$" + book +
+         "$@@$ $@@$M\\a.htm$@@$ $@@$$@@$ $@@$#NoLink#$@@$ $@@$#NO_BOOKLINK#$@@$\n\"2\" \"" + page +
+         "\" \"M\\a.htm\" \"\" $@@$2$@@$ $@@$" + page +
+         "$@@$ $@@$M\\a.htm$@@$ $@@$$@@$ $@@$#NoLink#$@@$ $@@$#NO_BOOKLINK#$@@$\n";
+}
+
+TEST_F(Prepare, ATerminalGetsControlCharactersWrittenOut) {
+  const std::string visible = preparedAs("\\x1B]0;title\\x07Book", "\\u{202E}Page");
+  const auto onTerminal = [&] {
+    return TerminalSession({.words = {quorbindExecutable(), "prepare", "toc.txt"},
+                            .folder = disk.path().string(),
+                            .environment = environment})
+        .finish();
+  };
+  writeToc(kTableWithControls);
+  EXPECT_EQ(onTerminal().out, visible);
+  ASSERT_EQ(quorbind({"prepare", "toc.txt", "-o", "toc.txt"}).status, 0);
+  EXPECT_EQ(onTerminal().out, visible) << "of a table that is passed on";
+}
+
+TEST_F(Prepare, APipeGetsControlCharactersAsTheyAre) {
+  writeToc(kTableWithControls);
+  EXPECT_EQ(quorbind({"prepare", "toc.txt"}).out, preparedAs("\x1B]0;title\aBook", "\u202EPage"));
 }
 
 TEST_F(Prepare, ABookmarkMovesOnlyToAnEmptySubLink) {

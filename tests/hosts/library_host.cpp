@@ -7,7 +7,8 @@
 //                                             a short pause, as every host has other work to do too
 //
 // Each load has to find the whole file of one save, and never an older one of some writer than
-// before. What goes wrong is said, and ends the host with 1. A reader says how often it has read.
+// before. What goes wrong is said, and ends the host with 1; a reader that came too late to read is
+// wrong, too. A reader says how often it has read.
 
 #include <chrono>
 #include <cstdio>
@@ -45,6 +46,9 @@ class Host {
     for (; !adapters_->files().fileExists(kEnough); ++count) {
       load();
       std::this_thread::sleep_for(kOtherWork);
+    }
+    if (count == 0) {
+      throw std::runtime_error("nothing was read");
     }
     return count;
   }

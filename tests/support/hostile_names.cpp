@@ -172,6 +172,7 @@ void addStreams(NameList& list) {
   list.add(Leads::kOutOfFolder,
            {"secret.htm:stream",
             "secret.htm::$DATA",
+            "Quor_TOC.xml::$DATA",
             "secret.htm:$DATA",
             "a\\secret.htm:stream",
             "a:stream\\secret.htm",
@@ -202,7 +203,11 @@ void addEncoded(NameList& list) {
             "secret.htm%3astream",
             "a/%2e%2e/%2e%2e/secret.htm",
             "%20../secret.htm",
-            "..%20/secret.htm"});
+            "..%20/secret.htm",
+            "secret.htm%00",
+            "secret%00.htm",
+            "%00secret.htm",
+            "a%00/secret.htm"});
 }
 
 void addLookAlikes(NameList& list) {
@@ -233,6 +238,10 @@ void addLookAlikes(NameList& list) {
             "secret.htm.",
             "secret.htm ",
             "secret.htm. .",
+            "Quor_TOC.xml.",
+            "Quor_TOC.xml ",
+            "Quor_TOC.xml%20",
+            "QUOR_T~1.XML",
             "a .\\secret.htm",
             " secret.htm",
             "console.htm",

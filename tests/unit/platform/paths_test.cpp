@@ -101,6 +101,18 @@ TEST(LeadsToNetworkOrDevice, FindsDevicesWithSuperscriptNumbers) {
   EXPECT_TRUE(leadsToNetworkOrDevice("Docs\\com³"));
 }
 
+TEST(LeadsToNetworkOrDevice, FindsWhatTheSystemWouldReadToTheNulOnly) {
+  EXPECT_TRUE(leadsToNetworkOrDevice(std::string_view("Docs\\b\0.htm", 11)));
+  EXPECT_TRUE(leadsToNetworkOrDevice(std::string_view("\0", 1)));
+}
+
+TEST(WithoutDotsAtEnd, LeavesOutWhatWindowsDoes) {
+  EXPECT_EQ(withoutDotsAtEnd("a.xml. ."), "a.xml");
+  EXPECT_EQ(withoutDotsAtEnd(" .a"), " .a");
+  EXPECT_EQ(withoutDotsAtEnd(". ."), "");
+  EXPECT_EQ(withoutDotsAtEnd(""), "");
+}
+
 TEST(StaysInFolder, IsSaidOfOrdinaryNames) {
   for (const char* name : {"Manual", "cover.htm", ".hidden", "..a", "a b", "Höhe", "a."}) {
     EXPECT_TRUE(staysInFolder(name)) << name;
@@ -123,6 +135,11 @@ TEST(StaysInFolder, IsNotSaidOfDrivesAndAlternateStreams) {
   EXPECT_FALSE(staysInFolder("C:"));
   EXPECT_FALSE(staysInFolder("C:a.htm"));
   EXPECT_FALSE(staysInFolder("a.htm:stream"));
+}
+
+TEST(StaysInFolder, IsNotSaidOfNamesWithANul) {
+  EXPECT_FALSE(staysInFolder(std::string_view("b\0.htm", 6)));
+  EXPECT_EQ(nameBelow(std::string_view("pages\\b\0.htm", 12)), std::nullopt);
 }
 
 TEST(StaysInFolder, IsNotSaidOfDevices) {

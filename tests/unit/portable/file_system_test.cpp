@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -603,7 +604,8 @@ class PortableFilesOfAnOrdinaryUser : public PortableFiles {
   static int errorRaisedFor(Statement statement) {
     const pid_t child = ::fork();
     if (child == 0) {
-      const bool became = ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0;
+      const bool became =
+          ::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0;
       ::_exit(became ? errorRaisedBy(statement) : kCouldNotBecome);
     }
     int status = 0;
@@ -623,7 +625,52 @@ class PortableFilesOfAnOrdinaryUser : public PortableFiles {
   }
 
   static constexpr int kCouldNotBecome = 255;
+  static constexpr gid_t kOtherGroup = 1;
 };
+
+TEST_F(PortableFilesOfAnOrdinaryUser, AFileWhoseGroupCanNotBeKeptIsNotOpenedToAnother) {
+  allow(".", 0777);
+  for (const auto& [before, after] : {std::pair<mode_t, mode_t>{0640, 0600},
+                                      {0660, 0600},
+                                      {0664, 0644},
+                                      {0666, 0666},
+                                      {0604, 0600},
+                                      {0750, 0700}}) {
+    disk_.write("a.txt", "old");
+    ASSERT_EQ(::chown(systemPath("a.txt").c_str(), kNobody, kOtherGroup), 0);
+    allow("a.txt", before);
+
+    EXPECT_EQ(errorRaisedFor([&] { replaceBy("C:\\a.txt", "new"); }), 0);
+
+    EXPECT_EQ(disk_.read("a.txt"), "new");
+    EXPECT_EQ(statusOf("a.txt").st_gid, kNobody);
+    EXPECT_EQ(permissionsOf("a.txt"), after) << std::oct << before;
+  }
+}
+
+// The owner, another user, the group, the most that both may have, and everybody else.
+TEST_F(PortableFilesOfAnOrdinaryUser, AnAccessListWhoseGroupCanNotBeKeptIsNotOpenedToAnother) {
+  const auto list = [](char ofGroup) {
+    return "\2\0\0\0"
+           "\1\0\6\0\xFF\xFF\xFF\xFF"
+           "\2\0\4\0\xFE\xFF\0\0"
+           "\4\0"s +
+           ofGroup +
+           "\0\xFF\xFF\xFF\xFF"
+           "\x10\0\6\0\xFF\xFF\xFF\xFF"
+           "\x20\0\0\0\xFF\xFF\xFF\xFF"s;
+  };
+  allow(".", 0777);
+  disk_.write("a.txt", "old");
+  giveAttribute("a.txt", "system.posix_acl_access", list('\6'));
+  ASSERT_EQ(::chown(systemPath("a.txt").c_str(), kNobody, kOtherGroup), 0);
+
+  EXPECT_EQ(errorRaisedFor([&] { replaceBy("C:\\a.txt", "new"); }), 0);
+
+  EXPECT_EQ(disk_.read("a.txt"), "new");
+  EXPECT_EQ(statusOf("a.txt").st_gid, kNobody);
+  EXPECT_EQ(attributeOf("a.txt", "system.posix_acl_access"), list('\0'));
+}
 
 TEST_F(PortableFilesOfAnOrdinaryUser, AReadOnlyFileIsNotReplaced) {
   disk_.makeFolder("open");

@@ -19,6 +19,7 @@
 
 #include "platform/portable/bounded_xml_parser.h"
 #include "platform/portable/portable_file_system.h"
+#include "platform/portable/tree_parser.h"
 #include "platform/portable/xml_handles.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -237,6 +238,21 @@ TEST_F(PortableXmlLibraryTest, AsManyAttributesAsTheBoundLoad) {
 
   EXPECT_TRUE(load("<a" + attributes + "/>"));
   EXPECT_FALSE(load("<a" + attributes + " b=''/>"));
+}
+
+TEST_F(PortableXmlLibraryTest, AsManyPartsAsTheSizeOfTheFileAllowsLoad) {
+  const auto elements = [](std::size_t count, std::string_view element) {
+    std::string text = "<a>";
+    for (std::size_t i = 0; i < count; ++i) {
+      text += element;
+    }
+    return text + "</a>";
+  };
+
+  EXPECT_TRUE(load(elements(kPartsOfAnyTree - 1, "<a/>")));
+  EXPECT_TRUE(load(elements(3 * kPartsOfAnyTree, "<b>aaa</b>")));
+  EXPECT_EQ(load(elements(2 * kPartsOfAnyTree, "<a/>")).reason,
+            "There are too many elements and attributes for its size.");
 }
 
 TEST_F(PortableXmlLibraryTest, NamesAsLongAsTheBoundLoad) {

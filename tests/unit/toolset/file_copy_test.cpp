@@ -213,6 +213,33 @@ TEST_F(FileCopyTest, NeverPutsADocumentInThePlaceOfTheLibrarysOwnFiles) {
   EXPECT_TRUE(disk_.has("lib/page.htm"));
 }
 
+TEST_F(FileCopyTest, NeverPutsADocumentWhereWindowsWouldFindTheLibrarysOwnFiles) {
+  disk_.write("in/page.htm", "<img src='Quor_TOC.xml.'><img src='Quor_TOC.xml%20'>");
+  disk_.write("lib/Quor_TOC.xml", "the catalogue");
+  std::string headings = "<HFile>page.htm</HFile>";
+  const std::vector<std::string> names{
+      "Quor_TOC.xml.", "Quor_TOC.xml ", "quor_linkid.XML. .", "QUOR_T~1.XML", "qu3f2a~1.xml"};
+  for (const std::string& name : names) {
+    disk_.write("in/" + name, "another catalogue");
+    headings += "<HFile>" + name + "</HFile>";
+  }
+  EXPECT_TRUE(copyBook(headings));
+  EXPECT_EQ(disk_.read("lib/Quor_TOC.xml"), "the catalogue");
+  for (const std::string& name : names) {
+    EXPECT_EQ(files_.copiesTo("C:\\lib\\" + name), 0) << name;
+  }
+  EXPECT_TRUE(disk_.has("lib/page.htm"));
+}
+
+TEST_F(FileCopyTest, BringsDocumentsWhoseNamesOnlyResembleThoseFiles) {
+  disk_.write("lib/Quor_TOC.xml", "the catalogue");
+  for (const char* name : {"Quor_TOC.xml.htm", "QUOR~1.htm", "quick-guide~2.xml", "Quorum.xml"}) {
+    disk_.write(std::string("in/") + name, "");
+    EXPECT_TRUE(copyBook(std::string("<HFile>") + name + "</HFile>"));
+    EXPECT_TRUE(disk_.has(std::string("lib/") + name)) << name;
+  }
+}
+
 TEST_F(FileCopyTest, BringsDocumentsOfSuchNamesIntoTheFolderOfABook) {
   disk_.write("in/page.htm", "<a href=Quor_Linked.xml>");
   disk_.write("in/Quor_Linked.xml", "");

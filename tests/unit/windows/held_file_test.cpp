@@ -174,6 +174,24 @@ TEST_F(HeldFiles, AreWaitedForOneByOne) {
   }
 }
 
+TEST_F(HeldFiles, OfOneCallAreWaitedForTwoSecondsInAll) {
+  constexpr DWORD kAlmostTwoSeconds = 1900;
+  Handle source = hold("a.txt", 0);
+  const Handle target = hold("b.txt", FILE_SHARE_READ);
+  const ULONGLONG start = ::GetTickCount64();
+  std::thread holder([&source] {
+    ::Sleep(kAlmostTwoSeconds);
+    source.close();
+  });
+  const std::int32_t error = errorRaisedBy([&] { files_.copyFile(path("a.txt"), path("b.txt")); });
+  const ULONGLONG taken = ::GetTickCount64() - start;
+  holder.join();
+
+  EXPECT_EQ(error, 70);
+  EXPECT_THAT(taken, AllOf(Ge(kPatience), Le(kPatience + kDelay)));
+  EXPECT_THAT(disk_.contents(), ElementsAre(Pair("a.txt", "a"), Pair("b.txt", "b")));
+}
+
 TEST_F(HeldFiles, DoNotKeepAnybodyFromAFileThatIsNotThere) {
   const ULONGLONG start = ::GetTickCount64();
   EXPECT_EQ(errorRaisedBy([&] { (void)files_.open(path("missing.txt")); }), 53);
