@@ -1,5 +1,7 @@
 #include "cli/add_command.h"
 
+#include <optional>
+
 #include "cli/addition.h"
 #include "cli/addition_batch.h"
 #include "cli/addition_run.h"
@@ -37,16 +39,20 @@ ExitStatus addOne(const AddArguments& arguments) {
 ExitStatus runJob(const AddRequest& request) {
   Wiring wiring("", processTerminal(/*mayAsk=*/false));
   Job job;
-  const ExitStatus status = reportingFailures(wiring.ui, [&] {
-    job = readJobFile(wiring.files, *request.job, request);
-    return ExitStatus::kDone;
-  });
+  std::optional<FaultyLine> blamed;
+  const ExitStatus status = reportingFailures(
+      wiring.ui,
+      [&] {
+        job = readJobFile(wiring.files, *request.job, request);
+        return ExitStatus::kDone;
+      },
+      &blamed);
   tellAccepted(status, wiring.ui.shown());
   if (status == ExitStatus::kDone) {
     return addAll(job.additions, job.stopsAtFirst, request.json);
   }
   if (request.json) {
-    printFailure(status, wiring.ui.shown(), std::string(kNothingAdded));
+    printFailure(status, wiring.ui.shown(), std::string(kNothingAdded), blamed);
   }
   return status;
 }

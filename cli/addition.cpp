@@ -193,8 +193,7 @@ void Addition::requireOneNaming() const {
 /// The folder dialog lets names like `..` pass, which a person would not type by mistake.
 void Addition::requireFolderInLibrary() const {
   if (isGiven(run_.arguments.folder) && !staysInFolder(trimBlanks(*run_.arguments.folder))) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "--folder " + *run_.arguments.folder + " leads out of the library");
+    throw brokenRule(RuleText::kFolderFlagLeadsOut, {{"FOLDER", *run_.arguments.folder}});
   }
 }
 

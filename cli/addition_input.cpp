@@ -44,24 +44,19 @@ AdditionInput::Ready AdditionInput::makeReady(const TocFile& toc) {
   }
 }
 
-std::string AdditionInput::readyText(const TocFile& toc) {
-  std::optional<LinePlace> mainFile;
-  const TocSurvey survey = surveyTextToc(
-      run_.wiring.module.platform, toc, [&](const TextTocLine& line, const TextTocEntry& entry) {
-        if (!mainFile) {
-          mainFile = placeOfField(line, entry.file);
-        }
-      });
-  run_.mainFilePlace = mainFile.value_or(LinePlace{});
+AdditionInput::Ready AdditionInput::readyText(const TocFile& toc) {
+  const TocSurvey survey = surveyTextToc(run_.wiring.module.platform, toc);
+  run_.statedPlace = survey.statedPlace;
+  run_.mainFilePlace = survey.mainFile;
   if (survey.refusal) {
     run_.blame(toc, survey.refusal->place);
     // It goes on as it stands, so that the boxes show the author's own line.
     return toc.path;
   }
-  requireReadableDepth(survey, toc.name);
+  if (survey.tooDeep) {
+    return refuse(toc, *survey.tooDeep, ExitStatus::kNotParseable);
+  }
   std::string ready = survey.hasMarks ? toc.path : preparedCopyOf(toc);
-  readingInput(run_.arguments.toc,
-               [&] { run_.statedPlace = readStatedPlace(run_.wiring.module.platform, ready); });
   tellOfUnusedFolder();
   const std::optional<std::string> acronym = valueAt(run_.arguments.acronyms, 0);
   if (!run_.statedPlace.refusal && isGiven(acronym)) {
@@ -89,13 +84,12 @@ AdditionInput::Ready AdditionInput::readyPage(const TocFile& toc) {
   if (survey.rules.refusal) {
     return refuse(toc, *survey.rules.refusal, ExitStatus::kRefused);
   }
-  requireReadableDepth(survey.rules, toc.name);
-  run_.statedPlace = survey.place;
-  if (run_.statedPlace.refusal) {
-    return refuse(toc,
-                  {.violation = {.message = *run_.statedPlace.refusal, .offersLine = false},
-                   .place = {.line = run_.statedPlace.line}},
-                  ExitStatus::kRefused);
+  if (survey.rules.tooDeep) {
+    return refuse(toc, *survey.rules.tooDeep, ExitStatus::kNotParseable);
+  }
+  run_.statedPlace = survey.rules.statedPlace;
+  if (const auto refusal = refusalOfStatedPlace(survey.rules)) {
+    return refuse(toc, *refusal, ExitStatus::kRefused);
   }
   tellNotes(run_.wiring.ui, survey, toc);
   // Offered in the dialog, as the component would offer it.
@@ -123,17 +117,12 @@ AdditionInput::Ready AdditionInput::readyBookFile(const TocFile& toc) {
   }
   run_.statedPlace.folder = survey.folder;
   requireUsableLinks(toc);
-  const bool asks = asksFirst(run_.arguments);
-  // No answer of a dialog could change it. Of a book that it finds the component itself tells.
-  if (run_.wiring.mayAsk || (!asks && !isInCatalogue(survey))) {
-    requireOwnBookFile(survey);
-  }
-  if (!asks) {
+  // No answer of a dialog and no flag could change it.
+  requireOwnBookFile(survey);
+  if (!asksFirst(run_.arguments)) {
     run_.requireOwnLetters(
         survey.name, survey.acronym, {AbandonReason::kAnswerMissing, "give --name and --acro"});
-  } else if (askForNames(toc)) {
-    requireOwnBookFile(survey);
-  } else {
+  } else if (!askForNames(toc)) {
     return ExitStatus::kRefused;
   }
   tellOfUnusedFolder();
@@ -151,16 +140,6 @@ void AdditionInput::requireUsableLinks(const TocFile& toc) {
   }
 }
 
-/// Whether the component finds a book of this name or acronym, and asks for others.
-bool AdditionInput::isInCatalogue(const BookFileSurvey& survey) const {
-  const auto rules = run_.wiring.toolset.createXmlTextRules();
-  const std::string name = rules->mstrCheckSpecialCharecters(survey.name);
-  const std::string acronym = rules->mstrCheckSpecialCharecters(survey.acronym);
-  return std::any_of(run_.booksBefore.begin(), run_.booksBefore.end(), [&](const ListedBook& book) {
-    return book.name == name || book.acronym == acronym;
-  });
-}
-
 /// The book file keeps its name in the library, whatever the book is called there.
 void AdditionInput::requireOwnBookFile(const BookFileSurvey& survey) {
   const Locale& locale = run_.wiring.locale;
@@ -168,9 +147,9 @@ void AdditionInput::requireOwnBookFile(const BookFileSurvey& survey) {
   for (const ListedBook& book : run_.booksBefore) {
     if (locale.compareText(book.folder, survey.folder) == 0 &&
         locale.compareText(book.bookFile, name) == 0) {
-      throw CommandFailure(
-          ExitStatus::kRefused,
-          nativeName(bookFileOf(run_.library, book)) + ": it is the book file of " + titleOf(book));
+      throw brokenRule(
+          RuleText::kBookFileTaken,
+          {{"FILE", nativeName(bookFileOf(run_.library, book))}, {"BOOK", titleOf(book)}});
     }
   }
 }

@@ -30,12 +30,11 @@ class AdditionInput {
 
  private:
   /// The table itself, or a copy in the form that the generator reads.
-  [[nodiscard]] std::string readyText(const TocFile& toc);
+  [[nodiscard]] Ready readyText(const TocFile& toc);
   [[nodiscard]] std::string preparedCopyOf(const TocFile& toc);
   [[nodiscard]] Ready readyPage(const TocFile& toc);
   [[nodiscard]] Ready readyBookFile(const TocFile& toc);
   void requireUsableLinks(const TocFile& toc);
-  [[nodiscard]] bool isInCatalogue(const BookFileSurvey& survey) const;
   void requireOwnBookFile(const BookFileSurvey& survey);
   [[nodiscard]] Ready readyWorkbook(const TocFile& toc);
   [[nodiscard]] bool isRefused(const TocFile& toc, std::vector<WorkbookViolation> violations);

@@ -61,7 +61,7 @@ void requireUsableFolder(Wiring& wiring, const std::string& folder) {
     scratch.bookFolder.click(kOkButton);
   });
   if (!staysInFolder(name)) {
-    throw CommandFailure(ExitStatus::kRefused, "--folder " + folder + " leads out of the library");
+    throw brokenRule(RuleText::kFolderFlagLeadsOut, {{"FOLDER", folder}});
   }
   requireNameThatFits(name, "--folder");
 }

@@ -27,8 +27,16 @@ void offerBooks(CLI::App& app, Task& task) {
   auto [command, arguments] =
       offer(app, task, "books", "List the books of a library, or those of a workbook", runBooks);
   addPlace(command, arguments.place);
-  CLI::Option& server = *command.get_option("--server")->required(false);
-  CLI::Option& library = *command.get_option("--library")->required(false);
+  CLI::Option& server =
+      *command.get_option("--server")
+           ->required(false)
+           ->description(
+               "Folder of the documentation server; required unless --in is given, or the "
+               "environment names it as QUOR_SERVER");
+  CLI::Option& library =
+      *command.get_option("--library")
+           ->required(false)
+           ->description("Name of the library on the server; required unless --in is given");
   CLI::Option& workbook =
       *command.add_option("--in", arguments.workbook, "The workbook to list, instead of a library")
            ->check(refusalOfEmptyText)

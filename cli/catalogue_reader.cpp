@@ -87,7 +87,7 @@ const ListedBook& requireBook(const std::vector<ListedBook>& books,
     return readableName(book.*stored) == typed;
   });
   if (found == books.end()) {
-    throw CommandFailure(ExitStatus::kRefused, "there is no book " + typed + " in " + library);
+    throw brokenRule(RuleText::kNoSuchBook, {{"BOOK", typed}, {"LIBRARY", library}});
   }
   return *found;
 }

@@ -69,8 +69,7 @@ void requireNewName(const Categories& categories,
                     const std::string& name,
                     const std::string& library) {
   if (has(categories, name)) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "there is a category " + name + " in " + library + " already");
+    throw brokenRule(RuleText::kCategoryTaken, {{"CATEGORY", name}, {"LIBRARY", library}});
   }
 }
 
@@ -100,16 +99,15 @@ void requireOwnCategory(LibraryChange& change, const std::string& name, std::int
                 isDefault;
   });
   if (isDefault) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "the category " + name + " is a default of the server and keeps its name");
+    throw brokenRule(RuleText::kCategoryIsDefault, {{"CATEGORY", name}});
   }
 }
 
 std::string renameCategory(LibraryChange& change, const RenameCategoryArguments& arguments) {
   const Categories categories = requireCategories(change);
   if (!has(categories, arguments.oldName)) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "there is no category " + arguments.oldName + " in " + change.library());
+    throw brokenRule(RuleText::kNoSuchCategory,
+                     {{"CATEGORY", arguments.oldName}, {"LIBRARY", change.library()}});
   }
   requireCategoryNames({arguments.oldName, arguments.newName});
   requireNewName(categories, arguments.newName, change.library());

@@ -8,6 +8,7 @@
 #include "cli/page_survey.h"
 #include "cli/point_of_need.h"
 #include "cli/report.h"
+#include "cli/required_document.h"
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "cli/wiring.h"
@@ -63,13 +64,20 @@ void reportRefusal(CheckReport& report, const TocRefusal& refusal, Wiring& wirin
   tellRefusal(wiring.ui, refusal);
 }
 
-ExitStatus judge(CheckReport& report, const TocSurvey& survey, const TocFile& toc, Wiring& wiring) {
+ExitStatus judge(CheckReport& report, const TocSurvey& survey, Wiring& wiring) {
   report.entries = survey.entries;
   if (survey.refusal) {
     reportRefusal(report, *survey.refusal, wiring);
     return ExitStatus::kRefused;
   }
-  requireReadableDepth(survey, toc.name);
+  if (survey.tooDeep) {
+    reportRefusal(report, *survey.tooDeep, wiring);
+    return ExitStatus::kNotParseable;
+  }
+  if (const auto refusal = refusalOfStatedPlace(survey)) {
+    reportRefusal(report, *refusal, wiring);
+    return ExitStatus::kRefused;
+  }
   return ExitStatus::kDone;
 }
 
@@ -80,7 +88,7 @@ ExitStatus checkText(CheckReport& report, const TocFile& toc, Wiring& wiring) {
   const auto note = [&search](const TextTocLine& line, const TextTocEntry& entry) {
     search.note(line.number, entry.file);
   };
-  return judge(report, surveyTextToc(wiring.module.platform, toc, note), toc, wiring);
+  return judge(report, surveyTextToc(wiring.module.platform, toc, note), wiring);
 }
 
 ExitStatus checkPage(CheckReport& report, const TocFile& toc, Wiring& wiring) {
@@ -89,7 +97,7 @@ ExitStatus checkPage(CheckReport& report, const TocFile& toc, Wiring& wiring) {
     search.note(line, document);
   };
   const PageSurvey survey = surveyHtmlToc(wiring.module.platform, toc, note);
-  const ExitStatus status = judge(report, survey.rules, toc, wiring);
+  const ExitStatus status = judge(report, survey.rules, wiring);
   if (status == ExitStatus::kDone) {
     tellNotes(wiring.ui, survey, toc);
   }
@@ -107,6 +115,9 @@ ExitStatus checkBookFile(CheckReport& report, const TocFile& toc, Wiring& wiring
     search.note(document.line, document.name);
   }
   report.entries = survey.headings;
+  if (survey.missingElement) {
+    throw missingElement(toc.path, *survey.missingElement);
+  }
   return ExitStatus::kDone;
 }
 

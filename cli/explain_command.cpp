@@ -26,7 +26,7 @@ Json textOrNull(std::string_view text) {
 
 Json toJson(const Explanation& explanation) {
   return {{"number", explanation.number == 0 ? Json(nullptr) : Json(explanation.number)},
-          {"text", explanation.text},
+          {"text", plainText(explanation.text)},
           {"topic", wordFor(explanation.topic)},
           {"shown", shownBox(explanation)},
           {"meaning", explanation.meaning},
@@ -48,7 +48,7 @@ void printList() {
   for (const Explanation& explanation : kExplanations) {
     rows.push_back({numberOf(explanation),
                     std::string(wordFor(explanation.topic)),
-                    std::string(trimBlanks(explanation.text))});
+                    plainText(trimBlanks(explanation.text))});
   }
   printTable(rows);
 }

@@ -37,12 +37,28 @@ bool isAmong(const std::array<ErrorNumber, count>& errors, std::int32_t number) 
   });
 }
 
+/// The rule that is broken where a file can't be used, if it is one of those that people meet.
+std::optional<RuleText> ruleOf(const RunTimeError& error) {
+  if (error.is(ErrorNumber::kPathNotFound)) {
+    return RuleText::kNoSuchPath;
+  }
+  if (error.is(ErrorNumber::kFileNotFound)) {
+    return RuleText::kNoSuchFile;
+  }
+  return error.is(ErrorNumber::kPermissionDenied) ? std::optional(RuleText::kNoRight)
+                                                  : std::nullopt;
+}
+
 /// Runs `step`; a run-time error in it is a failure with `status` that names the file.
 void concerning(std::string_view name, ExitStatus status, const std::function<void()>& step) {
   try {
     step();
   } catch (const RunTimeError& error) {
-    throw CommandFailure(status, std::string(name).append(": ").append(error.description()));
+    const std::string file(name);
+    if (const auto rule = ruleOf(error)) {
+      throw brokenRule(*rule, {{"FILE", file}}, status);
+    }
+    throw CommandFailure(status, file + ": " + error.description());
   }
 }
 
@@ -55,6 +71,10 @@ std::optional<FaultyLine> faultyLineOf(const Platform& platform,
 }
 
 }  // namespace
+
+CommandFailure brokenRule(RuleText rule, const TextWords& words, ExitStatus status) {
+  return {status, filledText(text(rule), words)};
+}
 
 bool isWriteError(std::int32_t number) {
   return isAmong(kWriteErrors, number);
@@ -72,15 +92,25 @@ void writingOutput(std::string_view name, const std::function<void()>& step) {
   concerning(name, ExitStatus::kWriteFailed, step);
 }
 
+std::string faultIn(const std::string& name, const LinePlace& place, const std::string& what) {
+  if (place.column == 0) {
+    return placeIn(name, place.line) + what;
+  }
+  return filledText(text(RuleText::kFaultAtPlace),
+                    {{"FILE", name},
+                     {"LINE", std::to_string(place.line)},
+                     {"COLUMN", std::to_string(place.column)},
+                     {"REASON", what}});
+}
+
 CommandFailure loadFailure(const Platform& platform,
                            const std::string& path,
                            const XmlLoadResult& result) {
   const ExitStatus status = result.line > 0 ? ExitStatus::kNotParseable : ExitStatus::kInputMissing;
   const LinePlace place{.line = static_cast<std::size_t>(result.line),
                         .column = static_cast<std::size_t>(result.column)};
-  return {status,
-          placeIn(nativeName(path), place.line, place.column) + result.reason,
-          faultyLineOf(platform, path, place)};
+  return {
+      status, faultIn(nativeName(path), place, result.reason), faultyLineOf(platform, path, place)};
 }
 
 void requireReadable(FileSystem& files, std::string_view path, std::string_view name) {
@@ -100,12 +130,17 @@ UnexpectedEnd endBy(const std::exception& error) {
   return {std::string("internal error: ") + error.what(), ExitStatus::kInternal};
 }
 
-ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand) {
+ExitStatus reportingFailures(UserInterface& ui,
+                             const std::function<ExitStatus()>& subcommand,
+                             std::optional<FaultyLine>* blamed) {
   try {
     return subcommand();
   } catch (const CommandFailure& failure) {
     ui.show(criticalMessage(failure.what()));
     std::cerr << (failure.line() ? markedLine(*failure.line()) : "");
+    if (blamed != nullptr) {
+      *blamed = failure.line();
+    }
     return failure.status();
   } catch (const AlreadyTold& told) {
     return told.status();

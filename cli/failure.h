@@ -11,6 +11,8 @@
 
 #include "cli/exit_status.h"
 #include "cli/line_place.h"
+#include "platform/filled_text.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
@@ -35,6 +37,11 @@ class CommandFailure : public std::runtime_error {
   ExitStatus status_;
   std::optional<FaultyLine> line_;
 };
+
+/// The failure by a rule of the command's own, told by the text of `rule` with `words` put in.
+CommandFailure brokenRule(RuleText rule,
+                          const TextWords& words,
+                          ExitStatus status = ExitStatus::kRefused);
 
 /// Ends a subcommand whose user has been told why, by a box of the component or by an own answer.
 class AlreadyTold : public std::exception {
@@ -61,6 +68,9 @@ void readingInput(std::string_view name, const std::function<void()>& step);
 /// CommandFailure: the write failed.
 void writingOutput(std::string_view name, const std::function<void()>& step);
 
+/// What is wrong in the file that the user knows as `name`, with the place, as far as it is known.
+std::string faultIn(const std::string& name, const LinePlace& place, const std::string& what);
+
 /// The failure to load the XML file at `path`, which the component names so. It shows the line to
 /// blame with a mark under it; without such a line it is not the contents that are wrong: the file
 /// can't be read.
@@ -85,7 +95,10 @@ UnexpectedEnd endBy(const std::exception& error);
 bool isLackOfMemory(std::int32_t number);
 
 /// Runs a subcommand. A CommandFailure is shown in a critical box and ends it with its status, any
-/// other exception but `AlreadyTold` and `Abandoned` likewise as `endBy` says.
-ExitStatus reportingFailures(UserInterface& ui, const std::function<ExitStatus()>& subcommand);
+/// other exception but `AlreadyTold` and `Abandoned` likewise as `endBy` says. The line to blame
+/// goes to `blamed` as well, where there is one and it is asked for.
+ExitStatus reportingFailures(UserInterface& ui,
+                             const std::function<ExitStatus()>& subcommand,
+                             std::optional<FaultyLine>* blamed = nullptr);
 
 }  // namespace quorbind

@@ -106,9 +106,7 @@ class Initialisation {
       throw loadFailure(wiring_.module.platform, paths_.selection, result);
     }
     if (!listOf(*document)) {
-      throw CommandFailure(ExitStatus::kNotParseable,
-                           nativeName(paths_.selection) + ": the element " +
-                               std::string(selection_names::kQuors) + " is missing");
+      throw missingElement(paths_.selection, selection_names::kQuors);
     }
     return document;
   }

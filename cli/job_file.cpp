@@ -14,7 +14,6 @@
 
 #include "cli/failure.h"
 #include "cli/grammar.h"
-#include "cli/marked_line.h"
 #include "cli/paths.h"
 #include "cli/suggestion.h"
 #include "cli/text_list.h"
@@ -314,16 +313,19 @@ class JobReader {
   [[noreturn]] void fail(const toml::source_region& source,
                          const std::string& what,
                          ExitStatus status = ExitStatus::kRefused) const {
-    const std::size_t line = source.begin.line;
-    std::string message = placeIn(name_, line, source.begin.column) + what;
-    if (line > 0) {
-      const bool isOnOneLine = source.end.line == line && source.end.column > source.begin.column;
-      const std::size_t length = isOnOneLine ? source.end.column - source.begin.column : 1;
-      message +=
-          "\n" + markedLine(std::to_string(line), textOfLine(line), source.begin.column, length);
-      message.pop_back();
+    const LinePlace place{.line = source.begin.line, .column = source.begin.column};
+    throw CommandFailure(status, faultIn(name_, place, what), faultyLineAt(source));
+  }
+
+  [[nodiscard]] std::optional<FaultyLine> faultyLineAt(const toml::source_region& source) const {
+    const auto& [begin, end] = std::pair{source.begin, source.end};
+    if (begin.line == 0) {
+      return std::nullopt;
     }
-    throw CommandFailure(status, message);
+    const bool isOnOneLine = end.line == begin.line && end.column > begin.column;
+    const std::size_t length = isOnOneLine ? end.column - begin.column : 1;
+    return FaultyLine{.place = {.line = begin.line, .column = begin.column, .length = length},
+                      .text = std::string(textOfLine(begin.line))};
   }
 
   [[nodiscard]] std::string_view textOfLine(std::size_t number) const {

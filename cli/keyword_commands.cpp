@@ -185,12 +185,12 @@ std::string renameKeyword(LibraryChange& change, const RenameKeywordArguments& a
   const std::vector<std::string> keywords = requireKeywordsOf(change, book);
   const auto oldWord = find(change, keywords, arguments.oldWord);
   if (!oldWord) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         titleOf(book) + " does not have the keyword " + arguments.oldWord);
+    throw brokenRule(RuleText::kKeywordMissing,
+                     {{"BOOK", titleOf(book)}, {"KEYWORD", arguments.oldWord}});
   }
   if (find(change, keywords, arguments.newWord)) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         titleOf(book) + " has the keyword " + arguments.newWord + " already");
+    throw brokenRule(RuleText::kKeywordTaken,
+                     {{"BOOK", titleOf(book)}, {"KEYWORD", arguments.newWord}});
   }
   callComponent(change.wiring(), [&] {
     Quor_Book(change.module())

@@ -91,7 +91,7 @@ class PageSurveyor final : public HtmlTocListener {
     const std::size_t line = lines_.lineAt(block.position);
     noteLineBreaksIn(block.text, *title, line);
     noteLinkIdentifierOf(block.text, line);
-    note(line, level);
+    note(block, line, level);
     return true;
   }
 
@@ -174,29 +174,33 @@ class PageSurveyor final : public HtmlTocListener {
     return title;
   }
 
-  void note(std::size_t line, std::int16_t headingLevel) {
+  void note(const HtmlTocPiece& block, std::size_t line, std::int16_t headingLevel) {
     constexpr int kDeepest = std::numeric_limits<std::int16_t>::max();
     const auto level = static_cast<std::int16_t>(std::min(headingLevel + 1, kDeepest));
     TocSurvey& rules = survey_.rules;
     if (++rules.entries == 1) {
-      survey_.place = statedPlaceOfPage(page_);
-      survey_.place.line = line;
+      rules.statedPlace = statedPlaceOfPage(page_);
+      rules.statedPlace.line = line;
+      rules.mainFile = {.line = line};
     }
-    if (level > rules.deepestLevel) {
-      rules.deepestLevel = level;
-      rules.deepestLine = line;
+    if (isTooDeep(level) && !rules.tooDeep) {
+      rules.tooDeep = refusalOfDepth(placeOf(block, lines_, tagOf(block.text).size()));
     }
   }
 
   /// What is to blame begins where the piece does.
+  LinePlace placeOf(const HtmlTocPiece& piece, LineCounter& lines, std::size_t blamedLength) {
+    const std::string_view line = lineAround(page_, piece.position);
+    const std::string_view blamed = upToLineEnd(page_.substr(piece.position, blamedLength));
+    return placeOfPart(lines.lineAt(piece.position), line, blamed);
+  }
+
   bool refuse(const HtmlTocPiece& piece,
               LineCounter& lines,
               const TocViolation& violation,
               std::size_t blamedLength) {
-    const std::string_view line = lineAround(page_, piece.position);
-    const std::string_view blamed = upToLineEnd(page_.substr(piece.position, blamedLength));
     survey_.rules.refusal = {.violation = violation,
-                             .place = placeOfPart(lines.lineAt(piece.position), line, blamed),
+                             .place = placeOf(piece, lines, blamedLength),
                              .text = std::string(piece.text)};
     return false;
   }

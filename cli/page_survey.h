@@ -9,7 +9,6 @@
 #include "cli/toc_file.h"
 #include "cli/toc_survey.h"
 #include "platform/platform.h"
-#include "toc/book_place.h"
 
 namespace quorbind {
 
@@ -22,12 +21,10 @@ struct PageNote {
 /// What an HTML page as a table of contents looks like before the component is asked to take it.
 struct PageSurvey {
   /// Its entries are the headings, their levels those of the export. A refusal names the place of
-  /// the heading, the title or the tag at fault.
+  /// the heading, the title or the tag at fault; that of the stated place the line of the heading.
   TocSurvey rules;
   /// The title of the book; empty when the page has none.
   std::string title;
-  /// Where the page says that the book belongs.
-  StatedPlace place;
   /// Whether it has link identifiers to be recorded.
   bool hasLinkIdentifiers = false;
   /// What will not come out as its author meant it, although no rule is broken.

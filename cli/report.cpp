@@ -58,15 +58,19 @@ void addText(Json& object, const char* name, std::string_view text) {
   }
 }
 
+void addLine(Json& object, const LinePlace& place, const std::optional<std::string>& line) {
+  addNumber(object, "line", place.line);
+  addNumber(object, "column", place.column);
+  addNumber(object, "length", place.length);
+  if (line) {
+    object["text"] = *line;
+  }
+}
+
 /// What was refused, and what would have been accepted.
 template <typename Report>
 void addRefusal(Json& object, const Report& report, const std::vector<ShownMessage>& messages) {
-  addNumber(object, "line", report.place.line);
-  addNumber(object, "column", report.place.column);
-  addNumber(object, "length", report.place.length);
-  if (report.lineText) {
-    object["text"] = *report.lineText;
-  }
+  addLine(object, report.place, report.lineText);
   if (isRefusal(report.status) && !hasViolations(report) && !messages.empty()) {
     addText(object, "expected", acceptedInsteadOf(messages.back().text));
   }
@@ -291,8 +295,14 @@ void tellFailure(const Report& report,
 
 void printFailure(ExitStatus status,
                   const std::vector<ShownMessage>& messages,
-                  const std::string& note) {
-  printJson({{"status", static_cast<int>(status)}, {"messages", toJson(messages)}, {"note", note}});
+                  const std::string& note,
+                  const std::optional<FaultyLine>& blamed) {
+  Json object = {{"status", static_cast<int>(status)}, {"messages", toJson(messages)}};
+  if (blamed) {
+    addLine(object, blamed->place, blamed->text);
+  }
+  object["note"] = note;
+  printJson(std::move(object));
 }
 
 void tellAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages) {

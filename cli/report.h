@@ -105,10 +105,11 @@ struct PreparationReport {
 };
 
 /// The end of a run that has nothing to report but its failure, as one JSON object. `note` says why
-/// the status is not 0.
+/// the status is not 0, and `blamed` is the line of a file that is the reason.
 void printFailure(ExitStatus status,
                   const std::vector<ShownMessage>& messages,
-                  const std::string& note);
+                  const std::string& note,
+                  const std::optional<FaultyLine>& blamed = std::nullopt);
 
 /// Tells on the error output of an addition that failed.
 void tellAddition(const AdditionReport& report, const std::vector<ShownMessage>& messages);

@@ -26,8 +26,9 @@ XmlNode requireElement(const XmlDocument& document,
 }
 
 CommandFailure missingElement(const std::string& path, std::string_view element) {
-  return {ExitStatus::kNotParseable,
-          nativeName(path) + ": the element " + std::string(element) + " is missing"};
+  return brokenRule(RuleText::kElementMissing,
+                    {{"FILE", nativeName(path)}, {"ELEMENT", std::string(element)}},
+                    ExitStatus::kNotParseable);
 }
 
 std::string childText(const XmlNode& parent, std::string_view element) {

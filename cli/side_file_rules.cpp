@@ -43,7 +43,7 @@ Faults faultsOfCategories(const std::vector<std::string>& names) {
   Faults faults;
   for (const std::string& name : names) {
     if (contains(name, "'")) {
-      faults.push_back(categoryFault(name, " can not be looked up: it holds an apostrophe"));
+      faults.push_back(filledText(text(RuleText::kCategoryNotSought), {{"CATEGORY", name}}));
     } else if (!fitsFile(name)) {
       faults.push_back(categoryFault(name, kNotHeld));
     }

@@ -12,6 +12,8 @@ std::size_t editDistance(std::string_view left, std::string_view right);
 
 /// ` Did you mean 'check'?` when some of `known` are so near to `word`, whatever the letter case,
 /// that it is probably a slip of the hand, all of those that are equally near; empty when none is.
+/// One that begins with three letters or more of `word`, and that is all of it, is as near as one
+/// that is a letter away.
 std::string suggestionFor(std::string_view word, const std::vector<std::string>& known);
 
 }  // namespace quorbind

@@ -4,6 +4,7 @@
 #include "platform/runtime_error.h"
 #include "platform/user_interface.h"
 #include "platform/xml_document.h"
+#include "resources/rule_texts.h"
 #include "toc/text_form.h"
 
 namespace quorbind {
@@ -28,7 +29,7 @@ class TextSurveyor final : public TextTocListener {
              placeOfField(line, isLevelAccepted ? entry.name : pieces.at(kLevelPiece)));
       return false;
     }
-    note(line, entry);
+    note(line, pieces, entry);
     if (visitor_) {
       visitor_(line, entry);
     }
@@ -44,12 +45,14 @@ class TextSurveyor final : public TextTocListener {
     survey_.refusal = {.violation = violation, .place = place, .text = std::string(line.text)};
   }
 
-  void note(const TextTocLine& line, const TextTocEntry& entry) {
-    ++survey_.entries;
+  void note(const TextTocLine& line, const Pieces& pieces, const TextTocEntry& entry) {
+    if (++survey_.entries == 1) {
+      survey_.statedPlace = statedPlaceOf(entry.file, line.number);
+      survey_.mainFile = placeOfField(line, entry.file);
+    }
     survey_.hasMarks = survey_.hasMarks || contains(line.text, text_form::kMarker);
-    if (entry.level > survey_.deepestLevel) {
-      survey_.deepestLevel = entry.level;
-      survey_.deepestLine = line.number;
+    if (isTooDeep(entry.level) && !survey_.tooDeep) {
+      survey_.tooDeep = refusalOfDepth(placeOfField(line, pieces.at(kLevelPiece)));
     }
   }
 
@@ -75,7 +78,13 @@ void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, TextS
 TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const EntryVisitor& visitor) {
   TocSurvey survey;
   TextSurveyor surveyor(survey, visitor);
-  readingInput(toc.name, [&] { walk(platform, toc, survey, surveyor); });
+  readingInput(toc.name, [&] {
+    walk(platform, toc, survey, surveyor);
+    // One that goes on as it stands is read by its marks.
+    if (survey.hasMarks) {
+      survey.statedPlace = readStatedPlace(platform, toc.path);
+    }
+  });
   return survey;
 }
 
@@ -90,13 +99,24 @@ void tellRefusal(UserInterface& ui, const TocRefusal& refusal) {
   }
 }
 
-void requireReadableDepth(const TocSurvey& survey, const std::string& name) {
+bool isTooDeep(std::int16_t level) {
   // A heading of level 2 stands inside the document's element and the list of headings, and has its
   // name inside it.
-  if (survey.deepestLevel + 2 > kMaximumXmlDepth) {
-    throw CommandFailure(ExitStatus::kNotParseable,
-                         placeIn(name, survey.deepestLine) + "the headings are nested too deeply");
+  return level + 2 > kMaximumXmlDepth;
+}
+
+TocRefusal refusalOfDepth(const LinePlace& place) {
+  return {
+      .violation = {.message = std::string(text(RuleText::kHeadingTooDeep)), .offersLine = false},
+      .place = place};
+}
+
+std::optional<TocRefusal> refusalOfStatedPlace(const TocSurvey& survey) {
+  if (!survey.statedPlace.refusal) {
+    return std::nullopt;
   }
+  return TocRefusal{.violation = {.message = *survey.statedPlace.refusal, .offersLine = false},
+                    .place = survey.mainFile};
 }
 
 }  // namespace quorbind

@@ -9,6 +9,7 @@
 #include "cli/line_place.h"
 #include "cli/toc_file.h"
 #include "platform/platform.h"
+#include "toc/book_place.h"
 #include "toc/text_toc.h"
 
 namespace quorbind {
@@ -29,8 +30,13 @@ struct TocSurvey {
   std::size_t entries = 0;
   /// Whether an entry carries the marks that the generator reads.
   bool hasMarks = false;
-  std::int16_t deepestLevel = 0;
-  std::size_t deepestLine = 0;
+  /// The refusal of the first heading that lies so deep that the book file would be one that no
+  /// reader takes. It counts when no rule is broken.
+  std::optional<TocRefusal> tooDeep;
+  /// Where the table says that the book belongs, and where the file name of the first entry stands,
+  /// which says it. Good when no rule is broken.
+  StatedPlace statedPlace;
+  LinePlace mainFile;
 };
 
 /// Told of every entry that is accepted; the entry holds during the call only.
@@ -48,8 +54,12 @@ LinePlace placeOfField(const TextTocLine& line, std::string_view field);
 /// Shows the box of the rule, and offers the line where the rule does.
 void tellRefusal(UserInterface& ui, const TocRefusal& refusal);
 
-/// Fails when the headings lie so deep that the book file would be one that no reader takes. `name`
-/// is the user's name for the table of contents.
-void requireReadableDepth(const TocSurvey& survey, const std::string& name);
+/// Whether a heading lies so deep that the book file would be one that no reader takes.
+bool isTooDeep(std::int16_t level);
+/// The refusal of such a heading, whose level stands at `place`.
+TocRefusal refusalOfDepth(const LinePlace& place);
+
+/// The refusal of the place that the table states; nothing when a book may lie there.
+std::optional<TocRefusal> refusalOfStatedPlace(const TocSurvey& survey);
 
 }  // namespace quorbind

@@ -3,33 +3,41 @@
 #include <new>
 #include <optional>
 #include <string>
-#include <string_view>
 
+#include "platform/filled_text.h"
 #include "resources/rule_texts.h"
 
 namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kBeginning = text(RuleText::kRunTimeError);
+RuleText ruleOf(ErrorWording wording) {
+  switch (wording) {
+    case ErrorWording::kSourceLine:
+      return RuleText::kRunTimeError;
+    case ErrorWording::kTightSourceLine:
+      return RuleText::kRunTimeErrorTight;
+    case ErrorWording::kWideSourceLine:
+      return RuleText::kRunTimeErrorWide;
+    case ErrorWording::kInProcedure:
+      return RuleText::kRunTimeErrorInProcedure;
+    case ErrorWording::kUnderTitle:
+      return RuleText::kRunTimeErrorUnderTitle;
+  }
+  return RuleText::kRunTimeError;
+}
+
+bool hasSourceLine(ErrorWording wording) {
+  return wording != ErrorWording::kInProcedure && wording != ErrorWording::kUnderTitle;
+}
 
 std::string wordError(const ErrorSource& source, const RunTimeError& error) {
-  const std::string number = std::to_string(error.number());
-  const std::string& description = error.description();
-  const std::string sourceLine = "\r" + std::string(source.text);
-  switch (source.wording) {
-    case ErrorWording::kSourceLine:
-      return std::string(kBeginning) + number + "): " + description + sourceLine;
-    case ErrorWording::kTightSourceLine:
-      return std::string(kBeginning) + number + "):" + description + sourceLine;
-    case ErrorWording::kWideSourceLine:
-      return "Error (" + number + " ):" + description + sourceLine;
-    case ErrorWording::kInProcedure:
-      return "Error " + number + " (" + description + ") in procedure " + std::string(source.text);
-    case ErrorWording::kUnderTitle:
-      return number + ": " + description;
-  }
-  return description;
+  const std::string procedure(source.text);
+  const std::string words = filledText(text(ruleOf(source.wording)),
+                                       {{"NUMBER", std::to_string(error.number())},
+                                        {"DESCRIPTION", error.description()},
+                                        {"OPERATION", procedure}});
+  return hasSourceLine(source.wording) ? words + "\r" + procedure : words;
 }
 
 std::optional<std::string> titleOf(const ErrorSource& source) {

@@ -18,6 +18,7 @@ enum class Topic {
   kNaming,       ///< names, acronyms and folders of books
   kRecords,      ///< search keywords and link identifiers
   kLibrary,      ///< the library and its server
+  kCommand,      ///< what the command itself refuses
   kProgress,     ///< what a run is doing; no fault
   kPart,         ///< a text that only stands in others
 };
@@ -28,6 +29,7 @@ struct Explanation {
   std::string_view name;
   /// 0 for a message without a number.
   int number = 0;
+  /// Words in braces stand for what differs.
   std::string_view text;
   Topic topic = Topic::kEveryToc;
   /// The whole box, with signs for what stands elsewhere.

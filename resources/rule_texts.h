@@ -4,9 +4,9 @@
 
 namespace quorbind {
 
-/// The texts without a number by which tables of contents and names are refused, and that which
-/// begins the boxes of run-time errors, by name. They stand with their explanations in
-/// explanations.def.
+/// The texts without a number by which tables of contents and names are refused, those of run-time
+/// errors, and those by which the command itself refuses something, by name. They stand with their
+/// explanations in explanations.def.
 enum class RuleText {
 #define QUOR_EXPLANATION(name, topic, shown, meaning, accepted, mending)
 #define QUOR_RULE_TEXT(name, text, topic, shown, meaning, accepted, mending) name,
@@ -15,7 +15,7 @@ enum class RuleText {
 #undef QUOR_EXPLANATION
 };
 
-/// The text of `rule`, letter for letter.
+/// The text of `rule`, letter for letter. Words in braces stand for what differs.
 constexpr std::string_view text(RuleText rule) {
   switch (rule) {
 #define QUOR_EXPLANATION(name, topic, shown, meaning, accepted, mending)
@@ -28,8 +28,5 @@ constexpr std::string_view text(RuleText rule) {
   }
   return {};
 }
-
-/// Stands in the texts about a tag for the tag.
-inline constexpr std::string_view kTagInRuleText = "TAG";
 
 }  // namespace quorbind

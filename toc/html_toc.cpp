@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/filled_text.h"
 #include "platform/number.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -248,7 +249,7 @@ HtmlTagRefusal refusalOfHtmlTag(std::string_view tag, HtmlTagFault fault, const 
   std::string shown = locale.upperCase(tag);
   const RuleText rule =
       fault == HtmlTagFault::kNoStartTag ? RuleText::kEndTagAlone : RuleText::kStartTagAlone;
-  std::string message = replaceAll(text(rule), kTagInRuleText, shown);
+  std::string message = filledText(text(rule), {{"TAG", shown}});
   return {std::move(shown), {std::move(message)}};
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 namespace quorbind {
 
@@ -22,30 +21,6 @@ constexpr std::array kTexts{
 #undef QUOR_FINDING
 };
 
-const std::string& valueOf(std::string_view word, const FindingWords& words) {
-  const auto found = std::find_if(
-      words.begin(), words.end(), [word](const auto& entry) { return entry.first == word; });
-  if (found == words.end()) {
-    throw std::logic_error("a finding does not tell its " + std::string(word));
-  }
-  return found->second;
-}
-
-/// Values are put in once: braces that stand in one mean nothing.
-std::string filled(std::string_view text, const FindingWords& words) {
-  std::string result;
-  while (true) {
-    const std::size_t begin = text.find('{');
-    result += text.substr(0, begin);
-    if (begin == std::string_view::npos) {
-      return result;
-    }
-    const std::size_t end = text.find('}', begin);
-    result += valueOf(text.substr(begin + 1, end - begin - 1), words);
-    text.remove_prefix(end + 1);
-  }
-}
-
 }  // namespace
 
 void Findings::add(FindingKind kind,
@@ -59,8 +34,8 @@ void Findings::add(FindingKind kind,
                        .line = place.line,
                        .column = place.column,
                        .lineText = place.lineText,
-                       .text = filled(texts.sentence, words),
-                       .remedy = filled(texts.remedy, words),
+                       .text = filledText(texts.sentence, words),
+                       .remedy = filledText(texts.remedy, words),
                        .command = std::move(command)});
 }
 

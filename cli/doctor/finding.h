@@ -4,8 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
+
+#include "platform/filled_text.h"
 
 namespace quorbind {
 
@@ -22,7 +23,7 @@ enum class FindingKind {
 };
 
 /// What stands for the words in braces of a finding's texts, by the word.
-using FindingWords = std::vector<std::pair<std::string_view, std::string>>;
+using FindingWords = TextWords;
 
 /// Something that is wrong, with what to do about it.
 struct Finding {

@@ -39,10 +39,16 @@ class LinkExamination {
  private:
   void add(Kind kind, const ListedLink& link, std::size_t index, FindingWords words) {
     words.emplace_back("IDENTIFIER", readableName(link.identifier));
+    words.emplace_back("ACRONYM", quoted(link.acronym));
     library_.findings.add(kind, {library_.paths.linkIds, lines_.lineOf(index)}, words);
   }
 
   void examine(const ListedLink& link, std::size_t index) {
+    if (trimBlanks(link.identifier).empty()) {
+      // Where it leads is nothing that anybody could come to.
+      add(Kind::kNamelessIdentifier, link, index, {});
+      return;
+    }
     const std::vector<LinkPlace>& places = links_.placesOf(link);
     if (places.size() > 1 && told_.insert(linkKeyOf(link)).second) {
       add(Kind::kRepeatedIdentifier, link, index, {{"PLACES", textOf(places)}});
@@ -55,7 +61,7 @@ class LinkExamination {
     }
     const auto entry = library_.entries->withExactAcronym(link.acronym);
     if (!entry) {
-      add(Kind::kUnknownLinkBook, link, index, {{"ACRONYM", quoted(link.acronym)}});
+      add(Kind::kUnknownLinkBook, link, index, {});
       return;
     }
     const ListedBook& book = library_.books[*entry];

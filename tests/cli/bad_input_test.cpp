@@ -143,8 +143,8 @@ TEST_F(BadInput, HeadingsNestedBeyondWhatAReaderTakes) {
   }
   writeToc(entries);
   expectRefusal(4,
-                "critical: toc.txt:257: the headings are nested too deeply\n"
-                "quorbind: toc.txt: nothing was added\n");
+                "critical: The heading lies too deep\n"
+                "quorbind: toc.txt:257:1: nothing was added\n");
 }
 
 TEST_F(BadInput, HeadingsNestedAsDeeplyAsAReaderTakesAreAdded) {

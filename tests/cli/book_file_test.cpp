@@ -140,9 +140,10 @@ TEST_F(BookFile, OneOfNameAndAcronymIsNotEnoughWithoutATerminal) {
   EXPECT_EQ(disk.contents(), before);
 }
 
-TEST_F(BookFile, WhoseNameTheCatalogueHasNeedsOtherFlags) {
+TEST_F(BookFile, WhoseNameTheCatalogueHasNeedsOtherFlagsWhereItsFileIsFree) {
   writeBook();
   EXPECT_EQ(addBook().status, 0);
+  writeBook("Old\\Second");
   const Tree before = disk.contents();
   const Outcome again = addBook();
   EXPECT_EQ(again.status, 6);
@@ -155,6 +156,26 @@ TEST_F(BookFile, WhoseNameTheCatalogueHasNeedsOtherFlags) {
             "critical: Error:Book Name Alarms already Exists\n"
             "quorbind: book.xml: nothing was added: other values are needed for --name and "
             "--acro\n");
+  EXPECT_EQ(disk.contents(), before);
+}
+
+// Other flags would not help: the file keeps its name in the library.
+TEST_F(BookFile, ThatIsInTheLibraryAlreadyIsRefusedWithoutAdvisingFlags) {
+  writeBook();
+  EXPECT_EQ(addBook().status, 0);
+  const Tree before = disk.contents();
+  for (const Words& flags : {Words{},
+                             Words{"--no-input"},
+                             Words{"--name", "Alarms"},
+                             Words{"--name", "Alarms", "--acro", "ALM"}}) {
+    const Outcome again = addBook(flags);
+    EXPECT_EQ(again.status, 1);
+    EXPECT_EQ(again.err,
+              "critical: DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the book file of Alarms "
+              "(ALM)\nquorbind: book.xml: nothing was added\n");
+    EXPECT_EQ(again.help,
+              "accepted: A book file whose folder and acronym no book of the library has.\n");
+  }
   EXPECT_EQ(disk.contents(), before);
 }
 
@@ -203,7 +224,9 @@ TEST_F(BookFile, IsNotAskedForAnotherNameWhereItWouldBeWrittenOverThatOfAnotherB
     TerminalSession session(addCommand(flags));
     EXPECT_EQ(replaceAll(session.finish().out, disk.path().string(), "DISK"),
               "\x1B[1;31mcritical:\x1B[0m DISK/server/Docs/Plant/Manual/Book_ALM.xml: it is the "
-              "book file of Alarms (ALM)\nquorbind: book.xml: nothing was added\n");
+              "book file of Alarms (ALM)\n"
+              "accepted: A book file whose folder and acronym no book of the library has.\n"
+              "quorbind: book.xml: nothing was added\n");
   }
   EXPECT_EQ(disk.contents(), before);
 }
@@ -340,7 +363,12 @@ TEST_F(BookFile, ThatCouldNotStateItsNewPlaceIsNotAdded) {
     EXPECT_EQ(outcome.err,
               std::string("critical: DISK/book.xml: the element ") + name +
                   " is missing\nquorbind: book.xml: nothing was added\n");
-    EXPECT_EQ(quorbind({"check", "book.xml"}).status, 0) << "it breaks no rule";
+    const Outcome checked = quorbind({"check", "book.xml"});
+    EXPECT_EQ(checked.status, 4);
+    EXPECT_EQ(checked.out, "");
+    EXPECT_EQ(checked.err,
+              std::string("critical: DISK/book.xml: the element ") + name +
+                  " is missing\nquorbind: book.xml: not accepted\n");
     EXPECT_EQ(disk.contents(), before);
   }
 }

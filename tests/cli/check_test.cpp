@@ -50,19 +50,50 @@ TEST_F(Check, LooksNowhereButBelowTheFolderOfTheTable) {
   disk.write("sub/toc.txt",
              std::string(kHeader) +
                  "\n\n"
-                 "\"1\" \"Book\" \"..\\outside.htm\" \"\"\n"
+                 "\"1\" \"Book\" \"Manual\\nul.htm\" \"\"\n"
+                 "\"2\" \"Outside\" \"..\\outside.htm\" \"\"\n"
                  "\"2\" \"Root\" \"\\etc\\passwd\" \"\"\n"
                  "\"2\" \"Drive\" \"C:\\etc\\passwd\" \"\"\n"
-                 "\"2\" \"Share\" \"\\\\server\\share\\a.htm\" \"\"\n"
-                 "\"2\" \"Device\" \"Manual\\nul.htm\" \"\"\n");
+                 "\"2\" \"Share\" \"\\\\server\\share\\a.htm\" \"\"\n");
   disk.write("sub/Manual/nul.htm", "");
   EXPECT_EQ(quorbind({"check", "sub/toc.txt"}).out,
-            "sub/toc.txt:3: missing: ..\\outside.htm\n"
-            "sub/toc.txt:4: missing: \\etc\\passwd\n"
-            "sub/toc.txt:5: missing: C:\\etc\\passwd\n"
-            "sub/toc.txt:6: missing: \\\\server\\share\\a.htm\n"
-            "sub/toc.txt:7: missing: Manual\\nul.htm\n"
+            "sub/toc.txt:3: missing: Manual\\nul.htm\n"
+            "sub/toc.txt:4: missing: ..\\outside.htm\n"
+            "sub/toc.txt:5: missing: \\etc\\passwd\n"
+            "sub/toc.txt:6: missing: C:\\etc\\passwd\n"
+            "sub/toc.txt:7: missing: \\\\server\\share\\a.htm\n"
             "sub/toc.txt: accepted, 5 entries.\n");
+}
+
+TEST_F(Check, RefusesAFolderThatAnAdditionWouldRefuseWithTheSameBox) {
+  struct Case {
+    std::string file;
+    std::string box;
+  };
+  const std::vector<Case> cases{
+      {"..\\..\\x\\c.htm",
+       "critical: Error:Book Folder leads out of the library: ..\\..\\x\\c.htm\n"},
+      {"a:b\\c.htm", "critical: Book Folder can not contain (/\\:*?\"<>)\n"},
+      {"a&b\\c.htm", "critical: Book Folder can not contain ('\"&<>)\n"}};
+  initLibrary();
+  for (const auto& [file, box] : cases) {
+    const std::string entry = "\"1\" \"Book\" \"" + file + "\" \"\"\n";
+    const std::string marked = "\"1\" \"Book\" \"" + file + "\" \"\" $@@$1$@@$ $@@$Book$@@$ $@@$" +
+                               file + "$@@$ $@@$$@@$ $@@$#NoLink#$@@$ $@@$#NO_BOOKLINK#$@@$\n";
+    for (const std::string& line : {entry, marked}) {
+      writeToc(line);
+      const Outcome outcome = check();
+      EXPECT_EQ(outcome.status, 1);
+      EXPECT_EQ(outcome.err, box + "quorbind: toc.txt:3:12: not accepted\n");
+      EXPECT_EQ(addAlarms().err, box + "quorbind: toc.txt:3:12: nothing was added\n");
+    }
+    disk.write("toc.htm",
+               "<html>\n<K1><A HREF=\"" + replaceAll(file, "\\", "/") + "\">A</A></K1>\n");
+    const Outcome page = quorbind({"check", "toc.htm"});
+    EXPECT_EQ(page.status, 1);
+    EXPECT_EQ(page.err, box + "quorbind: toc.htm:2: not accepted\n");
+    EXPECT_EQ(addFile("toc.htm", asAlarms()).err, box + "quorbind: toc.htm:2: nothing was added\n");
+  }
 }
 
 TEST_F(Check, RefusesALineWithTheBoxOfTheRule) {

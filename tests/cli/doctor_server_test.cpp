@@ -133,7 +133,10 @@ TEST_F(DoctorReport, OfALibraryThatIsNowhereIsNone) {
   const Outcome outcome = doctor({"--library", "Tools", "--json"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err, "critical: DISK/server/Docs/Tools: Path not found\n");
-  EXPECT_EQ(outcome.out, refusalObject(3, "DISK/server/Docs/Tools: Path not found"));
+  EXPECT_EQ(outcome.out,
+            refusalObject(3,
+                          "DISK/server/Docs/Tools: Path not found",
+                          "A server, a library and a folder that are there."));
 }
 
 TEST_F(DoctorReport, OfALibraryThatNoFolderCanBeIsWrongUsage) {

@@ -176,6 +176,18 @@ TEST_F(DoctorOfLinks, FindsOneThatLeadsNowhere) {
       "1 error, 0 warnings");
 }
 
+TEST_F(DoctorOfLinks, FindsOneThatHasNoIdentifier) {
+  disk.write(kLinks, linksFile(alarmLink("") + alarmLink(" ")));
+  const auto finding = [](const std::string& line) {
+    return "  warning: DISK/server/Docs/Plant/Quor_LinkID.xml:" + line +
+           ": an ID of the book 'ALM' has no identifier, and nothing can link to it "
+           "[nameless-identifier]\n"
+           "    Take it out. If the page has an empty identifier for a heading, give it one there "
+           "too.\n";
+  };
+  expectInPlant(finding("4") + finding("10"), "0 errors, 2 warnings");
+}
+
 TEST_F(DoctorOfLinks, FindsOneWhoseDocumentIsNotThere) {
   disk.write(kLinks, linksFile(alarmLink("X1", "ALM@QUOR@Alarms", "Plant\\Manual\\gone.htm#top")));
   expectInPlant(

@@ -363,8 +363,8 @@ TEST_F(HtmlPage, WithHeadingsBeyondWhatAReaderTakesIsNotAdded) {
   }
   disk.write("toc.htm", page);
   expectRefusal(4,
-                "critical: toc.htm:254: the headings are nested too deeply\n"
-                "quorbind: toc.htm: nothing was added\n");
+                "critical: The heading lies too deep\n"
+                "quorbind: toc.htm:254:1: nothing was added\n");
 }
 
 TEST_F(HtmlPage, ThatBreaksARuleBeyondThatDepthIsRefusedForTheRuleAlone) {

@@ -67,7 +67,10 @@ TEST_F(KeywordList, OfABookThatIsNowhereIsRefused) {
   const Outcome outcome = inPlant({"keywords", "list", "Else", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "critical: there is no book Else in Plant\n");
-  EXPECT_EQ(outcome.out, refusalObject(1, "there is no book Else in Plant"));
+  EXPECT_EQ(
+      outcome.out,
+      refusalObject(
+          1, "there is no book Else in Plant", "A book of the library, in its own letter case."));
 }
 
 using KeywordFind = KeywordsCommand;

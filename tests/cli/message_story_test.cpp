@@ -50,7 +50,52 @@ TEST(MessageStory, OfARunTimeErrorIsFoundByItsBox) {
                        "Quorbind:CTOCToXML::mGenerateTypeAttribute"),
               ElementsAre("kRunTimeError"));
   EXPECT_THAT(namesFor("Error(91):Object variable or With block variable not set"),
+              ElementsAre("kRunTimeErrorTight"));
+  EXPECT_THAT(namesFor("Error (9 ):Subscript out of range"), ElementsAre("kRunTimeErrorWide"));
+  EXPECT_THAT(namesFor("Error 13 (Type mismatch) in procedure AddCategoryNode of Class Module "
+                       "Quor_Book"),
+              ElementsAre("kRunTimeErrorInProcedure"));
+  EXPECT_THAT(namesFor("70: Permission denied"), ElementsAre("kRunTimeErrorUnderTitle"));
+}
+
+TEST(MessageStory, OfARunTimeErrorIsNotThatOfAFileWithTheSameReason) {
+  EXPECT_THAT(namesFor("/srv/docs/Docs/Plant/Quor_TOC.xml: Permission denied"),
+              ElementsAre("kNoRight"));
+  EXPECT_THAT(namesFor("Error(76): Path not found\rQuorbind: Quor_Book::mbGetFormInput"),
               ElementsAre("kRunTimeError"));
+  for (const char* box : {"Error(76): Path not found\rQuorbind: Quor_Book::mbGetFormInput",
+                          "70: Permission denied"}) {
+    EXPECT_EQ(acceptedInsteadOf(box), "") << box;
+  }
+}
+
+TEST(MessageStory, OfWhatTheCommandRefusesIsFoundWhateverStandsInTheText) {
+  EXPECT_THAT(namesFor("there is no book Else in Plant"), ElementsAre("kNoSuchBook"));
+  EXPECT_THAT(namesFor("there is no category A in B in Plant"), ElementsAre("kNoSuchCategory"));
+  EXPECT_THAT(namesFor("there is a category A in Plant already"), ElementsAre("kCategoryTaken"));
+  EXPECT_THAT(namesFor("/srv/a:b.xml:3:14: mismatched tag"), ElementsAre("kFaultAtPlace"));
+}
+
+TEST(MessageStory, OfAFaultWithoutItsPlaceIsNotThere) {
+  EXPECT_THAT(namesFor("a.xml:3: mismatched tag"), IsEmpty());
+  EXPECT_THAT(namesFor("a.xml:3:x: mismatched tag"), IsEmpty());
+}
+
+TEST(MessageStory, IsThatOfTheLongestTextInALine) {
+  EXPECT_THAT(namesFor("Row: 3 Column:2\nError:Book Acro is too long for the name of a file"),
+              ElementsAre("kWorkbookAcronymTooLong"));
+  EXPECT_THAT(namesFor("Error:Book Acro is too long for the name of a file"),
+              ElementsAre("kWorkbookAcronymTooLong"));
+}
+
+TEST(MessageStory, IsToldOfEachLineOfABoxThatHasOne) {
+  EXPECT_THAT(namesFor("Error:Node Name can not be Empty\r\nError:Book Name A already Exists"),
+              ElementsAre("kTextNameEmpty", "kErrorBookName"));
+}
+
+TEST(MessageStory, IsFoundByWordsOfAPartOfItsBox) {
+  EXPECT_THAT(namesFor("already exists"), ElementsAre("kErrorBookName", "kErrorBookAcro"));
+  EXPECT_THAT(namesFor("valid permission"), ElementsAre("kTemporaryFileUnderThis"));
 }
 
 TEST(MessageStory, OfAPartIsFoundWhenNoWholeMessageIs) {

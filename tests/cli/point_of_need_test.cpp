@@ -96,6 +96,36 @@ TEST_F(PointOfNeed, MarksTheFileOfATextThatLeadsOutOfTheLibrary) {
       "accepted: A folder directly in the library: no .., no drive, no name on the network.\n");
 }
 
+TEST_F(PointOfNeed, MarksTheFirstHeadingThatLiesTooDeep) {
+  std::string entries;
+  std::string page;
+  for (int level = 1; level <= 256; ++level) {
+    const std::string number = std::to_string(level);
+    entries += " \"" + number + "\" \"Heading\" \"M\\a.htm\" \"\"\n";
+    page += "<p><K" + number + "><A HREF=\"M/a.htm\">A</A></K" + number + ">\n";
+  }
+  const std::string accepted = "accepted: Levels up to 254 in a text, and up to 253 in a page.\n";
+  EXPECT_EQ(helpOfEntries(entries),
+            "  257 |  \"255\" \"Heading\" \"M\\a.htm\" \"\"\n"
+            "      |  ^^^^^\n" +
+                accepted);
+  EXPECT_EQ(helpOfPage(page),
+            "  254 | <p><K254><A HREF=\"M/a.htm\">A</A></K254>\n"
+            "      |    ^^^^^^\n" +
+                accepted);
+  const Outcome outcome = quorbind({"check", "toc.txt", "--json"});
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_TRUE(outcome.out.ends_with(
+      "  \"line\": 257,\n"
+      "  \"column\": 2,\n"
+      "  \"length\": 5,\n"
+      "  \"text\": \" \\\"255\\\" \\\"Heading\\\" \\\"M\\\\a.htm\\\" \\\"\\\"\",\n"
+      "  \"expected\": \"Levels up to 254 in a text, and up to 253 in a page.\",\n"
+      "  \"note\": \"not accepted\"\n"
+      "}\n"))
+      << outcome.out;
+}
+
 TEST_F(PointOfNeed, MarksTheTagOfAHeadingWhoseLevelIsRefused) {
   EXPECT_EQ(helpOfPage("<html>\r\n  é <K2><A HREF=\"a.htm\">A</A></K2>\r\n"),
             "  2 |   é <K2><A HREF=\"a.htm\">A</A></K2>\n"
@@ -296,6 +326,71 @@ TEST_F(PointOfNeedInALibrary, SaysOfAQuestionWhatIsAccepted) {
   }
 }
 
+TEST_F(PointOfNeedInALibrary, SaysOfWhatTheCommandItselfRefusesWhatIsAccepted) {
+  ASSERT_EQ(inPlant({"categories", "add", "Maps"}).status, 0);
+  ASSERT_EQ(inPlant({"keywords", "add", "Alarms", "lamp", "siren"}).status, 0);
+  const std::string book = "accepted: A book of the library, in its own letter case.\n";
+  const std::string folder =
+      "accepted: The name of one folder of the library: no .., no drive, no name on the "
+      "network.\n";
+  const std::vector<std::pair<Words, std::string>> refusals{
+      {{"delete", "Else", "--yes"}, book},
+      {{"show", "ELS"}, book},
+      {{"keywords", "list", "Else"}, book},
+      {{"set", "Alarms", "--folder", ".."}, folder},
+      {{"categories", "add", "Maps"}, "accepted: A name that no category of the library has.\n"},
+      {{"categories", "add", "Map's"}, "accepted: A category without an apostrophe.\n"},
+      {{"categories", "rename", "Else", "New"},
+       "accepted: A category of the library, in its own letter case.\n"},
+      {{"categories", "rename", "Other Category", "New"},
+       "accepted: A category that is the library's own.\n"},
+      {{"keywords", "rename", "Alarms", "horn", "bell"},
+       "accepted: A keyword of the book, in its own letter case.\n"},
+      {{"keywords", "rename", "Alarms", "lamp", "siren"},
+       "accepted: A keyword that the book does not have.\n"}};
+  for (const auto& [words, help] : refusals) {
+    const Outcome outcome = inPlant(words);
+    EXPECT_EQ(outcome.help, help) << outcome.err;
+    const std::string box = outcome.err.substr(0, outcome.err.find('\n'));
+    const std::string text = box.substr(std::string("critical: ").size());
+    EXPECT_EQ(quorbind({"explain", "--", text}).status, 0) << box;
+  }
+  writeBook();
+  EXPECT_EQ(addAlarms({"--folder", ".."}).help, folder);
+}
+
+TEST_F(PointOfNeedInALibrary, SaysOfAPlaceThatIsNotThereWhatIsAccepted) {
+  for (const Words& words : {Words{"show"}, Words{"doctor"}, Words{"delete", "Alarms", "--yes"}}) {
+    EXPECT_EQ(quorbind(joined(words, {"--server", "server", "--library", "Plnt"})).help,
+              "accepted: A server, a library and a folder that are there.\n");
+  }
+  EXPECT_EQ(quorbind({"add", "--job", "none.toml"}).help, "accepted: A file that is there.\n");
+}
+
+TEST_F(PointOfNeedInALibrary, SaysOfAFileWithoutAnElementWhatIsAccepted) {
+  disk.write(kCatalogue, "<Quor_Master/>");
+  for (const Words& words : {Words{"books"}, Words{"delete", "Alarms", "--yes"}}) {
+    const Outcome outcome = inPlant(words);
+    EXPECT_EQ(outcome.help, "accepted: A file of its kind, with that element.\n") << outcome.err;
+  }
+}
+
+TEST_F(PointOfNeedInALibrary, TellsAProgramTheLineThatDoesNotParse) {
+  disk.write(kCatalogue, "<Quor_Master>\n<Quor_Books>\n</Quor_Boks>\n");
+  const std::string object = inPlant({"books", "--json"}).out;
+  EXPECT_TRUE(
+      object.ends_with("      \"expected\": \"Well-formed XML; of a job file, TOML with the keys "
+                       "and the values that it may have.\"\n"
+                       "    }\n"
+                       "  ],\n"
+                       "  \"line\": 3,\n"
+                       "  \"column\": 13,\n"
+                       "  \"text\": \"</Quor_Boks>\",\n"
+                       "  \"note\": \"nothing was shown\"\n"
+                       "}\n"))
+      << object;
+}
+
 TEST_F(PointOfNeedInALibrary, SaysOnceWhatIsAcceptedInAWorkbook) {
   PaperSheet sheet = headingSheet({{"1", "The Lathe", "Lathe\\cover.htm"}, {"x", "A", "a.htm"}});
   disk.write("books.xlsx", workbookBytes(WorkbookKind::kXlsx, {sheet, bookSheet({{"L", "L"}})}));
@@ -312,7 +407,9 @@ TEST_F(PointOfNeedInALibrary, ShowsTheLineOfALibraryFileThatDoesNotParse) {
   const std::string damaged = "<Quor_Master>\n<Quor_Books>\n</Quor_Boks>\n";
   const std::string help =
       "  3 | </Quor_Boks>\n"
-      "    |             ^\n";
+      "    |             ^\n"
+      "accepted: Well-formed XML; of a job file, TOML with the keys and the values that it may "
+      "have.\n";
   disk.write("other.xml", damaged);
   EXPECT_EQ(inPlant({"merge", "--from", "other.xml"}).help, help);
   disk.write(kCatalogue, damaged);

@@ -177,7 +177,10 @@ TEST_F(Show, ABookThatIsNotInTheCatalogueIsRefused) {
 TEST_F(Show, ReportsARefusalAsOneObject) {
   const Outcome outcome = show({"ALM", "--json"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.out, refusalObject(1, "there is no book ALM in Plant"));
+  EXPECT_EQ(
+      outcome.out,
+      refusalObject(
+          1, "there is no book ALM in Plant", "A book of the library, in its own letter case."));
 }
 
 TEST_F(Show, ReportsInputThatIsMissingOrDoesNotParseAsOneObject) {

@@ -164,6 +164,29 @@ TEST(EditDistance, CountsLettersLeftOutPutInExchangedOrSwapped) {
   EXPECT_EQ(editDistance("show", "set"), 3U);
 }
 
+TEST_F(UnknownWord, InTheSingularOrCutShortIsAnsweredWithTheWholeWord) {
+  const auto answer = [](const std::string& what) { return what + kMoreInformation; };
+  EXPECT_EQ(answerTo({"category", "list"}),
+            answer("There is no subcommand 'category'. Did you mean 'categories'?"));
+  EXPECT_EQ(answerTo({"library"}),
+            answer("There is no subcommand 'library'. Did you mean 'libraries'?"));
+  EXPECT_EQ(answerTo({"del", "Alarms"}),
+            answer("There is no subcommand 'del'. Did you mean 'delete'?"));
+  EXPECT_EQ(answerTo({"show", "--lib", "Plant"}),
+            answer("'show' has no flag '--lib'. Did you mean '--library'?"));
+  EXPECT_EQ(answerTo({"add", "toc.txt", "--cat", "Maps"}),
+            answer("'add' has no flag '--cat'. Did you mean '--category' or '--categories'?"));
+}
+
+TEST(Suggestion, IsNoneForTwoLettersOfAWord) {
+  EXPECT_EQ(suggestionFor("ca", {"categories"}), "");
+  EXPECT_EQ(suggestionFor("--ca", {"--categories"}), "");
+}
+
+TEST(Suggestion, OfAWordThatIsThereIsNoLongerOne) {
+  EXPECT_EQ(suggestionFor("LINK", {"links", "link"}), " Did you mean 'link'?");
+}
+
 TEST(Suggestion, NamesAllThatAreEquallyNear) {
   EXPECT_EQ(suggestionFor("--cat", {"--cut", "--cap", "--other"}),
             " Did you mean '--cut' or '--cap'?");

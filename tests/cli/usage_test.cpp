@@ -117,6 +117,12 @@ TEST_F(Usage, EverySubcommandHasHelp) {
   }
 }
 
+TEST_F(Usage, HelpOfBooksSaysWhenALibraryIsNotNeeded) {
+  const std::string help = quorbind({"books", "--help"}).out;
+  EXPECT_NE(help.find("required unless --in is given"), std::string::npos) << help;
+  EXPECT_EQ(help.find("; required\n"), std::string::npos) << help;
+}
+
 /// In a folder that is gone relative names mean nothing.
 class InAFolderThatIsGone : public CommandTest {
  protected:
