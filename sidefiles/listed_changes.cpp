@@ -37,7 +37,7 @@ bool ListedChanges::settle() {
 }
 
 void ListedChanges::doAgain(std::span<const Alone> items, const RunTimeError& saveError) {
-  if (file_.isGone()) {
+  if (file_.isGone() || items.size() == 1) {
     reportError(ui_, source_, saveError);
     items = items.subspan(1);
   }

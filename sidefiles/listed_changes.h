@@ -7,9 +7,9 @@
 // one save, at the end of the list or as soon as an item has something to tell: before a box is
 // shown, and before an error ends the list, the file holds everything that came before. Where that
 // one save fails, the items are done again alone, each from the file and back, because some of them
-// may still fit on the disk and each of them has a failure of its own to tell. When the file can't
-// even be read any more, the first of them would not get as far as that save: its failure is told
-// as it came.
+// may still fit on the disk and each of them has a failure of its own to tell. A single item has
+// had its save: its failure is told as it came. So is that of the first of several when the file
+// can't even be read any more, as it would not get as far as that save.
 
 #include <functional>
 #include <span>
