@@ -14,6 +14,7 @@
 #include "cli/paths.h"
 #include "cli/point_of_need.h"
 #include "cli/report.h"
+#include "cli/required_document.h"
 #include "cli/side_file_rules.h"
 #include "cli/wiring.h"
 #include "platform/paths.h"

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <functional>
 #include <iterator>
 #include <optional>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include "platform/text.h"
@@ -92,7 +92,9 @@ struct Weight {
   /// How long the text is without its words in braces.
   std::size_t length = 0;
 
-  auto operator<=>(const Weight&) const = default;
+  bool operator<(const Weight& other) const {
+    return std::tie(beginsLine, length) < std::tie(other.beginsLine, other.length);
+  }
 };
 
 std::size_t lengthOf(std::string_view text) {
@@ -131,7 +133,7 @@ Stories heaviest(const WeightOf& weightOf) {
     if (!weight || (most && *weight < *most)) {
       continue;
     }
-    if (most && *weight > *most) {
+    if (most && *most < *weight) {
       found.clear();
     }
     most = weight;
@@ -196,10 +198,11 @@ std::vector<Explanation> explanationsFor(std::string_view question) {
 std::string_view acceptedInsteadOf(std::string_view box) {
   // Boxes show the texts letter for letter, and two of these differ in nothing but letter case.
   // What the table of contents itself says stands in front of the rule, on lines of its own.
-  const std::vector<std::string_view> lines = linesOf(box);
-  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+  std::vector<std::string_view> lines = linesOf(box);
+  std::reverse(lines.begin(), lines.end());
+  for (const std::string_view line : lines) {
     const Stories best =
-        heaviest([&](const Explanation& explanation) { return weightIn(*line, explanation.text); });
+        heaviest([&](const Explanation& explanation) { return weightIn(line, explanation.text); });
     if (!best.empty()) {
       return best.front()->accepted;
     }
