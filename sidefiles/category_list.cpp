@@ -1,6 +1,7 @@
 #include "sidefiles/category_list.h"
 
 #include "platform/error_trap.h"
+#include "platform/first_element.h"
 #include "platform/xml_document.h"
 #include "platform/xpath_query.h"
 #include "sidefiles/category_creation.h"
@@ -47,15 +48,14 @@ bool bCheckIfDefaultCategory(const Platform& platform,
                              const std::string& vstrCateName,
                              std::int32_t vlngInstallType) {
   return trapped(platform.ui, source::kCheckIfDefaultCategory, false, [&] {
-    const auto document = platform.xml.createDocument();
-    if (!document->load(vstrBookCatePath)) {
-      return false;
-    }
-    const XmlNode found = document->select(defaultCategoriesQuery(vlngInstallType)
-                                               .append("[.=")
-                                               .append(quotedForQuery(vstrCateName, '\''))
-                                               .append("]"));
-    return static_cast<bool>(found);
+    FirstElement name([](const XmlNode& /*name*/) {});
+    const bool isLoaded = name.lookFor(platform.xml, vstrBookCatePath, [&] {
+      return defaultCategoriesQuery(vlngInstallType)
+          .append("[.=")
+          .append(quotedForQuery(vstrCateName, '\''))
+          .append("]");
+    });
+    return isLoaded && name.isFound();
   });
 }
 

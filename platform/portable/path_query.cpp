@@ -50,7 +50,7 @@ class PathQuery::Reader {
   }
 
   bool readCondition(Condition& condition) {
-    return readName(condition.child) && take('=') && readLiteral(condition.text);
+    return (take('.') || readName(condition.child)) && take('=') && readLiteral(condition.text);
   }
 
   bool readName(std::string& name) {
@@ -107,7 +107,8 @@ std::vector<xmlNode*> PathQuery::find(const xmlNode& start) const {
 std::vector<xmlNode*> PathQuery::find(const xmlDoc& document, const ElementIndex& index) const {
   const std::size_t steps = stepsToCondition();
   const std::optional<Condition>& condition = steps_[steps - 1].condition;
-  const std::string& name = condition ? condition->child : steps_[steps - 1].name;
+  const bool isOfChild = condition && !condition->isOfItself();
+  const std::string& name = isOfChild ? condition->child : steps_[steps - 1].name;
   std::vector<xmlNode*> found;
   const xmlNode* last = nullptr;
   for (xmlNode* const candidate : index.named(name, document)) {
@@ -115,7 +116,7 @@ std::vector<xmlNode*> PathQuery::find(const xmlDoc& document, const ElementIndex
         (condition && !hasTextBelow(*candidate, condition->text))) {
       continue;
     }
-    xmlNode* const element = condition ? candidate->parent : candidate;
+    xmlNode* const element = isOfChild ? candidate->parent : candidate;
     if (element != last && isBelow(document, steps, *element)) {
       last = element;
       finish(*element, steps, found);
@@ -178,6 +179,9 @@ void PathQuery::finish(xmlNode& element, std::size_t step, std::vector<xmlNode*>
 }
 
 bool PathQuery::holds(const Condition& condition, const xmlNode& element) {
+  if (condition.isOfItself()) {
+    return hasTextBelow(element, condition.text);
+  }
   for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
     if (isPlainElement(*child, condition.child) && hasTextBelow(*child, condition.text)) {
       return true;

@@ -13,8 +13,8 @@
 namespace quorbind {
 
 /// A query of the kind that nearly all are of: the names of elements, each below the one before,
-/// with at most one condition each, that a child has a certain text:
-/// `List/Book[Name="Alarms"]/Key`.
+/// with at most one condition each, that a child, or the element itself, has a certain text:
+/// `List/Book[Name="Alarms"]/Key`, `List/Name[.="Alarms"]`.
 ///
 /// Answering it by walking finds what XPath finds, and takes a fraction of the time.
 class PathQuery {
@@ -38,6 +38,9 @@ class PathQuery {
 
  private:
   struct Condition {
+    [[nodiscard]] bool isOfItself() const { return child.empty(); }
+
+    /// Empty where it is the element itself that has the text.
     std::string child;
     std::string text;
   };

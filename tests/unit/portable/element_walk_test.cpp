@@ -68,14 +68,16 @@ class ElementWalk : public ::testing::Test {
 };
 
 constexpr std::array<const char*, 6> kNames{"Book", "Name", "a.b-c", "P", "n:Book", "Master"};
-constexpr std::array<const char*, 8> kQueries{"Master/Book",
-                                              "Master/List/Book[Name='Alarms']",
-                                              "Master/List/Book[Name='Alarms']/P",
-                                              "Master/List[P='1']/Book/Name",
-                                              "Master/List/P",
-                                              "Master",
-                                              "Book/Name",
-                                              "//Name"};
+constexpr std::array<const char*, 10> kQueries{"Master/Book",
+                                               "Master/List/Book[Name='Alarms']",
+                                               "Master/List/Book[Name='Alarms']/P",
+                                               "Master/List[P='1']/Book/Name",
+                                               "Master/List/P",
+                                               "Master/List/P[.='1']",
+                                               "Master/List/Book/Name[.='Alarms']",
+                                               "Master",
+                                               "Book/Name",
+                                               "//Name"};
 
 /// A library as ours are laid out, each with something in it that somebody else may have put there.
 std::string library(unsigned seed) {

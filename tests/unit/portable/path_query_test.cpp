@@ -104,7 +104,7 @@ class Queries {
     if (below(3) != 0) {
       return "";
     }
-    const std::string condition = "[" + name() + "=";
+    const std::string condition = "[" + (below(3) == 0 ? "." : name()) + "=";
     return condition + (below(2) == 0 ? "'" + value() + "']" : "\"" + value() + "\"]");
   }
 
@@ -194,7 +194,10 @@ TEST(PathQuery, LeavesEveryOtherKindOfQueryToXPath) {
                            "a[b = 'c']",
                            "a[b='c'][d='e']",
                            "a[@b='c']",
-                           "a[.='c']",
+                           "a[.]",
+                           "a[. ='c']",
+                           "a[.b='c']",
+                           "a[..='c']",
                            "a[b='c' and d='e']",
                            "a[b='c'",
                            "a[b='c]",
