@@ -70,8 +70,13 @@ class FileJournal::WatchedReplacement final : public FileReplacement {
     journal_.changing(path_, [&] { replacement_->write(bytes); });
   }
   void commit() override {
-    journal_.changing(path_, [&] { replacement_->commit(); });
-    journal_.note({FileChange::Kind::kWritten, path_});
+    const auto error = errorOf([&] { replacement_->commit(); });
+    if (!error || replacement_->standsAllTheSame()) {
+      journal_.note({FileChange::Kind::kWritten, path_});
+    }
+    if (error) {
+      journal_.changing(path_, [&] { throw RunTimeError(*error); });
+    }
   }
 
  private:

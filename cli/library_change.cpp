@@ -1,5 +1,6 @@
 #include "cli/library_change.h"
 
+#include <algorithm>
 #include <iostream>
 #include <istream>
 #include <nlohmann/json.hpp>
@@ -118,7 +119,11 @@ std::string LibraryChange::noteOfFailure() const {
   const auto& changes = wiring_.files.changes();
   std::string note;
   if (const auto& failed = wiring_.files.failedWrite()) {
-    note = nativeName(*failed) + " could not be written; ";
+    const bool isWritten = std::any_of(changes.begin(), changes.end(), [&](const auto& change) {
+      return change.kind == FileChange::Kind::kWritten && change.path == *failed;
+    });
+    note =
+        nativeName(*failed) + (isWritten ? " could not be flushed; " : " could not be written; ");
   } else if (const auto& unread = wiring_.files.failedRead()) {
     note = nativeName(*unread) + " could not be read; ";
   }

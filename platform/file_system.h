@@ -34,6 +34,8 @@ class FileReplacement {
   virtual void write(std::string_view bytes) = 0;
   /// Raises 61, 57, or 70 when the old file may not be replaced.
   virtual void commit() = 0;
+  /// Behind a commit that raised: whether no more than the last flush failed.
+  [[nodiscard]] virtual bool standsAllTheSame() const { return false; }
 };
 
 /// Copies of any number of files that are flushed together, because a flush for each would take

@@ -230,6 +230,10 @@ void PortableFileSystem::createFolder(std::string_view path) {
   if (::mkdir(place.path.c_str(), kAllPermissions) != 0) {
     raiseSystemError(errno, place.path);
   }
+  if (const int error = flushFolderOf(place.path); error != 0) {
+    ::rmdir(place.path.c_str());
+    raiseSystemError(error, place.path);
+  }
 }
 
 void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {

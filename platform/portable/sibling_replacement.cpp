@@ -93,17 +93,6 @@ void takeOver(const FileDescriptor& file, const std::string& oldPath, const Stat
       oldPath, file, hasGroup ? AccessList::kAsItIs : AccessList::kWithoutRightsOfGroup);
 }
 
-/// Makes the rename itself last. Answers 0 or an error; none where the folder may not be read, or
-/// its file system flushes no folders.
-int flushFolderOf(const std::string& path) {
-  const FileDescriptor folder = openFile(parentOf(path), O_RDONLY | O_DIRECTORY);
-  if (!folder.isOpen()) {
-    return errno == EACCES ? 0 : errno;
-  }
-  const bool isFlushed = uninterrupted([&] { return ::fsync(folder.number()); }) == 0;
-  return isFlushed || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
-}
-
 }  // namespace
 
 SiblingReplacement::SiblingReplacement(const std::string& path) : target_(endOfLinks(path)) {
@@ -196,6 +185,7 @@ void SiblingReplacement::putUnderName() {
     fail(errno);
   }
   temporary_.clear();
+  isUnderName_ = true;
 }
 
 void SiblingReplacement::requireOpen() const {

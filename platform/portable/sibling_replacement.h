@@ -26,6 +26,7 @@ class SiblingReplacement final : public FileReplacement {
 
   void write(std::string_view bytes) override;
   void commit() override;
+  [[nodiscard]] bool standsAllTheSame() const override { return isUnderName_; }
   /// The same, but leaves the flush to `disks`.
   void commitUnflushed(UnflushedDisks& disks);
 
@@ -46,6 +47,7 @@ class SiblingReplacement final : public FileReplacement {
   std::string temporary_;
   FileDescriptor file_;
   std::string buffer_;
+  bool isUnderName_ = false;
 };
 
 }  // namespace quorbind

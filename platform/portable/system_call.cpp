@@ -117,6 +117,15 @@ std::optional<std::vector<std::string>> listFolder(const std::string& folder, Li
   return names;
 }
 
+int flushFolderOf(const std::string& path) {
+  const FileDescriptor folder = openFile(parentOf(path), O_RDONLY | O_DIRECTORY);
+  if (!folder.isOpen()) {
+    return errno == EACCES ? 0 : errno;
+  }
+  const bool isFlushed = uninterrupted([&] { return ::fsync(folder.number()); }) == 0;
+  return isFlushed || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+}
+
 std::string parentOf(const std::string& path) {
   const std::size_t separator = path.rfind('/');
   return path.substr(0, separator == 0 ? 1 : separator);

@@ -66,6 +66,10 @@ enum class Listed { kAll, kFilesOnly };
 std::optional<std::vector<std::string>> listFolder(const std::string& folder,
                                                    Listed listed = Listed::kAll);
 
+/// Makes it last that a file or folder at `path`, from the root, has its name. Answers 0 or an
+/// error; none where the folder around it may not be read, or its file system flushes no folders.
+int flushFolderOf(const std::string& path);
+
 /// The folder that a path from the root lies in, the name behind it, and both put together.
 std::string parentOf(const std::string& path);
 std::string nameIn(const std::string& path);

@@ -250,6 +250,7 @@ void SiblingReplacement::putUnderName() {
     fail(error);
   }
   temporary_.clear();
+  isUnderName_ = true;
 }
 
 DWORD SiblingReplacement::rename() {

@@ -36,6 +36,7 @@ class SiblingReplacement final : public FileReplacement {
 
   void write(std::string_view bytes) override;
   void commit() override;
+  [[nodiscard]] bool standsAllTheSame() const override { return isUnderName_; }
   /// The same as a part of another call of the port, whose waits it shares.
   void commitFlushed();
   /// As `commitFlushed`, but leaves the flush of the file to the caller.
@@ -69,6 +70,7 @@ class SiblingReplacement final : public FileReplacement {
   /// The attributes that the file is to have in the end.
   DWORD attributes_ = FILE_ATTRIBUTE_NORMAL;
   std::string buffer_;
+  bool isUnderName_ = false;
 };
 
 }  // namespace quorbind

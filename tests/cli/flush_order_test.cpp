@@ -90,6 +90,46 @@ TEST_F(FlushOrder, OfASideFileIsWriteFlushCloseRenameAndTheFolder) {
                           "fsync Plant"));
 }
 
+TEST_F(FlushOrder, OfANewLibraryFlushesWhereItsFoldersAreToo) {
+  follow("work");
+  disk.makeFolder("work");
+  EXPECT_EQ(stepsOf({"init", "--server", "work/server", "--library", "Plant"}),
+            (Words{"mkdir server",
+                   "mkdir server/Docs",
+                   "fsync server",
+                   "mkdir server/Docs/Plant",
+                   "fsync server/Docs",
+                   "write server/Docs/Plant/Quor_TOC.xml*",
+                   "fsync server/Docs/Plant/Quor_TOC.xml*",
+                   "close server/Docs/Plant/Quor_TOC.xml*",
+                   "rename server/Docs/Plant/Quor_TOC.xml*",
+                   "fsync server/Docs/Plant",
+                   "write server/Docs/Quor_DefaultCategories.xml*",
+                   "fsync server/Docs/Quor_DefaultCategories.xml*",
+                   "close server/Docs/Quor_DefaultCategories.xml*",
+                   "rename server/Docs/Quor_DefaultCategories.xml*",
+                   "fsync server/Docs",
+                   "write server/Docs/Plant/Quor_BookCategories.xml*",
+                   "fsync server/Docs/Plant/Quor_BookCategories.xml*",
+                   "close server/Docs/Plant/Quor_BookCategories.xml*",
+                   "rename server/Docs/Plant/Quor_BookCategories.xml*",
+                   "fsync server/Docs/Plant",
+                   "write server/Docs/Quor_Selection.xml*",
+                   "fsync server/Docs/Quor_Selection.xml*",
+                   "close server/Docs/Quor_Selection.xml*",
+                   "rename server/Docs/Quor_Selection.xml*",
+                   "fsync server/Docs"}));
+}
+
+TEST_F(FlushOrder, AFolderWhoseNameCanNotBeFlushedIsTakenAwayAgain) {
+  disk.makeFolder("work");
+  const Outcome outcome = withFailureOf("fsync:error=EIO:when=1",
+                                        {"init", "--server", "work/server", "--library", "Plant"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err, "critical: DISK/work/server: Device I/O error\n");
+  EXPECT_FALSE(disk.has("work/server"));
+}
+
 TEST_F(FlushOrder, OfARename) {
   EXPECT_THAT(stepsOf(plantWords({"rename", "Alarms", "--name", "W", "--acro", "WRN", "--yes"})),
               ElementsAre("close Plant/Quor_TOC.xml*",
@@ -167,6 +207,10 @@ TEST_F(FlushOrder, AFailedFlushOfTheFolderIsNotTriedAgainAndIsToldThoughTheFileI
       withFailureOf("fsync:error=EIO:when=2", plantWords({"keywords", "add", "Alarms", "siren"}));
   EXPECT_EQ(outcome.status, 5);
   EXPECT_TRUE(outcome.err.starts_with("critical: Error(57):Device I/O error\n")) << outcome.err;
+  EXPECT_TRUE(outcome.err.ends_with("quorbind: Plant: DISK/" + std::string(kKeywords) +
+                                    " could not be flushed; only a part was done: write DISK/" +
+                                    std::string(kKeywords) + "\n"))
+      << outcome.err;
 }
 
 TEST_F(FlushOrder, AFolderWhoseDiskFlushesNoFoldersIsNoFailure) {
