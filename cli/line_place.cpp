@@ -1,12 +1,14 @@
 #include "cli/line_place.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "platform/file_bytes.h"
 #include "platform/portable/xml_decoding.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "platform/text_encoding.h"
 #include "platform/text_file.h"
 #include "toc/toc_check.h"
 
@@ -15,9 +17,8 @@ namespace quorbind {
 namespace {
 
 std::size_t countCharacters(std::string_view text) {
-  const auto characters = std::count_if(
-      text.begin(), text.end(), [](unsigned char byte) { return (byte & 0xC0U) != 0x80U; });
-  return static_cast<std::size_t>(characters);
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), std::not_fn(isInsideCharacter)));
 }
 
 /// Bombs have a single line that does not fit into memory.

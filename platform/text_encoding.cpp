@@ -156,11 +156,10 @@ Utf8Character firstUtf8Character(std::string_view text) {
   }
   char32_t codePoint = lead & (0xFFU >> (length + 1));
   for (std::size_t at = 1; at < length; ++at) {
-    const std::uint8_t byte = byteAt(text, at);
-    if ((byte & 0xC0U) != 0x80) {
+    if (!isInsideCharacter(text[at])) {
       return {};
     }
-    codePoint = codePoint << 6U | (byte & 0x3FU);
+    codePoint = codePoint << 6U | (byteAt(text, at) & 0x3FU);
   }
   return isAllowed(codePoint, length) ? Utf8Character{codePoint, length} : Utf8Character{};
 }

@@ -22,6 +22,11 @@ inline std::uint8_t byteAt(std::string_view text, std::size_t at) {
 /// The most bytes that one character takes in UTF-8.
 inline constexpr std::size_t kLongestUtf8Character = 4;
 
+/// Whether a byte of a text is not the first of its character.
+inline bool isInsideCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 struct Utf8Character {
   char32_t codePoint = 0xFFFD;
   std::size_t length = 0;  ///< in bytes; 0 when there is no whole and valid character

@@ -17,6 +17,17 @@ constexpr std::size_t kChunkSize = 65'536;
 
 constexpr std::size_t kLongestMark = kUtf8Mark.size();
 
+/// As much of a long text as is written at once, in whole characters.
+std::string_view beginningOf(std::string_view text) {
+  std::size_t size = std::min(text.size(), kChunkSize);
+  for (std::size_t left = kLongestUtf8Character;
+       left > 1 && size < text.size() && isInsideCharacter(text[size]);
+       --left) {
+    --size;
+  }
+  return text.substr(0, size);
+}
+
 }  // namespace
 
 TextReader::TextReader(FileSystem& files, const Locale& locale, std::string_view path)
@@ -148,12 +159,15 @@ std::string_view TextReader::readLine() {
 }
 
 std::string TextReader::readAll() {
-  while (fill()) {
-  }
+  std::string raw;
+  do {
+    raw.append(take(unread().size()));
+  } while (fill());
   if (encoding_ == Encoding::kUndecided) {
-    encoding_ = isValidUtf8(unread()) ? Encoding::kUtf8 : Encoding::kSystemCodePage;
+    encoding_ = isValidUtf8(raw) ? Encoding::kUtf8 : Encoding::kSystemCodePage;
   }
-  return std::string(decode(take(unread().size())));
+  const bool isText = decode(raw).data() == raw.data();
+  return isText ? std::move(raw) : std::move(decoded_);
 }
 
 std::string_view TextReader::take(std::size_t size) {
@@ -190,9 +204,13 @@ TextWriter::TextWriter(FileSystem& files, std::string_view path)
     : replacement_(files.replace(path)), buffer_(kUtf16LittleEndianMark) {}
 
 void TextWriter::write(std::string_view text) {
-  appendUtf16LittleEndian(buffer_, text);
-  if (buffer_.size() >= kChunkSize) {
-    flush();
+  while (!text.empty()) {
+    const std::string_view piece = beginningOf(text);
+    appendUtf16LittleEndian(buffer_, piece);
+    if (buffer_.size() >= kChunkSize) {
+      flush();
+    }
+    text.remove_prefix(piece.size());
   }
 }
 

@@ -22,7 +22,7 @@ std::size_t firstCharacterOf(std::string_view text) {
 /// Where the last character of `text`, which is not empty, begins.
 std::size_t lastCharacterIn(std::string_view text) {
   std::size_t begin = text.size() - 1;
-  while (begin > 0 && (static_cast<unsigned char>(text[begin]) & 0xC0U) == 0x80) {
+  while (begin > 0 && isInsideCharacter(text[begin])) {
     --begin;
   }
   return begin;
@@ -31,15 +31,14 @@ std::size_t lastCharacterIn(std::string_view text) {
 }  // namespace
 
 std::optional<std::string> linkIdentifierIn(std::string_view anchorText) {
-  const std::string folded = upperCaseAscii(anchorText);
-  const std::size_t tag = folded.find(kBegin);
-  if (tag == std::string::npos) {
+  const std::size_t tag = findIgnoringAsciiCase(anchorText, kBegin);
+  if (tag == std::string_view::npos) {
     return std::nullopt;
   }
   const std::size_t inside = tag + kBegin.size();
   const std::size_t begin = inside + firstCharacterOf(anchorText.substr(inside));
-  const std::size_t end = folded.find(kEnd, begin);
-  if (end == std::string::npos) {
+  const std::size_t end = findIgnoringAsciiCase(anchorText, kEnd, begin);
+  if (end == std::string_view::npos) {
     return std::nullopt;
   }
   const std::size_t last = inside + lastCharacterIn(anchorText.substr(inside, end - inside));

@@ -46,13 +46,19 @@ std::uint64_t valueOf(char character) {
   return static_cast<std::uint64_t>(static_cast<unsigned char>(character)) + 1;
 }
 
-/// Takes two characters in a step, since each step waits for the one before.
+/// Takes three characters in a step, since each step waits for the one before.
 std::uint64_t extended(std::uint64_t hash, std::string_view text) {
-  for (; text.size() > 1; text.remove_prefix(2)) {
-    hash = reduced(unreducedProduct(hash, kBase * kBase) + valueOf(text[0]) * kBase +
-                   valueOf(text[1]));
+  constexpr std::uint64_t kSquare = kBase * kBase;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (; end - at > 2; at += 3) {
+    hash = reduced(unreducedProduct(hash, kSquare * kBase) + valueOf(at[0]) * kSquare +
+                   valueOf(at[1]) * kBase + valueOf(at[2]));
   }
-  return text.empty() ? hash : reduced(unreducedProduct(hash, kBase) + valueOf(text.front()));
+  for (; at != end; ++at) {
+    hash = reduced(unreducedProduct(hash, kBase) + valueOf(*at));
+  }
+  return hash;
 }
 
 std::uint64_t powerOfBase(std::size_t exponent) {
@@ -66,6 +72,11 @@ std::uint64_t powerOfBase(std::size_t exponent) {
 
 }  // namespace
 
+void BlockRemoval::pass(std::size_t size) {
+  append(whole_.substr(passed_, size));
+  passed_ += size;
+}
+
 void BlockRemoval::append(std::string_view characters) {
   text_.append(characters);
   if (marks_.empty()) {
@@ -75,9 +86,9 @@ void BlockRemoval::append(std::string_view characters) {
   hash_ = extended(hash_, characters);
 }
 
-void BlockRemoval::beginMark(std::size_t origin, bool isEnd) {
+void BlockRemoval::beginMark(bool isEnd) {
   const bool followsStartMark = !marks_.empty() && !marks_.back().isEnd;
-  marks_.push_back({.place = {.position = text_.size(), .origin = origin},
+  marks_.push_back({.place = {.position = text_.size(), .origin = passed_},
                     .isEnd = isEnd,
                     .startMarksBefore = followsStartMark ? marks_.back().startMarksBefore + 1 : 0,
                     .hashBefore = hash_});
@@ -94,7 +105,7 @@ bool BlockRemoval::completeEndMark() {
 void BlockRemoval::takeOutFirstBlock() {
   const std::size_t startMarks = marks_.back().startMarksBefore;
   const std::size_t first = indexOfBlock(startMarks);
-  takenOut_.add(textFrom(marks_[first]), hashFrom(marks_[first]), startMarks);
+  takenOut_.add(lastingTextFrom(first), hashFrom(marks_[first]), startMarks);
   replaceByBlank(first, takenOut_.now());
 }
 
@@ -110,6 +121,14 @@ std::size_t BlockRemoval::indexOfBlock(std::size_t startMarks) const {
 
 std::string_view BlockRemoval::textFrom(const OpenMark& mark) const {
   return std::string_view(text_).substr(mark.place.position);
+}
+
+std::string_view BlockRemoval::lastingTextFrom(std::size_t index) {
+  const std::string_view text = textFrom(marks_[index]);
+  if (BlankSearch(marks_).newestFrom(index, /*limit=*/1) == 0) {
+    return whole_.substr(marks_[index].place.origin, text.size());
+  }
+  return takenOutWithBlanks_.emplace_back(text);
 }
 
 BlockRemoval::Hash BlockRemoval::hashFrom(const OpenMark& mark) const {
@@ -133,7 +152,7 @@ std::optional<BlockRemoval::Repetition> BlockRemoval::findRepetition() const {
       const Time limit =
           block.lastBefore(earliest ? earliest->time : std::numeric_limits<Time>::max());
       const Time newest = limit == 0 ? 0 : blanks.newestFrom(index, limit);
-      if (newest >= limit || takenOut_.textOf(block) != text) {
+      if (newest >= limit || block.text != text) {
         return false;
       }
       time = block.firstAfter(newest);
@@ -189,7 +208,7 @@ const BlockRemoval::TakenOut::Block* BlockRemoval::TakenOut::find(Hash hash,
   for (std::size_t slot = slotOf(hash); slots_[slot] != 0; slot = slotBehind(slot)) {
     const Block& block = blocks_[slots_[slot] - 1];
     const bool isLikely =
-        block.hash == hash && block.size == size && block.startMarks == startMarks;
+        block.hash == hash && block.text.size() == size && block.startMarks == startMarks;
     if (isLikely && test(block)) {
       return &block;
     }
@@ -199,18 +218,13 @@ const BlockRemoval::TakenOut::Block* BlockRemoval::TakenOut::find(Hash hash,
 
 void BlockRemoval::TakenOut::add(std::string_view text, Hash hash, std::size_t startMarks) {
   ++now_;
-  const Block* known = find(
-      hash, text.size(), startMarks, [&](const Block& block) { return textOf(block) == text; });
+  const Block* known =
+      find(hash, text.size(), startMarks, [&](const Block& block) { return block.text == text; });
   if (known != nullptr) {
     blocks_[static_cast<std::size_t>(known - blocks_.data())].later.push_back(now_);
     return;
   }
-  addNew({.begin = texts_.size(),
-          .size = text.size(),
-          .startMarks = startMarks,
-          .hash = hash,
-          .first = now_});
-  texts_.append(text);
+  addNew({.text = text, .startMarks = startMarks, .hash = hash, .first = now_});
 }
 
 void BlockRemoval::TakenOut::addNew(Block block) {

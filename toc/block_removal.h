@@ -23,6 +23,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,22 +33,28 @@ namespace quorbind {
 
 /// A text in the course of having blocks taken out of it.
 ///
-/// The reader of the text appends it piece by piece and tells where marks begin. A block holds one
-/// end mark, at its end, and any number of start marks. What counts as a mark is the reader's
-/// business; a mark that was told stays one until its block goes.
+/// Its reader lets it pass piece by piece and tells where marks begin. A block holds one end mark,
+/// at its end, and any number of start marks. What counts as a mark is the reader's business; a
+/// mark that was told stays one until its block goes.
 class BlockRemoval {
  public:
   struct Mark {
     /// Where it begins in `text()`.
     std::size_t position = 0;
-    /// Where it begins in the reader's text, as the reader told.
+    /// Where it begins in the whole text.
     std::size_t origin = 0;
   };
 
-  void append(std::string_view characters);
-  /// What is appended next begins a start mark, or an end mark.
-  void beginStartMark(std::size_t origin) { beginMark(origin, /*isEnd=*/false); }
-  void beginEndMark(std::size_t origin) { beginMark(origin, /*isEnd=*/true); }
+  /// What `whole` views has to stay.
+  explicit BlockRemoval(std::string_view whole) : whole_(whole) {}
+
+  /// So many characters more of the whole text pass.
+  void pass(std::size_t size);
+  /// How many have.
+  [[nodiscard]] std::size_t passed() const { return passed_; }
+  /// What passes next begins a start mark, or an end mark.
+  void beginStartMark() { beginMark(/*isEnd=*/false); }
+  void beginEndMark() { beginMark(/*isEnd=*/true); }
 
   /// Whether the mark begun last is an end mark.
   [[nodiscard]] bool isAtEndMark() const { return !marks_.empty() && marks_.back().isEnd; }
@@ -58,7 +65,7 @@ class BlockRemoval {
   /// was completed last as the only end mark behind it.
   void takeOutFirstBlock();
 
-  /// The text as far as it was appended, with a blank for each block that is gone.
+  /// The text as far as it has passed, with a blank for each block that is gone.
   [[nodiscard]] const std::string& text() const { return text_; }
   /// The first mark of its kind in `text()`.
   [[nodiscard]] std::optional<Mark> firstStartMark() const { return firstMark(/*isEnd=*/false); }
@@ -93,8 +100,7 @@ class BlockRemoval {
    public:
     /// Blocks that read alike.
     struct Block {
-      std::size_t begin = 0;  ///< in the texts
-      std::size_t size = 0;
+      std::string_view text;
       std::size_t startMarks = 0;
       Hash hash = 0;
       Time first = 0;
@@ -110,12 +116,10 @@ class BlockRemoval {
     [[nodiscard]] Time now() const { return now_; }
     /// The numbers of start marks that blocks have, in ascending order.
     [[nodiscard]] const std::vector<std::size_t>& startMarkCounts() const { return counts_; }
-    [[nodiscard]] std::string_view textOf(const Block& block) const {
-      return std::string_view(texts_).substr(block.begin, block.size);
-    }
     /// The block of that hash, size and number of start marks that passes `test`, or null.
     template <typename Test>
     const Block* find(Hash hash, std::size_t size, std::size_t startMarks, Test test) const;
+    /// `text` has to stay.
     void add(std::string_view text, Hash hash, std::size_t startMarks);
 
    private:
@@ -130,7 +134,6 @@ class BlockRemoval {
     void makeRoom();
 
     Time now_ = 0;
-    std::string texts_;
     std::vector<Block> blocks_;
     std::vector<std::size_t> counts_;
     /// Indices into the blocks, from 1, or 0; a power of two of them, half of them free.
@@ -152,20 +155,27 @@ class BlockRemoval {
     Time newest_ = 0;
   };
 
-  void beginMark(std::size_t origin, bool isEnd);
+  void append(std::string_view characters);
+  void beginMark(bool isEnd);
   [[nodiscard]] std::optional<Mark> firstMark(bool isEnd) const;
   /// The mark that a block with so many start marks, ending here, begins with.
   [[nodiscard]] std::size_t indexOfBlock(std::size_t startMarks) const;
   [[nodiscard]] std::string_view textFrom(const OpenMark& mark) const;
+  /// The same, as something that stays.
+  [[nodiscard]] std::string_view lastingTextFrom(std::size_t index);
   [[nodiscard]] Hash hashFrom(const OpenMark& mark) const;
   [[nodiscard]] std::optional<Repetition> findRepetition() const;
   void replaceByBlank(std::size_t index, Time time);
 
+  std::string_view whole_;
+  std::size_t passed_ = 0;
   std::string text_;
   /// Of all of it, as far as it stands behind a mark.
   Hash hash_ = 0;
   std::vector<OpenMark> marks_;
   TakenOut takenOut_;
+  /// Blocks that were taken out with blanks in them, and so read otherwise than the whole text.
+  std::deque<std::string> takenOutWithBlanks_;
 };
 
 }  // namespace quorbind

@@ -40,16 +40,12 @@ constexpr std::string_view kPathMissing = text(RuleText::kHeadingPathMissing);
 constexpr std::string_view kTitleMissing = text(RuleText::kHeadingTitleMissing);
 constexpr std::string_view kTitleHasBrackets = text(RuleText::kHeadingHasBrackets);
 
-bool isContinuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
 /// The position `count` characters behind `position`, or the end of `text`.
 std::size_t charactersBehind(std::string_view text, std::size_t position, std::size_t count) {
   for (; count > 0 && position < text.size(); --count) {
     do {
       ++position;
-    } while (position < text.size() && isContinuation(text[position]));
+    } while (position < text.size() && isInsideCharacter(text[position]));
   }
   return position;
 }
@@ -59,7 +55,7 @@ std::size_t charactersBefore(std::string_view text, std::size_t position, std::s
   for (; count > 0; --count) {
     do {
       --position;
-    } while (isContinuation(text[position]));
+    } while (isInsideCharacter(text[position]));
   }
   return position;
 }
@@ -87,7 +83,7 @@ std::string_view tagAt(std::string_view text, std::size_t position) {
 class HeadingWalk {
  public:
   HeadingWalk(std::string_view page, HtmlTocListener& listener)
-      : page_(page), listener_(listener) {}
+      : page_(page), listener_(listener), rest_(page) {}
 
   bool run() {
     readOn();
@@ -116,12 +112,9 @@ class HeadingWalk {
 
   /// Reads on to the end of the next end mark that stays, or to the end of the page.
   void readOn() {
-    while (at_ < page_.size()) {
-      copy(nextBracket() - at_);
-      if (at_ == page_.size()) {
-        return;
-      }
-      if (readMark()) {
+    while (at() < page_.size()) {
+      rest_.pass(nextBracket() - at());
+      if (at() == page_.size() || readMark()) {
         return;
       }
     }
@@ -129,36 +122,31 @@ class HeadingWalk {
 
   /// The end of a tag is one behind an end mark only.
   [[nodiscard]] std::size_t nextBracket() const {
-    return rest_.isAtEndMark() ? bracketFrom(page_, at_)
-                               : std::min(page_.find(kTagStart, at_), page_.size());
+    return rest_.isAtEndMark() ? bracketFrom(page_, at())
+                               : std::min(page_.find(kTagStart, at()), page_.size());
   }
 
   /// Reads what stands at a bracket. Answers whether it ends an end mark that stays.
   bool readMark() {
-    if (page_[at_] == kTagEnd) {
-      copy(1);
+    if (page_[at()] == kTagEnd) {
+      rest_.pass(1);
       return !rest_.completeEndMark();
     }
-    if (hasMarkAt(page_, at_, kEndMark)) {
-      rest_.beginEndMark(at_);
-      copy(isFirst_ ? usualEndMarkHere() : kEndMark.size());
+    if (hasMarkAt(page_, at(), kEndMark)) {
+      rest_.beginEndMark();
+      rest_.pass(isFirst_ ? usualEndMarkHere() : kEndMark.size());
       return isFirst_;
     }
-    if (hasMarkAt(page_, at_, kStartMark)) {
-      rest_.beginStartMark(at_);
+    if (hasMarkAt(page_, at(), kStartMark)) {
+      rest_.beginStartMark();
     }
-    copy(1);
+    rest_.pass(1);
     return false;
   }
 
   // Of the first heading the end mark counts with one digit, wherever its bracket is.
   [[nodiscard]] std::size_t usualEndMarkHere() const {
-    return charactersBehind(page_, at_, kUsualEndMarkLength) - at_;
-  }
-
-  void copy(std::size_t size) {
-    rest_.append(page_.substr(at_, size));
-    at_ += size;
+    return charactersBehind(page_, at(), kUsualEndMarkLength) - at();
   }
 
   bool takeHeading() {
@@ -199,14 +187,63 @@ class HeadingWalk {
     listener_.refused({mark.origin, tagAt(text, position)}, fault);
   }
 
+  /// How far the page has been read.
+  [[nodiscard]] std::size_t at() const { return rest_.passed(); }
+
   std::string_view page_;
   HtmlTocListener& listener_;
 
-  std::size_t at_ = 0;
   /// The page up to there, without the headings taken out.
   BlockRemoval rest_;
   bool isFirst_ = true;
 };
+
+/// `text` with a blank for each tag, if none has a bracket inside: no tag reads like a part of
+/// another then, and no blank makes one.
+std::optional<std::string> withoutPlainTags(std::string_view text) {
+  std::string rest;
+  rest.reserve(text.size());
+  std::size_t at = 0;
+  for (;;) {
+    const std::size_t start = bracketFrom(text, at);
+    rest.append(text.substr(at, start - at));
+    if (start == text.size()) {
+      return rest;
+    }
+    const std::size_t end = bracketFrom(text, start + 1);
+    if (end == text.size() || text[start] == kTagEnd || text[end] == kTagStart) {
+      return std::nullopt;
+    }
+    rest += ' ';
+    at = end + 1;
+  }
+}
+
+/// The same for tags of any kind.
+std::string withoutAnyTags(std::string_view text) {
+  BlockRemoval rest(text);
+  bool isOver = false;
+  for (std::size_t found = bracketFrom(text, 0); found < text.size();
+       found = bracketFrom(text, rest.passed())) {
+    rest.pass(found - rest.passed());
+    if (text[found] == kTagStart) {
+      rest.beginStartMark();
+      rest.pass(1);
+      continue;
+    }
+    rest.beginEndMark();
+    rest.pass(1);
+    if (rest.completeEndMark() || isOver) {
+      continue;
+    }
+    isOver = !rest.firstStartMark();
+    if (!isOver) {
+      rest.takeOutFirstBlock();
+    }
+  }
+  rest.pass(text.size() - rest.passed());
+  return rest.text();
+}
 
 /// What stands between `start` and the next quote.
 std::optional<std::string_view> valueBehind(std::string_view block, std::string_view start) {
@@ -286,30 +323,11 @@ TocViolation htmlPathMissing(std::string_view block) {
 }
 
 std::string withoutHtmlTags(std::string_view text) {
-  BlockRemoval rest;
-  bool isOver = false;
-  std::size_t at = 0;
-  for (std::size_t found = bracketFrom(text, 0); found < text.size();
-       found = bracketFrom(text, at)) {
-    rest.append(text.substr(at, found - at));
-    at = found + 1;
-    if (text[found] == kTagStart) {
-      rest.beginStartMark(found);
-      rest.append({&kTagStart, 1});
-      continue;
-    }
-    rest.beginEndMark(found);
-    rest.append({&kTagEnd, 1});
-    if (rest.completeEndMark() || isOver) {
-      continue;
-    }
-    isOver = !rest.firstStartMark();
-    if (!isOver) {
-      rest.takeOutFirstBlock();
-    }
+  std::optional<std::string> rest = withoutPlainTags(text);
+  if (!rest) {
+    rest = withoutAnyTags(text);
   }
-  rest.append(text.substr(at));
-  return std::string(trimBlanks(rest.text()));
+  return std::string(trimBlanks(*rest));
 }
 
 std::optional<TocViolation> checkHtmlTitle(std::string_view block, std::string_view title) {

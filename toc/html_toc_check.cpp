@@ -88,6 +88,8 @@ bool TocCheck::mbValidateHTMLToc(std::string_view tocPath, std::string& exportTe
     if (!mcheckHTMLTocBookTitle(page, folder, path)) {
       return false;
     }
+    // They are about as long, and moving a long text costs.
+    exportText.reserve(page.size());
     HtmlTocTeller teller(*this, folder, exportText);
     return walkHtmlToc(page, teller);
   });

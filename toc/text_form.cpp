@@ -10,17 +10,19 @@ namespace {
 
 constexpr std::string_view kExportEnding = "_Temp.txt";
 
-std::string inMarkers(std::string_view field) {
-  return std::string(kMarker).append(field).append(kMarker);
+void appendInMarkers(std::string& line, std::string_view field) {
+  line.append(kMarker).append(field).append(kMarker);
 }
 
 }  // namespace
 
 std::string lineOf(const Entry& entry) {
-  std::string line = inMarkers(std::to_string(entry.level));
+  std::string line;
+  appendInMarkers(line, std::to_string(entry.level));
   for (const std::string_view field :
        {entry.name, entry.file, entry.subLink, entry.fLinkValue, entry.bookLinkValue}) {
-    line.append(" ").append(inMarkers(field));
+    line.append(" ");
+    appendInMarkers(line, field);
   }
   return line;
 }

@@ -106,11 +106,11 @@ bool TocCheck::mbCheckFilePath(std::string_view /*line*/,
     if (fileName.empty()) {
       return;
     }
-    const Pieces parts(fileName, std::string_view(&kBookmarkSign, 1));
-    mstrCurFile_ = parts.at(0);
+    const std::size_t sign = fileName.find(kBookmarkSign);
+    mstrCurFile_ = fileName.substr(0, sign);
     mstrCurBookMark_.clear();
-    if (parts.count() > 1) {
-      mstrCurBookMark_.append(1, kBookmarkSign).append(parts.at(1));
+    if (sign != std::string_view::npos) {
+      mstrCurBookMark_ = fileName.substr(sign, fileName.find(kBookmarkSign, sign + 1) - sign);
     }
     if (!documentExists(folder, mstrCurFile_)) {
       marrsMissingFiles_.add(fileName);

@@ -39,10 +39,6 @@ void appendCode(std::string& target, char control) {
       .append(1, kHexadecimalDigits[code & 0xFU]);
 }
 
-bool isInsideCharacter(char byte) {
-  return (byteOf(byte) & 0xC0U) == 0x80U;
-}
-
 std::string visibleLine(std::string_view line) {
   if (line.size() <= kLongestVisibleLine) {
     return visibleText(line);

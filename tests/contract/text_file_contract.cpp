@@ -399,6 +399,22 @@ TEST_F(TextFileContract, MuchTextIsWrittenWhole) {
   EXPECT_EQ(fromUtf16File(disk_.read("b.txt")), expected);
 }
 
+TEST_F(TextFileContract, ALongTextIsWrittenInWholeCharacters) {
+  // Behind so many others, so that each byte of a character comes to stand where a piece ends.
+  for (const std::size_t before : {0U, 1U, 2U, 3U}) {
+    std::string text(before, 'a');
+    std::string expected = text;
+    while (text.size() < kManyBytes) {
+      text += "ä€😀\x84\x84";
+      expected += "ä€😀\uFFFD\uFFFD";
+    }
+    TextWriter writer = write("C:\\b.txt");
+    writer.write(text);
+    writer.close();
+    EXPECT_TRUE(fromUtf16File(disk_.read("b.txt")) == expected) << before;
+  }
+}
+
 TEST_F(TextFileContract, AWriterDestroyedBeforeItIsClosedHasWrittenNothing) {
   disk_.write("b.txt", "old");
   {
