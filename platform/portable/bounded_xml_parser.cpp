@@ -26,12 +26,9 @@ constexpr const char* kUtf16 = "UTF-16";
 /// types refused there are no others.
 constexpr int kOptions = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_COMPACT;
 
-/// How many pointers libxml2 has for an attribute.
-constexpr int kAttributeFields = 5;
-
 /// libxml2 gives its table of attributes twice the room that it needs and some more, so a table of
 /// this size has too many in it. That of the namespaces in force holds two fields of each.
-constexpr int kTooLargeAttributeTable = 3 * kAttributeFields * kMaximumXmlAttributes;
+constexpr int kTooLargeAttributeTable = 3 * kXmlAttributeFields * kMaximumXmlAttributes;
 constexpr int kTooManyNamespaceFields = 2 * kMaximumXmlAttributes;
 
 std::string tooDeep() {
@@ -59,11 +56,6 @@ bool breaksTheDocument(const xmlError& error) {
 }
 
 }  // namespace
-
-BoundedXmlParser::Attribute BoundedXmlParser::StartTag::attribute(int index) const {
-  const xmlChar** const fields = attributes + std::ptrdiff_t{index} * kAttributeFields;
-  return {fields[0], fields[1], fields[2], fields[3], fields[4]};
-}
 
 BoundedXmlParser::BoundedXmlParser(XmlBytes::Utf16 utf16)
     : context_(xmlNewParserCtxt()), utf16_(utf16) {

@@ -21,6 +21,9 @@ inline constexpr int kMaximumXmlAttributes = 256;
 /// In bytes, without the prefix.
 inline constexpr std::size_t kMaximumXmlNameLength = 10000;
 
+/// How many pointers libxml2 has for an attribute.
+inline constexpr int kXmlAttributeFields = 5;
+
 /// One run of libxml2's parser over one file, kept within bounds.
 ///
 /// The bytes come from the file-system port. The bounds of the port (xml_document.h) and those
@@ -68,7 +71,10 @@ class BoundedXmlParser {
     int defaultedCount;
     const xmlChar** attributes;  ///< the fields of each, one behind the other
 
-    [[nodiscard]] Attribute attribute(int index) const;
+    [[nodiscard]] Attribute attribute(int index) const {
+      const xmlChar** const fields = attributes + std::ptrdiff_t{index} * kXmlAttributeFields;
+      return {fields[0], fields[1], fields[2], fields[3], fields[4]};
+    }
   };
 
   struct EndTag {

@@ -18,6 +18,8 @@ class NumberFormat {
   /// `value` is finite.
   [[nodiscard]] std::string display(double value, DateSystem dates) const;
   [[nodiscard]] std::string display(std::string_view text) const;
+  /// Whether texts are displayed as they are.
+  [[nodiscard]] bool leavesTexts() const { return sectionForTexts() == nullptr; }
 
  private:
   struct Choice {

@@ -34,13 +34,18 @@ void SheetBuilder::error(const CellPlace& place, std::string_view name) {
 }
 
 void SheetBuilder::text(const CellPlace& place, std::string_view value) {
-  const std::string shown = formats_.ofStyle(place.style).display(value);
-  put(place, texts_.pool.keep(shown));
+  const NumberFormat& format = formats_.ofStyle(place.style);
+  put(place, texts_.pool.keep(format.leavesTexts() ? value : format.display(value)));
 }
 
 void SheetBuilder::text(const CellPlace& place, TextSpan shared) {
+  const NumberFormat& format = formats_.ofStyle(place.style);
+  if (format.leavesTexts()) {
+    put(place, shared);
+    return;
+  }
   const std::string_view value = texts_.pool.text(shared);
-  const std::string shown = formats_.ofStyle(place.style).display(value);
+  const std::string shown = format.display(value);
   put(place, shown == value ? shared : texts_.pool.keep(shown));
 }
 

@@ -88,8 +88,4 @@ XlsxRelations XlsxPackage::relationsOf(std::string_view part) {
   return handler.take();
 }
 
-std::string_view localNameOf(std::string_view name) {
-  return name.substr(name.rfind(':') + 1);
-}
-
 }  // namespace quorbind

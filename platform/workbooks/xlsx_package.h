@@ -40,6 +40,8 @@ class XlsxPackage {
 };
 
 /// The name of an element without its prefix.
-std::string_view localNameOf(std::string_view name);
+inline std::string_view localNameOf(std::string_view name) {
+  return name.substr(name.rfind(':') + 1);
+}
 
 }  // namespace quorbind
