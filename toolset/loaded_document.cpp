@@ -4,14 +4,19 @@
 
 namespace quorbind {
 
+void requireLoaded(const XmlLoadResult& result, std::string_view path) {
+  if (result) {
+    return;
+  }
+  const std::string line =
+      result.line == 0 ? std::string() : ", line " + std::to_string(result.line);
+  throw RunTimeError(kDocumentNotLoadedError,
+                     std::string(path).append(line).append(": ").append(result.reason));
+}
+
 std::unique_ptr<XmlDocument> loadDocument(XmlLibrary& xml, std::string_view path) {
   auto document = xml.createDocument();
-  if (const XmlLoadResult result = document->load(path); !result) {
-    const std::string line =
-        result.line == 0 ? std::string() : ", line " + std::to_string(result.line);
-    throw RunTimeError(kDocumentNotLoadedError,
-                       std::string(path).append(line).append(": ").append(result.reason));
-  }
+  requireLoaded(document->load(path), path);
   return document;
 }
 

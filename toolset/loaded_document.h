@@ -13,8 +13,11 @@ namespace quorbind {
 /// and that does not load.
 inline constexpr std::int32_t kDocumentNotLoadedError = kServerNotConfiguredError + 1;
 
-/// The document in the file at `path`. Raises kDocumentNotLoadedError, with the place and the
-/// reason in its description.
+/// Raises kDocumentNotLoadedError for a file that has not loaded, with the place and the reason in
+/// its description.
+void requireLoaded(const XmlLoadResult& result, std::string_view path);
+
+/// The document in the file at `path`. Raises as requireLoaded does.
 std::unique_ptr<XmlDocument> loadDocument(XmlLibrary& xml, std::string_view path);
 
 }  // namespace quorbind
