@@ -19,13 +19,15 @@ constexpr std::size_t kLongestMark = kUtf8Mark.size();
 
 /// As much of a long text as is written at once, in whole characters.
 std::string_view beginningOf(std::string_view text) {
-  std::size_t size = std::min(text.size(), kChunkSize);
-  for (std::size_t left = kLongestUtf8Character;
-       left > 1 && size < text.size() && isInsideCharacter(text[size]);
-       --left) {
-    --size;
+  if (text.size() <= kChunkSize) {
+    return text;
   }
-  return text.substr(0, size);
+  std::size_t begin = kChunkSize;
+  while (begin > kChunkSize - (kLongestUtf8Character - 1) && isInsideCharacter(text[begin])) {
+    --begin;
+  }
+  // Behind so many bytes of that kind none belongs to a character.
+  return text.substr(0, isInsideCharacter(text[begin]) ? kChunkSize : begin);
 }
 
 }  // namespace
