@@ -76,7 +76,8 @@ class FileSystem {
   [[nodiscard]] virtual bool fileExists(std::string_view path) = 0;
   [[nodiscard]] virtual bool folderExists(std::string_view path) = 0;
 
-  /// Creates one folder in an existing one. Raises 58 when it already exists.
+  /// Creates one folder in an existing one, and flushes its name where the system can. Raises 58
+  /// when it already exists.
   virtual void createFolder(std::string_view path) = 0;
 
   /// Copies contents and permissions; the target is replaced whole and flushed, as by `replace`.
