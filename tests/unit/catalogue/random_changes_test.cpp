@@ -177,7 +177,7 @@ class RandomChanges : public ::testing::Test {
         write(fileOf(book.acronym), bookXmlOf(book));
       }
     }
-    world_.disk.write("Lib/Quor_TOC.xml", catalogueOf(plain_.entries));
+    world_.disk.write("Lib/Quor_TOC.xml", asSaved(catalogueOf(plain_.entries)));
   }
 
   /// Does one thing to both. Answers what the plain one tells.
@@ -196,6 +196,8 @@ class RandomChanges : public ::testing::Test {
     }
   }
 
+  static std::string asSaved(const std::string& text) { return replaceAll(text, "\n", "\r\n"); }
+
   [[nodiscard]] Texts told() const {
     Texts texts;
     for (const UserMessage& message : world_.user.messages()) {
@@ -205,10 +207,10 @@ class RandomChanges : public ::testing::Test {
   }
 
   void expectSame() {
-    EXPECT_EQ(file("Lib/Quor_TOC.xml"), catalogueOf(plain_.entries));
+    EXPECT_EQ(world_.disk.read("Lib/Quor_TOC.xml"), asSaved(catalogueOf(plain_.entries)));
     std::size_t count = 1;
     for (const auto& [name, book] : plain_.files) {
-      EXPECT_EQ(file("Lib/Manual/" + name), bookXmlOf(book)) << name;
+      EXPECT_EQ(world_.disk.read("Lib/Manual/" + name), asSaved(bookXmlOf(book))) << name;
       ++count;
     }
     EXPECT_EQ(filesOfLibrary(), count);
@@ -283,10 +285,7 @@ class RandomChanges : public ::testing::Test {
   }
 
   void write(const std::string& name, const std::string& text) {
-    world_.disk.write("Lib/Manual/" + name, text);
-  }
-  [[nodiscard]] std::string file(const std::string& name) const {
-    return replaceAll(world_.disk.read(name), "\r\n", "\n");
+    world_.disk.write("Lib/Manual/" + name, asSaved(text));
   }
   [[nodiscard]] std::size_t filesOfLibrary() const {
     const auto files = world_.disk.contents();

@@ -1,5 +1,11 @@
 #include "sidefiles/link_identifiers.h"
 
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/random_choices.h"
 #include "tests/support/watched_xml.h"
 #include "tests/unit/sidefiles/link_text.h"
 #include "tests/unit/sidefiles/side_file_test.h"
@@ -257,6 +263,43 @@ TEST_F(MergeLinks, AddsNoDocsToTheServerFolder) {
   merge("C:\\", "C:\\Docs\\Old\\Manual");
   EXPECT_EQ(links(), unmerged_);
   EXPECT_THAT(boxes(), IsEmpty());
+}
+
+TEST_F(MergeLinks, OfRandomFilesLeavesWhatTwoListsBecome) {
+  RandomChoices random(20260106);
+  const auto someLinks = [&random] {
+    std::vector<std::pair<std::string, std::string>> links;
+    for (std::size_t count = random.below(12); count > 0; --count) {
+      const auto identifier =
+          random.oneOf<std::string>({"N1", "n1", "N2", " N2", "\xC3\x84", "N3"});
+      const auto target = random.oneOf<std::string>({"A@QUOR@B", "\xE2\x82\xAC", "a b"});
+      links.emplace_back(identifier, link(identifier, target, "s", "X"));
+    }
+    return links;
+  };
+  for (int round = 0; round < 150; ++round) {
+    auto merged = someLinks();
+    const auto others = someLinks();
+    const auto fileOf = [](const auto& links) {
+      std::string entries;
+      for (const auto& [identifier, entry] : links) {
+        entries += entry;
+      }
+      return linksWith(entries);
+    };
+    world_.disk.write("Docs/Prod/Quor_LinkID.xml", fileOf(merged));
+    world_.disk.write("Docs/Old/Quor_LinkID.xml", fileOf(others));
+    merge("C:\\Docs\\", "C:\\Docs\\Old\\Manual");
+
+    for (const auto& other : others) {
+      if (std::none_of(merged.begin(), merged.end(), [&](const auto& known) {
+            return known.first == other.first;
+          })) {
+        merged.push_back(other);
+      }
+    }
+    EXPECT_EQ(links(), fileOf(merged));
+  }
 }
 
 TEST_F(MergeLinks, ReportsAMergeThatFailsInABoxWithoutAnIcon) {

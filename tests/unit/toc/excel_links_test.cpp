@@ -3,10 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/text.h"
 #include "tests/support/excel_sheets.h"
+#include "tests/support/random_choices.h"
 #include "tests/support/world.h"
 
 namespace quorbind::testing {
@@ -35,6 +39,19 @@ class ExcelLinks : public ::testing::Test {
     UpdateQuorLinkIDFile(
         world_.platform(), world_.state(), world_.spreadsheets, std::string(kPath));
   }
+  /// The last heading of each level above a row, each behind its mark; the level 0 has none.
+  static std::string chainAbove(const std::vector<HeadingRow>& rows, std::size_t row) {
+    std::string chain;
+    for (int level = 0; level < std::stoi(rows[row].level); ++level) {
+      std::string name;
+      for (std::size_t before = 0; before < row; ++before) {
+        name = rows[before].level == std::to_string(level) ? rows[before].name : name;
+      }
+      chain += "@quor@" + name;
+    }
+    return chain;
+  }
+
   /// The identifiers in the file, from its list on.
   [[nodiscard]] std::string links() const {
     const std::string text = world_.text(kLinkFile);
@@ -67,6 +84,46 @@ TEST_F(ExcelLinks, LeadFromTheAcronymThroughTheHeadingsAboveToTheDocument) {
             "\t\t</ID>\n"
             "\t</IBD>\n"
             "</LINKS>\n");
+}
+
+TEST_F(ExcelLinks, OfRandomRowsLeadWhereTheRowsSay) {
+  RandomChoices random(20260107);
+  const std::vector<std::pair<std::string, std::string>> books{
+      {"ONE", "Manual"}, {"TWO", "TWO"}, {" ONE ", "Manual"}};
+  for (int round = 0; round < 40 && !HasFailure(); ++round) {
+    world_.disk.remove("Docs/Prod/Quor_LinkID.xml");
+    std::vector<HeadingRow> rows;
+    std::vector<BookRow> list;
+    std::string expected = "\t<IBD>\n";
+    std::size_t level = 0;
+    for (std::size_t row = 0; row < 30; ++row) {
+      level = row == 0 ? 1 : 1 + random.below(std::min<std::size_t>(level + 1, 5));
+      if (level == 1) {
+        list.push_back({"Book", random.oneOf(books).first});
+      }
+      const bool hasIdentifier = row == 0 || random.oneIn(3);
+      rows.push_back({std::to_string(level),
+                      random.oneOf<std::string>({"Start", "Cold", "\xC3\x84"}),
+                      random.oneOf<std::string>({"a.htm", "sub\\b.htm", ""}),
+                      random.oneOf<std::string>({"", "#mark"}),
+                      hasIdentifier ? "ID" + std::to_string(row) : ""});
+      if (!hasIdentifier) {
+        continue;
+      }
+      const std::string& acronymCell = list.back()[1];
+      const auto book = std::find_if(books.begin(), books.end(), [&](const auto& candidate) {
+        return candidate.first == acronymCell;
+      });
+      expected += "\t\t<ID>\n\t\t\t<LinkID>" + rows.back().bookLink +
+                  "</LinkID>\n\t\t\t<FullLink>" + acronymCell + chainAbove(rows, row) +
+                  "</FullLink>\n\t\t\t<LinkIDSourceFile>Prod\\" + book->second + "\\" +
+                  rows.back().file + rows.back().subLink + "</LinkIDSourceFile>\n\t\t\t<BookAcro>" +
+                  std::string(trimBlanks(acronymCell)) + "</BookAcro>\n\t\t</ID>\n";
+    }
+    update(rows, list);
+    EXPECT_THAT(world_.user.record(), IsEmpty());
+    EXPECT_EQ(links(), expected + "\t</IBD>\n</LINKS>\n");
+  }
 }
 
 TEST_F(ExcelLinks, AWorkbookWithoutIdentifiersMakesNoFileAndNeedsNoListOfBooks) {
