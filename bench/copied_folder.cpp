@@ -18,13 +18,21 @@ constexpr const char* kBookFile = "Book_BEN.xml";
 
 CopiedFolder::CopiedFolder(std::size_t documents, const std::string& extension)
     : files_(documents + 1) {
+  const bool arePages = extension == kPageExtension;
+  const std::string content = arePages ? pageContent() : std::string(kDocumentSize, 'x');
   std::string book = "<Book_Master><Book_Headings>";
   for (std::size_t i = 0; i < documents; ++i) {
     const std::string name = "document" + std::to_string(i) + extension;
-    world_.disk.write("in/" + name, std::string(kDocumentSize, 'x'));
+    world_.disk.write("in/" + name, content);
     book += "<Heading><HFile>" + name + "</HFile></Heading>";
   }
   world_.disk.write(std::string("in/") + kBookFile, book + "</Book_Headings></Book_Master>");
+  if (arePages) {
+    for (const char* file : kFilesOfPages) {
+      world_.disk.write(std::string("in/") + file, std::string(kDocumentSize, 'x'));
+    }
+    files_ += kFilesOfPages.size();
+  }
   world_.disk.makeFolder("library");
 }
 

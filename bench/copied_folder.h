@@ -8,7 +8,10 @@
 
 namespace quorbind::bench {
 
-/// A folder with a book file and its documents, which have one extension.
+inline constexpr const char* kPageExtension = ".htm";
+
+/// A folder with a book file and its documents, which have one extension; with pages, also what
+/// these link to.
 class CopiedFolder {
  public:
   CopiedFolder(std::size_t documents, const std::string& extension);
@@ -23,7 +26,7 @@ class CopiedFolder {
   [[nodiscard]] bool areCopied() const;
   [[nodiscard]] bool isQuiet() const { return world_.user.messages().empty(); }
 
-  /// With the book file.
+  /// With the book file, and what pages link to.
   [[nodiscard]] std::size_t files() const { return files_; }
   [[nodiscard]] std::filesystem::path source() const;
   [[nodiscard]] std::filesystem::path target() const;
@@ -42,7 +45,7 @@ class PlainFolder : public CopiedFolder {
 
 class PageFolder : public CopiedFolder {
  public:
-  explicit PageFolder(std::size_t documents) : CopiedFolder(documents, ".htm") {}
+  explicit PageFolder(std::size_t documents) : CopiedFolder(documents, kPageExtension) {}
 };
 
 }  // namespace quorbind::bench

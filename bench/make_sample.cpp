@@ -55,15 +55,21 @@ bool write(std::string_view kind, std::size_t size, std::ostream& out) {
   return true;
 }
 
+bool writeFile(const std::string& path, const std::string& content) {
+  std::ofstream file(path, std::ios::binary);
+  return static_cast<bool>((file << content).flush());
+}
+
 bool writeDocuments(std::size_t entries, const std::string& folder) {
-  const std::string content(kDocumentSize, 'x');
-  for (std::size_t index = 1; index < entries; ++index) {
-    std::ofstream document(folder + "/" + documentOf(index), std::ios::binary);
-    if (!(document << content).flush()) {
-      return false;
-    }
+  const std::string page = pageContent();
+  bool isWritten = true;
+  for (std::size_t index = 1; index < entries && isWritten; ++index) {
+    isWritten = writeFile(folder + "/" + documentOf(index), page);
   }
-  return true;
+  for (const char* file : kFilesOfPages) {
+    isWritten = isWritten && writeFile(folder + "/" + file, page);
+  }
+  return isWritten;
 }
 
 bool make(std::string_view kind, std::size_t size, const std::string& place) {

@@ -54,6 +54,16 @@ std::string documentOf(std::size_t index) {
   return "page" + std::to_string(index) + ".htm";
 }
 
+std::string pageContent() {
+  std::string page = "<html><head><link rel=\"stylesheet\" href=\"" +
+                     std::string(kFilesOfPages[0]) +
+                     "\"></head>\r\n<body class=\"manual\"><p><img alt=\"\" src=\"" +
+                     kFilesOfPages[1] + "\"></p>\r\n<p>";
+  const std::string end = "</p></body></html>\r\n";
+  page.append(kDocumentSize - page.size() - end.size(), 'x');
+  return page + end;
+}
+
 void writeTextToc(std::ostream& out, std::size_t entries) {
   out << inQuotes("Node Level") << inQuotes("Node Name") << inQuotes("File Name")
       << inQuotes("Sub Link") << "\r\n\r\n";

@@ -17,6 +17,10 @@ namespace quorbind::bench {
 inline constexpr const char* kBookFolder = "Manual";
 /// In bytes, as long as short pages are.
 inline constexpr std::size_t kDocumentSize = 2'000;
+/// What every page links to.
+inline constexpr std::array<const char*, 2> kFilesOfPages{"book.css", "pump.png"};
+/// A page of that size, with its links.
+std::string pageContent();
 /// How many headings a book of a workbook has, and one of a workbook with very many books.
 inline constexpr std::size_t kRowsOfABook = 1'000;
 inline constexpr std::size_t kRowsOfASmallBook = 2;

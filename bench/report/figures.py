@@ -188,14 +188,14 @@ SIDE_FILES = Table("side-files", "operation", "entries", SIZES, (
     side_file("categories", "bCheckCategoryinQuorBookCategories", ("categories/load",), "query"),
     side_file("categories", "GetBookAcroValue", ("categories/query",), "query"),
     side_file("categories", "GetBookAcroInfo/first", ("categories", "categories/catalogue"),
-              "list"),
+              "change"),
     side_file("categories", "GetBookAcroInfo/again", ("categories", "categories/catalogue"),
-              "list"),
+              "change"),
     side_file("categories", "AddBookCateToXMLFile", ("categories",), "change"),
     side_file("categories", "EditBookCateToXMLFile", ("categories",), "change"),
     side_file("categories", "AddCategoryNode", ("categories",), "change"),
-    side_file("categories", "AddBookAcro", ("categories",), "list"),
-    side_file("categories", "Addothercategory", ("categories",), "list"),
+    side_file("categories", "AddBookAcro", ("categories",), "change"),
+    side_file("categories", "Addothercategory", ("categories",), "change"),
     side_file("sort", "SortArray", ("sort",)),
     side_file("sort", "mQuickSort", ("sort",)),
 ))
@@ -493,8 +493,8 @@ def kept_document(figures):
 
 def kept_start(figures):
     start = start_of(figures)
-    return Kept(START, f"{start:.1f} ms",
-                (f"the start takes {start:.1f} ms",) if start > START.limit else ())
+    return Kept(START, f"{start:.2f} ms",
+                (f"the start takes {start:.2f} ms",) if start > START.limit else ())
 
 
 def kept_bounds(figures):
