@@ -61,7 +61,7 @@ class CTOCToXML::HeadingWriter {
       return false;
     }
     line_ = reader_.readLine();
-    pieces_ = Pieces(line_, text_form::kMarker);
+    pieces_.split(line_, text_form::kMarker);
     return true;
   }
 

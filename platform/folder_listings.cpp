@@ -34,14 +34,13 @@ bool isThere(const RunTimeError& error) {
 
 bool FolderListings::hasFile(const std::string& path) {
   forgetSomeFolders();
-  const std::string folderName(folderPartOf(path));
   const std::string_view name = fileNameOf(path);
-  Folder& folder = folders_[folderName];
+  Folder& folder = folderAt(folderPartOf(path));
   if (mayBeAnotherName(name) || ++folder.askedFor <= kAskedForFirst) {
     return files_.fileExists(path);
   }
   if (!folder.isListed) {
-    folder.names = list(folderName);
+    folder.names = list(lastFolder_->first);
     folder.isListed = true;
   }
   if (!folder.names) {
@@ -51,8 +50,16 @@ bool FolderListings::hasFile(const std::string& path) {
   return found && (folder.names->at(*found) == name || files_.fileExists(path));
 }
 
+FolderListings::Folder& FolderListings::folderAt(std::string_view name) {
+  if (lastFolder_ == nullptr || lastFolder_->first != name) {
+    lastFolder_ = &*folders_.try_emplace(std::string(name)).first;
+  }
+  return lastFolder_->second;
+}
+
 void FolderListings::forgetSomeFolders() {
   if (folders_.size() >= mostFolders_) {
+    lastFolder_ = nullptr;
     std::erase_if(folders_, [](const auto& folder) { return !folder.second.isListed; });
     mostFolders_ = std::max(kMostFolders, 2 * folders_.size());
   }

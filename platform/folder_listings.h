@@ -45,6 +45,9 @@ class FolderListings {
  public:
   /// Kept by reference.
   FolderListings(FileSystem& files, const Locale& locale) : files_(files), locale_(locale) {}
+  ~FolderListings() = default;
+  FolderListings(const FolderListings&) = delete;
+  FolderListings& operator=(const FolderListings&) = delete;
 
   /// The path as FileSystem::absolutePath gives it.
   [[nodiscard]] bool hasFile(const std::string& path);
@@ -58,13 +61,18 @@ class FolderListings {
     /// Of files; nothing for a folder that is not listed.
     std::optional<NameSet> names;
   };
+  using Folders = std::unordered_map<std::string, Folder>;
+
+  [[nodiscard]] Folder& folderAt(std::string_view name);
   /// Where they are too many: those that are not listed, as if nothing had been asked of them.
   void forgetSomeFolders();
   [[nodiscard]] std::optional<NameSet> list(const std::string& folder);
 
   FileSystem& files_;
   const Locale& locale_;
-  std::unordered_map<std::string, Folder> folders_;
+  Folders folders_;
+  /// That of the document before, which is most often the next one's, too.
+  Folders::value_type* lastFolder_ = nullptr;
   std::size_t mostFolders_ = kMostFolders;
   std::size_t listedNames_ = 0;
 };

@@ -33,6 +33,11 @@ bool anyOf(const Names& names, Predicate predicate) {
 
 /// A device answers to its name with any extension, and with blanks before that.
 bool isDevice(std::string_view part) {
+  // No other letter does a device begin with, and nearly no name with one of them.
+  constexpr std::string_view kInitials = "ACLNPaclnp";
+  if (part.empty() || kInitials.find(part.front()) == std::string_view::npos) {
+    return false;
+  }
   const std::string_view stem = part.substr(0, part.find('.'));
   const std::string_view name = stem.substr(0, stem.find_last_not_of(' ') + 1);
   const auto isName = [name](std::string_view device) {
@@ -57,7 +62,10 @@ std::string_view firstPart(std::string_view path) {
 
 std::string withBackslashes(std::string_view path) {
   std::string result(path);
-  std::replace(result.begin(), result.end(), '/', '\\');
+  // Every character is assigned: so the compiler takes many in a step.
+  for (char& c : result) {
+    c = c == '/' ? '\\' : c;
+  }
   return result;
 }
 

@@ -12,6 +12,11 @@ char upperAscii(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+/// The library's search for a text compares it once more where its first character has been found.
+std::size_t findSeparator(std::string_view text, std::string_view separator, std::size_t from) {
+  return separator.size() == 1 ? text.find(separator.front(), from) : text.find(separator, from);
+}
+
 }  // namespace
 
 std::string_view trimBlanks(std::string_view text) {
@@ -26,16 +31,17 @@ std::string_view trimAnyOf(std::string_view text, std::string_view characters) {
   return text.substr(first, text.find_last_not_of(characters) - first + 1);
 }
 
-Pieces::Pieces(std::string_view text, std::string_view separator) {
+void Pieces::split(std::string_view text, std::string_view separator) {
   // Enough for a line of a table of contents, so that it takes one allocation.
   constexpr std::size_t kUsualCount = 16;
+  pieces_.clear();
   if (text.empty()) {
     return;
   }
   pieces_.reserve(kUsualCount);
   std::size_t start = 0;
-  for (std::size_t found = text.find(separator); found != std::string_view::npos;
-       found = text.find(separator, start)) {
+  for (std::size_t found = findSeparator(text, separator, 0); found != std::string_view::npos;
+       found = findSeparator(text, separator, start)) {
     pieces_.push_back(text.substr(start, found - start));
     start = found + separator.size();
   }
@@ -65,8 +71,8 @@ std::size_t countPieces(std::string_view text, std::string_view separator) {
     return 0;
   }
   std::size_t count = 1;
-  for (std::size_t found = text.find(separator); found != std::string_view::npos;
-       found = text.find(separator, found + separator.size())) {
+  for (std::size_t found = findSeparator(text, separator, 0); found != std::string_view::npos;
+       found = findSeparator(text, separator, found + separator.size())) {
     ++count;
   }
   return count;

@@ -23,7 +23,11 @@ class Pieces {
  public:
   /// Splits `text` at every `separator`. An empty text has no pieces at all; any other text has one
   /// more than it has separators. The pieces view into `text`.
-  Pieces(std::string_view text, std::string_view separator);
+  Pieces(std::string_view text, std::string_view separator) { split(text, separator); }
+  /// None at all, until something is split.
+  Pieces() = default;
+  /// The same for another text.
+  void split(std::string_view text, std::string_view separator);
 
   [[nodiscard]] std::string_view at(std::size_t index) const;
   [[nodiscard]] std::string_view last() const;

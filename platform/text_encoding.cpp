@@ -24,6 +24,18 @@ bool isLowSurrogate(char32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
+constexpr std::size_t kAsciiBlock = 16;
+
+bool beginsWithAsciiBlock(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::array<std::uint64_t, kAsciiBlock / sizeof(std::uint64_t)> block{};
+  if (text.size() < kAsciiBlock) {
+    return false;
+  }
+  std::memcpy(block.data(), text.data(), sizeof block);
+  return ((block[0] | block[1]) & kHighBits) == 0;
+}
+
 /// How many bytes at the beginning of `text` are ASCII. Most text is ASCII from end to end, so it
 /// is looked at in blocks first.
 std::size_t asciiPrefix(std::string_view text) {
@@ -59,33 +71,50 @@ bool isAllowed(char32_t codePoint, std::size_t length) {
          !isHighSurrogate(codePoint) && !isLowSurrogate(codePoint);
 }
 
-void appendUnit(std::string& target, char32_t unit) {
-  target.push_back(static_cast<char>(unit & 0xFF));
-  target.push_back(static_cast<char>(unit >> 8U));
-}
+/// Units of UTF-16, little-endian, on their way into a text.
+class Utf16Units {
+ public:
+  explicit Utf16Units(std::string& target) : target_(target) {}
 
-void appendUtf16(std::string& target, char32_t codePoint) {
-  if (codePoint < kFirstBeyond16Bits) {
-    appendUnit(target, codePoint);
-    return;
-  }
-  const char32_t offset = codePoint - kFirstBeyond16Bits;
-  appendUnit(target, 0xD800 | offset >> 10U);
-  appendUnit(target, 0xDC00 | (offset & 0x3FF));
-}
-
-void appendAsciiAsUtf16(std::string& target, std::string_view ascii) {
-  std::array<char, 64> block{};
-  constexpr std::size_t kUnits = block.size() / 2;
-  while (!ascii.empty()) {
-    const std::size_t count = std::min(ascii.size(), kUnits);
-    for (std::size_t unit = 0; unit < count; ++unit) {
-      block[2 * unit] = ascii[unit];
+  void addAsciiBlock(const char* ascii) {
+    makeRoom();
+    char* const bytes = bytes_.data() + used_;
+    for (std::size_t unit = 0; unit < kAsciiBlock; ++unit) {
+      bytes[2 * unit] = ascii[unit];
+      bytes[2 * unit + 1] = '\0';
     }
-    target.append(block.data(), 2 * count);
-    ascii.remove_prefix(count);
+    used_ += 2 * kAsciiBlock;
   }
-}
+  void add(char32_t codePoint) {
+    makeRoom();
+    if (codePoint < kFirstBeyond16Bits) {
+      addUnit(codePoint);
+      return;
+    }
+    const char32_t offset = codePoint - kFirstBeyond16Bits;
+    addUnit(0xD800 | offset >> 10U);
+    addUnit(0xDC00 | (offset & 0x3FF));
+  }
+  void flush() {
+    target_.append(bytes_.data(), used_);
+    used_ = 0;
+  }
+
+ private:
+  void makeRoom() {
+    if (used_ + 2 * kAsciiBlock > bytes_.size()) {
+      flush();
+    }
+  }
+  void addUnit(char32_t unit) {
+    bytes_[used_++] = static_cast<char>(unit & 0xFFU);
+    bytes_[used_++] = static_cast<char>(unit >> 8U);
+  }
+
+  std::string& target_;
+  std::array<char, 1024> bytes_{};
+  std::size_t used_ = 0;
+};
 
 char32_t unitAt(std::string_view bytes, std::size_t at, ByteOrder order) {
   const char32_t first = byteAt(bytes, at);
@@ -222,17 +251,18 @@ std::string toValidUtf8(std::string_view text) {
 }
 
 void appendUtf16LittleEndian(std::string& target, std::string_view utf8) {
-  for (;;) {
-    const std::size_t ascii = asciiPrefix(utf8);
-    appendAsciiAsUtf16(target, utf8.substr(0, ascii));
-    utf8.remove_prefix(ascii);
-    if (utf8.empty()) {
-      return;
+  Utf16Units units(target);
+  while (!utf8.empty()) {
+    if (beginsWithAsciiBlock(utf8)) {
+      units.addAsciiBlock(utf8.data());
+      utf8.remove_prefix(kAsciiBlock);
+      continue;
     }
     const Utf8Character character = firstUtf8Character(utf8);
-    appendUtf16(target, character.codePoint);
+    units.add(character.codePoint);
     utf8.remove_prefix(character.length == 0 ? 1 : character.length);
   }
+  units.flush();
 }
 
 std::size_t appendUtf16Prefix(std::string& target, std::string_view bytes, ByteOrder order) {

@@ -23,6 +23,9 @@ KeywordFault faultThatEndsList(Message message) {
 }
 
 std::optional<UserMessage> refusalOf(std::string_view word, std::string_view field) {
+  if (!contains(word, "&")) {
+    return std::nullopt;
+  }
   const auto* const found = std::find_if(kEntityTexts.begin(),
                                          kEntityTexts.end(),
                                          [&](auto entity) { return contains(word, entity); });

@@ -46,9 +46,10 @@ bool walkTextToc(TextReader& reader, TextTocListener& listener) {
     return false;
   }
   reader.readLine();
+  Pieces pieces;
   for (line.number = 3; !reader.atEnd(); ++line.number) {
     line.text = reader.readLine();
-    const Pieces pieces(line.text, kFieldQuote);
+    pieces.split(line.text, kFieldQuote);
     if (const auto violation = checkForm(line.text, pieces)) {
       listener.refused(line, *violation);
       return false;

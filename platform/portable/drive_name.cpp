@@ -39,6 +39,7 @@ DriveName::DriveName(std::string_view name, std::string_view workingFolder)
     raise(ErrorNumber::kBadFileName);
   }
   isWrittenAsFolder_ = isSeparator(name.back());
+  parts_.reserve(name.size() + 1);
   if (isRelative(name)) {
     append(workingFolder);
   }
@@ -66,7 +67,14 @@ void DriveName::append(std::string_view parts) {
 }
 
 std::string DriveName::text() const {
-  return drive_ + (parts_.empty() ? std::string(1, kSeparator) : withBackslashes(parts_));
+  std::string text;
+  text.reserve(drive_.size() + parts_.size() + 1);
+  text.append(drive_).append(parts_);
+  if (parts_.empty()) {
+    text += kSeparator;
+  }
+  std::replace(text.begin(), text.end(), '/', kSeparator);
+  return text;
 }
 
 }  // namespace quorbind
