@@ -131,7 +131,7 @@ class ReportTest(unittest.TestCase):
         self.assertEqual(report.broken_bounds(figures),
                          ["`quorbind add` of 1,000,000 entries takes 129 MiB",
                           "`quorbind books` takes 1.23 times the memory of the document",
-                          "the start takes 3.5 ms"])
+                          "the start takes 3.50 ms"])
 
     def test_a_table_has_a_line_for_each_size_and_marks_what_is_broken(self):
         table = Table("t", "stage", "entries", (3_000, 30_000),
