@@ -25,7 +25,7 @@ class ByteReader {
 /// Until `commit` the old file stands untouched under its name; `commit` flushes the new bytes to
 /// the disk, puts them under the name in one step, with the old file's permissions, and flushes the
 /// name. A replacement that is destroyed without `commit`, or whose `commit` failed, leaves nothing
-/// behind; where no more than the last flush failed, the new file stands, and may not last.
+/// behind; where no more than the last flush failed, the new file may stand, and may not last.
 class FileReplacement {
  public:
   virtual ~FileReplacement() = default;

@@ -1,5 +1,6 @@
 #include "toolset/link_file_services.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -80,7 +81,7 @@ class ListedIdentifiers final : public XmlElementVisitor {
 };
 
 /// Appends what `target` lacks of `source` and answers whether there was anything.
-bool merge(XmlDocument& target, ListedIdentifiers source) {
+bool merge(XmlDocument& target, const ListedIdentifiers& source) {
   TextIndex known;
   for (const XmlNode& identifier : target.selectAll(identifierQuery())) {
     known.add(keyOf(identifier));
@@ -118,14 +119,17 @@ void ReferenceLinkFileServices::MergeLinkIDFiles(std::string_view target, std::s
   if (files_.sameFile(target, source)) {
     return;
   }
-  ListedIdentifiers identifiers;
-  requireLoaded(xml_.visitSelected(source, identifierQuery(), identifiers), source);
+  auto identifiers = std::make_unique<ListedIdentifiers>();
+  requireLoaded(xml_.visitSelected(source, identifierQuery(), *identifiers), source);
   const bool isNew = !files_.fileExists(target);
   if (isNew) {
     GenerateXMLHeader(target, link_names::kDescription, link_names::kLinks);
   }
   const auto document = loadDocument(xml_, target);
-  if (merge(*document, std::move(identifiers)) || isNew) {
+  const bool hasMore = merge(*document, *identifiers);
+  // Not needed for the save, whose document is large enough.
+  identifiers.reset();
+  if (hasMore || isNew) {
     document->save(target);
   }
 }

@@ -97,6 +97,7 @@ void takeOver(const FileDescriptor& file, const std::string& oldPath, const Stat
 
 SiblingReplacement::SiblingReplacement(const std::string& path) : target_(endOfLinks(path)) {
   const std::optional<Status> old = statusOfOld(target_);
+  isNew_ = !old;
   do {
     temporary_ = siblingOf(target_);
     file_ = openFile(temporary_, O_WRONLY | O_CREAT | O_EXCL, old ? kOwnerOnly : kAllButExecute);
@@ -132,9 +133,7 @@ void SiblingReplacement::commit() {
     fail(errno);
   }
   putUnderName();
-  if (const int error = flushFolderOf(target_); error != 0) {
-    fail(error);
-  }
+  flushName();
 }
 
 void SiblingReplacement::commitUnflushed(UnflushedDisks& disks) {
@@ -186,6 +185,17 @@ void SiblingReplacement::putUnderName() {
   }
   temporary_.clear();
   isUnderName_ = true;
+}
+
+void SiblingReplacement::flushName() {
+  const int error = flushFolderOf(target_);
+  if (error == 0) {
+    return;
+  }
+  if (isNew_ && ::unlink(target_.c_str()) == 0) {
+    isUnderName_ = false;
+  }
+  fail(error);
 }
 
 void SiblingReplacement::requireOpen() const {

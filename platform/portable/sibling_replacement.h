@@ -15,7 +15,8 @@ namespace quorbind {
 /// has the old file's permissions, access list and other extended attributes, and its owner where
 /// the process may give it away, before the first byte is written to it. Once a write or a flush
 /// has failed the temporary is gone and every further call raises 57: bytes that a failed flush has
-/// dropped would not be written by another.
+/// dropped would not be written by another. Where the folder can't be flushed a new file goes
+/// again.
 class SiblingReplacement final : public FileReplacement {
  public:
   /// Begins to replace (or create) the file at `path`. Raises what FileSystem::replace raises.
@@ -39,6 +40,7 @@ class SiblingReplacement final : public FileReplacement {
   void writeThrough(std::string_view bytes);
   /// Closes the temporary and puts it under the name.
   void putUnderName();
+  void flushName();
   void requireOpen() const;
   [[noreturn]] void fail(int error);
   void discard();
@@ -47,6 +49,8 @@ class SiblingReplacement final : public FileReplacement {
   std::string temporary_;
   FileDescriptor file_;
   std::string buffer_;
+  /// Nothing stood under the name.
+  bool isNew_ = false;
   bool isUnderName_ = false;
 };
 

@@ -130,6 +130,16 @@ TEST_F(FlushOrder, AFolderWhoseNameCanNotBeFlushedIsTakenAwayAgain) {
   EXPECT_FALSE(disk.has("work/server"));
 }
 
+TEST_F(FlushOrder, ANewFileWhoseNameCanNotBeFlushedIsTakenAwayAgain) {
+  disk.makeFolder("work");
+  // Behind those of three folders and of the file itself.
+  const Outcome outcome = withFailureOf("fsync:error=EIO:when=5",
+                                        {"init", "--server", "work/server", "--library", "Plant"});
+  EXPECT_EQ(outcome.status, 5);
+  EXPECT_EQ(outcome.err, "critical: DISK/work/server/Docs/Plant/Quor_TOC.xml: Device I/O error\n");
+  EXPECT_FALSE(disk.has("work/server/Docs/Plant/Quor_TOC.xml"));
+}
+
 TEST_F(FlushOrder, OfARename) {
   EXPECT_THAT(stepsOf(plantWords({"rename", "Alarms", "--name", "W", "--acro", "WRN", "--yes"})),
               ElementsAre("close Plant/Quor_TOC.xml*",
