@@ -14,10 +14,7 @@
 #include "tests/component/footprint.h"
 #include "tests/operations/operations_test.h"
 #include "tests/starved/starved_dll.h"
-#include "tests/support/excel_sheets.h"
 #include "tests/support/long_tier.h"
-#include "tests/support/windows/workbook_server.h"
-#include "tests/support/workbook_bytes.h"
 
 namespace quorbind::testing {
 namespace {
@@ -71,21 +68,6 @@ using Files = std::map<std::string, std::string>;
 Files filesAmong(const Files& tree) {
   Files files = tree;
   std::erase_if(files, [](const auto& entry) { return entry.second == "(folder)"; });
-  return files;
-}
-
-constexpr const char* kWorkbook = "in/books.xls";
-
-/// A library, and beside it a workbook of two books with all that one can say of a book.
-Files soundFiles() {
-  Files files = filesAmong(WholeLibrary().sound());
-  files[kWorkbook] = workbookBytes(WorkbookKind::kXls,
-                                   {headingSheet({{"1", "Pumps", "Pumps\\a.htm", "", "P1"},
-                                                  {"2", "Seals", "Pumps\\b.htm", "#s", "P2"},
-                                                  {"1", "Valves", "Valves\\a.htm"},
-                                                  {"2", "Gates", "Valves\\b.htm", "", "V1"}}),
-                                    bookSheet({{"Pumps", "PMP", "horn;hoot", "Safety;Maps"},
-                                               {"Valves", "VLV", "gate", "Maps"}})});
   return files;
 }
 
@@ -163,10 +145,8 @@ class StarvedHost {
     }
   }
 
-  const Files sound_ = soundFiles();
+  const Files sound_ = filesAmong(WholeLibrary().sound());
   std::unique_ptr<ComponentHost> host_ = makeEarlyBoundHost(kStarvedDll);
-  /// Opens the workbook.
-  WorkbookServer program_;
   WindowsFileSystem files_;
   MsxmlLibrary xml_{files_};
 };
@@ -231,11 +211,6 @@ void fillTheDialog(ComponentHost& host) {
   host.call("mbGetFormInput", {"", 1});
 }
 
-/// Whether a table of contents of that kind says what its books are called.
-bool namesItsBooks(std::int32_t kind) {
-  return kind == 1 || kind == 3;
-}
-
 /// Every operation, on a library in which it has something to do.
 std::vector<HostCall> everyCall() {
   const std::string catalogue = at(kCatalogue);
@@ -246,8 +221,8 @@ std::vector<HostCall> everyCall() {
                      catalogue,
                      kind,
                      "Plant",
-                     namesItsBooks(kind) ? "" : "Pumps",
-                     namesItsBooks(kind) ? "" : "PMP",
+                     kind == 1 ? "" : "Pumps",
+                     kind == 1 ? "" : "PMP",
                      "Safety",
                      keywords,
                      categories,
@@ -308,10 +283,6 @@ std::vector<HostCall> everyCall() {
        .arguments = addition(at(kOtherBook), 1),
        .telling = Telling::kPassedOver,
        .ofWhat = "OfABookFile"},
-      {.operation = "Book_Valuator",
-       .arguments = addition(at(kWorkbook), 3),
-       .telling = Telling::kPassedOver,
-       .ofWhat = "OfAWorkbook"},
       {"getExcelBookCount", {PaperSheet{{"Node Level"}, {}, {"1"}, {"2"}, {"1"}}, 1}},
       {"mbGetFormInput", {catalogue, 4}, Telling::kInABox, enterNaming},
       {"strBookAcroInfo", {catalogue, "Alarms"}, Telling::kPassedOver, fillTheDialog},
