@@ -18,10 +18,11 @@ namespace quorbind {
 
 ExitStatus AdditionOutcome::judge(const TocFile& toc, bool finished) {
   const auto books = readCatalogue(run_.wiring.module.platform, run_.library.catalogue);
-  if (books.size() <= run_.booksBefore.size()) {
+  const auto added = addedBooks(run_.booksBefore, books);
+  if (added.empty()) {
     return judgeWithoutEntry(toc, finished);
   }
-  const ListedBook& book = books.back();
+  const ListedBook& book = added.back();
   if (!hasArrived(book, toc)) {
     const std::string bookFile = nativeName(bookFileOf(run_.library, book));
     run_.report.note = takeOut(book, books) ? nothingAddedWithout(bookFile)
@@ -87,13 +88,12 @@ ExitStatus AdditionOutcome::judgeBooks(const std::function<bool()>& call) {
 std::optional<std::string> AdditionOutcome::lookForBooks() {
   std::optional<std::string> lost;
   const auto books = readCatalogue(run_.wiring.module.platform, run_.library.catalogue);
-  for (std::size_t index = run_.booksBefore.size(); index < books.size(); ++index) {
-    const std::string bookFile = bookFileOf(run_.library, books[index]);
-    if (run_.wiring.files.fileExists(bookFile) &&
-        run_.wiring.toolset.hasArrived(books[index].bookFile)) {
-      describeBook(books[index]);
+  for (const ListedBook& book : addedBooks(run_.booksBefore, books)) {
+    const std::string bookFile = bookFileOf(run_.library, book);
+    if (run_.wiring.files.fileExists(bookFile) && run_.wiring.toolset.hasArrived(book.bookFile)) {
+      describeBook(book);
     } else {
-      takeOut(books[index], books);
+      takeOut(book, books);
       lost = lost.value_or(bookFile);
     }
   }
@@ -172,13 +172,22 @@ bool AdditionOutcome::takeOut(const ListedBook& book, const std::vector<ListedBo
 }
 
 void AdditionOutcome::describeBook(const ListedBook& book) {
-  BookDocuments documents =
-      findDocuments(run_.wiring.module.platform, bookFileOf(run_.library, book));
+  BookDocuments documents = documentsOf(book);
   AddedBook& added = run_.report.books.emplace_back();
   added.book = book;
   added.files.push_back(book.bookFile);
   added.files.insert(added.files.end(), documents.present.begin(), documents.present.end());
   added.missing = std::move(documents.missing);
+}
+
+/// A book file that was generated names in the library what it named where it was made; an existing
+/// one is given another place, and with it another main file.
+BookDocuments AdditionOutcome::documentsOf(const ListedBook& book) {
+  const std::string bookFile = bookFileOf(run_.library, book);
+  const auto named = run_.wiring.toolset.takeNamedFiles(book.bookFile);
+  return named && run_.kind != TocCheck::kXml
+             ? findDocuments(run_.wiring.module.platform, bookFile, *named)
+             : findDocuments(run_.wiring.module.platform, bookFile);
 }
 
 bool AdditionOutcome::wasPlaceRefused() const {

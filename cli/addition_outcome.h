@@ -43,6 +43,7 @@ class AdditionOutcome {
   [[nodiscard]] std::string bookFileBeingMade() const;
   bool takeOut(const ListedBook& book, const std::vector<ListedBook>& books);
   void describeBook(const ListedBook& book);
+  [[nodiscard]] BookDocuments documentsOf(const ListedBook& book);
   [[nodiscard]] bool wasWriteErrorShown() const;
   [[nodiscard]] std::string fileOfWriteError(const ListedBook& book) const;
   [[nodiscard]] bool wasPlaceRefused() const;

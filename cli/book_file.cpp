@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "bookxml/names.h"
 #include "cli/book_document_names.h"
@@ -59,29 +60,62 @@ class HeadingScan final : public XmlScanHandler {
   std::string text_;
 };
 
-/// Hands over what a book file names as documents.
+/// Looks for what a book file names as documents beside it.
+class DocumentSearch {
+ public:
+  /// The platform is kept by reference.
+  DocumentSearch(const Platform& platform, const std::string& path)
+      : folder_(platform.files.absolutePath(folderOf(path)) + "\\"),
+        listings_(platform.files, platform.locale),
+        names_(path, platform.locale) {}
+
+  [[nodiscard]] BookDocuments take() { return std::move(found_); }
+
+  /// Looks for the document that an element with this text names, if it names one.
+  void look(std::string_view element, std::string_view text) {
+    const auto document = names_.take(element, text);
+    if (!document) {
+      return;
+    }
+    if (document->below && listings_.hasFile(folder_ + *document->below)) {
+      found_.present.push_back(document->name);
+    } else {
+      found_.missing.add(document->name);
+    }
+  }
+
+ private:
+  const std::string folder_;
+  FolderListings listings_;
+  BookDocumentNames names_;
+  BookDocuments found_;
+};
+
+/// Hands over what stands in the elements of a book file.
 class DocumentScan final : public XmlScanHandler {
  public:
-  /// Both are kept by reference.
-  DocumentScan(const std::function<void(const std::string&)>& visitor, BookDocumentNames& names)
-      : visitor_(visitor), names_(names) {}
+  /// Kept by reference.
+  explicit DocumentScan(DocumentSearch& search) : search_(search) {}
 
   void startElement(std::string_view /*name*/, const XmlScanAttributes& /*attributes*/) override {
     text_.clear();
   }
   void text(std::string_view text) override { text_.append(text); }
   void endElement(std::string_view name) override {
-    if (const auto document = names_.take(name, text_)) {
-      visitor_(*document);
-    }
+    search_.look(name, text_);
     text_.clear();
   }
 
  private:
-  const std::function<void(const std::string&)>& visitor_;
-  BookDocumentNames& names_;
+  DocumentSearch& search_;
   std::string text_;
 };
+
+void lookForAll(DocumentSearch& search, std::string_view element, const TextStore& texts) {
+  for (std::size_t number = 0; number < texts.size(); ++number) {
+    search.look(element, texts.at(number));
+  }
+}
 
 /// Finds the book's key where it belongs, behind the root and the book, and takes its link.
 class LinkScan final : public XmlScanHandler {
@@ -155,21 +189,19 @@ bool haveSameHeadings(const Platform& platform, const std::string& left, const s
 }
 
 BookDocuments findDocuments(const Platform& platform, const std::string& path) {
-  const std::string folder = platform.files.absolutePath(folderOf(path)) + "\\";
-  BookDocuments documents;
-  FolderListings listings(platform.files, platform.locale);
-  const std::function<void(const std::string&)> look = [&](const std::string& name) {
-    const auto below = nameBelow(name);
-    if (below && listings.hasFile(folder + *below)) {
-      documents.present.push_back(name);
-    } else {
-      documents.missing.add(name);
-    }
-  };
-  BookDocumentNames names(path, platform.locale);
-  DocumentScan scan(look, names);
+  DocumentSearch search(platform, path);
+  DocumentScan scan(search);
   scanBookFile(platform, path, scan);
-  return documents;
+  return search.take();
+}
+
+BookDocuments findDocuments(const Platform& platform,
+                            const std::string& path,
+                            const NamedFiles& named) {
+  DocumentSearch search(platform, path);
+  lookForAll(search, book_names::kBookFile, named.mainFiles);
+  lookForAll(search, book_names::kHeadingFile, named.headingFiles);
+  return search.take();
 }
 
 }  // namespace quorbind

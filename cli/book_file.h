@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/scan_watch.h"
 #include "platform/platform.h"
 #include "platform/text_store.h"
 #include "platform/xml_document.h"
@@ -48,5 +49,9 @@ struct BookDocuments {
 
 /// Looks for the documents of the book file at `path` beside it. Fails as readHeadings does.
 BookDocuments findDocuments(const Platform& platform, const std::string& path);
+/// The same of a book file that is known to name these.
+BookDocuments findDocuments(const Platform& platform,
+                            const std::string& path,
+                            const NamedFiles& named);
 
 }  // namespace quorbind

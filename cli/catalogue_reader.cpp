@@ -17,39 +17,84 @@ namespace {
 
 using namespace catalogue_names;
 
-std::vector<std::string> categoriesOf(const XmlNode& book) {
-  std::vector<std::string> categories;
-  if (const XmlNode list = book.child(kCategories)) {
-    for (const XmlNode& category : list.children()) {
-      categories.push_back(category.text());
+/// The elements of an entry that tell of the book; no nodes where there are none.
+struct EntryParts {
+  XmlNode name;
+  XmlNode acronym;
+  XmlNode key;
+  XmlNode folder;
+  XmlNode bookFile;
+  XmlNode categories;
+};
+
+constexpr std::array<std::pair<std::string_view, XmlNode EntryParts::*>, 6> kParts{
+    {{kName, &EntryParts::name},
+     {kAcro, &EntryParts::acronym},
+     {kKey, &EntryParts::key},
+     {kFolder, &EntryParts::folder},
+     {kBookFile, &EntryParts::bookFile},
+     {kCategories, &EntryParts::categories}}};
+
+/// Of several elements with one name the first counts.
+EntryParts partsOf(const XmlNode& book) {
+  EntryParts parts;
+  for (XmlNode child = book.firstChild(); child; child = child.nextSibling()) {
+    const std::string name = child.name();
+    const auto* const part = std::find_if(
+        kParts.begin(), kParts.end(), [&name](const auto& known) { return known.first == name; });
+    if (part != kParts.end() && child.isElement() && !(parts.*part->second)) {
+      parts.*part->second = child;
     }
   }
-  return categories;
+  return parts;
+}
+
+std::string textOf(const XmlNode& node) {
+  return node ? node.text() : std::string();
+}
+
+std::vector<std::string> textsIn(const XmlNode& list) {
+  std::vector<std::string> texts;
+  if (list) {
+    for (const XmlNode& child : list.children()) {
+      texts.push_back(child.text());
+    }
+  }
+  return texts;
 }
 
 std::string attributeText(const XmlNode& element, std::string_view attribute) {
-  const XmlNode found = element ? element.attribute(attribute) : XmlNode();
-  return found ? found.text() : std::string();
+  return element ? textOf(element.attribute(attribute)) : std::string();
 }
 
 /// Any attribute makes the file one that is no book XML file.
-std::optional<std::string> fileTypeOf(const XmlNode& book) {
-  const XmlNode file = book.child(kBookFile);
-  if (!file || !file.firstAttribute()) {
-    return std::nullopt;
-  }
-  return attributeText(file, kBookFileType);
+std::optional<std::string> fileTypeOf(const XmlNode& bookFile) {
+  const bool hasType = bookFile && bookFile.firstAttribute();
+  return hasType ? std::optional(attributeText(bookFile, kBookFileType)) : std::nullopt;
 }
 
 ListedBook entryOf(const XmlNode& book) {
-  return {.name = childText(book, kName),
-          .acronym = childText(book, kAcro),
-          .folder = childText(book, kFolder),
-          .bookFile = childText(book, kBookFile),
-          .fileType = fileTypeOf(book),
-          .link = attributeText(book.child(kKey), kKeyId),
-          .categories = categoriesOf(book)};
+  const EntryParts parts = partsOf(book);
+  return {.name = textOf(parts.name),
+          .acronym = textOf(parts.acronym),
+          .folder = textOf(parts.folder),
+          .bookFile = textOf(parts.bookFile),
+          .fileType = fileTypeOf(parts.bookFile),
+          .link = attributeText(parts.key, kKeyId),
+          .categories = textsIn(parts.categories)};
 }
+
+/// Makes an entry of each book that it is shown.
+class BookList final : public XmlElementVisitor {
+ public:
+  [[nodiscard]] std::vector<ListedBook> take() { return std::move(books_); }
+
+  void begin() override { books_.clear(); }
+  void visit(const XmlNode& element) override { books_.push_back(entryOf(element)); }
+
+ private:
+  std::vector<ListedBook> books_;
+};
 
 /// Tells whether a document has an element at a path, which it knows by its names alone.
 class ElementAt final : public XmlScanHandler {
@@ -95,14 +140,26 @@ const ListedBook& requireBook(const std::vector<ListedBook>& books,
 }  // namespace
 
 std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path) {
-  const auto document = loadRequired(platform, path);
-  std::vector<ListedBook> books;
-  for (const XmlNode& child : requireElement(*document, path, kBooksPath).children()) {
-    if (child.name() == kBook) {
-      books.push_back(entryOf(child));
-    }
+  requireReadable(platform.files, path, nativeName(path));
+  BookList list;
+  if (const XmlLoadResult result = platform.xml.visitSelected(path, kBookPath, list); !result) {
+    throw loadFailure(platform, path, result);
+  }
+  std::vector<ListedBook> books = list.take();
+  if (books.empty()) {
+    requireCatalogue(platform, path);
   }
   return books;
+}
+
+std::vector<ListedBook> addedBooks(const std::vector<ListedBook>& before,
+                                   const std::vector<ListedBook>& after) {
+  if (after.size() <= before.size()) {
+    return {};
+  }
+  const auto end =
+      std::mismatch(before.rbegin(), before.rend(), after.rbegin(), after.rend()).second.base();
+  return {end - static_cast<std::ptrdiff_t>(after.size() - before.size()), end};
 }
 
 void requireCatalogue(const Platform& platform, const std::string& path) {

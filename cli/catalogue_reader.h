@@ -20,11 +20,20 @@ struct ListedBook {
   std::optional<std::string> fileType = std::nullopt;
   std::string link = {};
   std::vector<std::string> categories = {};
+
+  bool operator==(const ListedBook&) const = default;
 };
 
-/// The books of the catalogue at `path`, in its order. A catalogue that is not there or can't be
-/// read, does not parse, or lacks the list of books is a CommandFailure that says which and where.
+/// The books of the catalogue at `path`, in its order, as the component finds them. A catalogue
+/// that is not there or can't be read, does not parse, or lacks the list of books is a
+/// CommandFailure that says which and where.
 std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path);
+
+/// The books that the component has put in between `before` and `after`: behind all others of the
+/// first list of books, which need not be the only one. What another host changes in the meantime
+/// is not taken for one of them.
+std::vector<ListedBook> addedBooks(const std::vector<ListedBook>& before,
+                                   const std::vector<ListedBook>& after);
 
 /// Fails as readCatalogue does, and takes no memory for the books.
 void requireCatalogue(const Platform& platform, const std::string& path);

@@ -8,17 +8,18 @@ namespace quorbind {
 
 class CopyWatch::WatchedCopy final : public FileCopy {
  public:
-  WatchedCopy(std::unique_ptr<FileCopy> copy, std::map<std::string, bool, std::less<>>& arrived)
-      : copy_(std::move(copy)), arrived_(arrived) {}
+  WatchedCopy(std::unique_ptr<FileCopy> copy, CopyWatch& watch)
+      : copy_(std::move(copy)), watch_(watch) {}
 
   bool mbCopyFiles(std::string_view destination,
                    std::string_view source,
                    std::int16_t reservedOverwrite,
                    std::int16_t reservedDialog) override {
-    bool& arrived = arrived_[std::string(fileNameOf(source))];
-    arrived = false;
-    arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
-    return arrived;
+    Copied& copied = watch_.copied_[std::string(fileNameOf(source))];
+    copied = {};
+    copied.arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
+    copied.named = watch_.scans_.take();
+    return copied.arrived;
   }
   void copyLinkedFiles(std::string_view destination, std::string_view page) override {
     copy_->copyLinkedFiles(destination, page);
@@ -27,12 +28,17 @@ class CopyWatch::WatchedCopy final : public FileCopy {
 
  private:
   std::unique_ptr<FileCopy> copy_;
-  std::map<std::string, bool, std::less<>>& arrived_;
+  CopyWatch& watch_;
 };
 
 bool CopyWatch::hasArrived(std::string_view file) const {
-  const auto found = arrived_.find(file);
-  return found == arrived_.end() || found->second;
+  const auto found = copied_.find(file);
+  return found == copied_.end() || found->second.arrived;
+}
+
+std::optional<NamedFiles> CopyWatch::takeNamedFiles(std::string_view file) {
+  const auto found = copied_.find(file);
+  return found == copied_.end() ? std::nullopt : std::exchange(found->second.named, std::nullopt);
 }
 
 std::unique_ptr<LibraryServices> CopyWatch::createLibraryServices() {
@@ -52,7 +58,7 @@ std::unique_ptr<ProductServices> CopyWatch::createProductServices() {
 }
 
 std::unique_ptr<FileCopy> CopyWatch::createFileCopy() {
-  return std::make_unique<WatchedCopy>(toolset_.createFileCopy(), arrived_);
+  return std::make_unique<WatchedCopy>(toolset_.createFileCopy(), *this);
 }
 
 }  // namespace quorbind

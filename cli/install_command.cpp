@@ -63,12 +63,12 @@ class Installation {
     askForNaming();
     requireFreePlace();
     callAndSeeThatTheDocumentArrived();
-    const auto books = readCatalogue(change_.platform(), change_.paths().catalogue);
-    if (books.size() <= booksBefore_.size()) {
+    const auto added = newEntries();
+    if (added.empty()) {
       throw CommandFailure(ExitStatus::kInternal, "the book is not in the catalogue");
     }
-    return std::string(change_.said("Installed ", "Would install ")) + titleOf(books.back()) +
-           " in " + change_.library() + ", " + placeOf(books.back()) + ": " + fileName_ + ".";
+    return std::string(change_.said("Installed ", "Would install ")) + titleOf(added.back()) +
+           " in " + change_.library() + ", " + placeOf(added.back()) + ": " + fileName_ + ".";
   }
 
  private:
@@ -186,14 +186,17 @@ class Installation {
   }
 
   void takeOutEntryWithoutDocument() {
-    const std::string& catalogue = change_.paths().catalogue;
-    const auto books = readCatalogue(change_.platform(), catalogue);
-    if (books.size() > booksBefore_.size() &&
-        !change_.platform().files.fileExists(bookFileOf(change_.paths(), books.back()))) {
+    const auto added = newEntries();
+    if (!added.empty() &&
+        !change_.platform().files.fileExists(bookFileOf(change_.paths(), added.back()))) {
       // No other book has its name: the dialog was asked until it was free.
-      Book_Config(change_.module()).DeleteQuorNode(catalogue, books.back().name);
-      tell(change_.wiring(), "the entry of " + titleOf(books.back()) + " was taken out again");
+      Book_Config(change_.module()).DeleteQuorNode(change_.paths().catalogue, added.back().name);
+      tell(change_.wiring(), "the entry of " + titleOf(added.back()) + " was taken out again");
     }
+  }
+
+  [[nodiscard]] std::vector<ListedBook> newEntries() const {
+    return addedBooks(booksBefore_, readCatalogue(change_.platform(), change_.paths().catalogue));
   }
 
   const InstallArguments& arguments_;

@@ -36,8 +36,9 @@ Wiring::Wiring(const std::string& serverRoot,
       xml(files),
       ui(terminal, std::move(answers)),
       spreadsheets(files, xml),
-      reference_({files, xml, ui, locale}, serverRoot),
-      toolset(reference_),
+      scans_(xml),
+      reference_({files, scans_, ui, locale}, serverRoot),
+      toolset(reference_, scans_),
       module(Platform{files, xml, ui, toolset, locale, spreadsheets}),
       mayAsk(terminal.input != nullptr) {}
 

@@ -6,6 +6,7 @@
 #include "cli/copy_watch.h"
 #include "cli/file_journal.h"
 #include "cli/rehearsed_files.h"
+#include "cli/scan_watch.h"
 #include "platform/portable/portable_file_system.h"
 #include "platform/portable/portable_locale.h"
 #include "platform/portable/terminal_user_interface.h"
@@ -45,6 +46,7 @@ class Wiring {
   FileSpreadsheets spreadsheets;
 
  private:
+  ScanWatch scans_;
   ReferenceToolset reference_;
 
  public:

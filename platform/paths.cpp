@@ -51,11 +51,19 @@ bool isDevice(std::string_view part) {
   return anyOf(kDevices, isName) || anyOf(kNumberedDevices, isNumbered);
 }
 
+bool isSeparator(char c) {
+  return c == '\\' || c == '/';
+}
+
+bool canStandInName(char c) {
+  return !isSeparator(c) && c != ':' && c != kNul;
+}
+
 /// What stands before the first separator. A colon counts as one: behind that of a drive a device
 /// is still a device.
 std::string_view firstPart(std::string_view path) {
-  const auto isSeparator = [](char c) { return c == '\\' || c == '/' || c == ':'; };
-  return {path.begin(), std::find_if(path.begin(), path.end(), isSeparator)};
+  const auto endsPart = [](char c) { return isSeparator(c) || c == ':'; };
+  return {path.begin(), std::find_if(path.begin(), path.end(), endsPart)};
 }
 
 }  // namespace
@@ -112,17 +120,17 @@ bool leadsToNetworkOrDevice(std::string_view path) {
 
 bool staysInFolder(std::string_view name) {
   const bool isFolderItself = withoutDotsAtEnd(name).empty();
-  const bool endsEarly = name.find(kNul) != std::string_view::npos;
-  return !isFolderItself && !endsEarly && !containsAnyOf(name, R"(\/:)") && !isDevice(name);
+  return !isFolderItself && std::all_of(name.begin(), name.end(), canStandInName) &&
+         !isDevice(name);
 }
 
 std::optional<std::string> nameBelow(std::string_view name) {
-  const std::string path = withBackslashes(name);
   std::string below;
-  bool isAtBeginning = true;
-  for (const std::string_view part : Pieces(path, "\\")) {
+  for (bool isAtBeginning = true, isAtEnd = false; !isAtEnd; isAtBeginning = false) {
+    const std::string_view part{name.begin(), std::find_if(name.begin(), name.end(), isSeparator)};
+    isAtEnd = part.size() == name.size();
+    name.remove_prefix(isAtEnd ? part.size() : part.size() + 1);
     const bool isDoubledSeparator = part.empty() && !isAtBeginning;
-    isAtBeginning = false;
     if (isDoubledSeparator || part == ".") {
       continue;
     }

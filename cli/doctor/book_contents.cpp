@@ -30,7 +30,7 @@ class ContentsScan final : public XmlScanHandler {
   void endElement(std::string_view name) override {
     contents_.headings += name == book_names::kHeadingFile ? 1 : 0;
     if (const auto document = names_.take(name, text_)) {
-      contents_.documents.push_back({*document, line_});
+      contents_.documents.push_back({document->name, line_});
     }
     takeStated(book_names::kNamePath, contents_.name);
     takeStated(book_names::kAcroPath, contents_.acronym);

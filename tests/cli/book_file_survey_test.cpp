@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -42,6 +43,13 @@ bool isRefused(const RandomBookFile& file) {
   return file.documents.empty() || lineOfRefusal(file) != 0;
 }
 
+class Nobody final : public XmlScanHandler {
+ public:
+  void startElement(std::string_view /*name*/, const XmlScanAttributes& /*attributes*/) override {}
+  void text(std::string_view /*text*/) override {}
+  void endElement(std::string_view /*name*/) override {}
+};
+
 class RandomBookFileSurvey : public ::testing::Test {
  protected:
   RandomBookFileSurvey() {
@@ -59,6 +67,23 @@ class RandomBookFileSurvey : public ::testing::Test {
     disk_.write("in/book.xml", file.bytes);
     return findDocuments(wiring_.module.platform,
                          componentFolder(disk_.path().string()) + "\\in\\book.xml");
+  }
+
+  BookDocuments foundByWalkForAnother(const RandomBookFile& file) {
+    const auto named = namedIn(file.bytes);
+    EXPECT_TRUE(named.has_value());
+    return findDocuments(wiring_.module.platform,
+                         componentFolder(disk_.path().string()) + "\\in\\book.xml",
+                         named.value_or(NamedFiles()));
+  }
+  /// What a walk over these bytes, which is about something else, leaves behind.
+  std::optional<NamedFiles> namedIn(const std::string& bytes) {
+    disk_.write("in/book.xml", bytes);
+    ScanWatch scans(wiring_.xml);
+    Nobody nobody;
+    static_cast<void>(scans.scan(
+        wiring_.files.open(componentFolder(disk_.path().string()) + "\\in\\book.xml"), nobody));
+    return scans.take();
   }
 
   RandomChoices random_{20260102};
@@ -118,6 +143,21 @@ TEST_F(RandomBookFileSurvey, FindsEachDocumentThatIsThereAndEachThatIsMissingOnc
     present += expectedPresent.size();
   }
   EXPECT_GT(present, 1500U);
+}
+
+TEST_F(RandomBookFileSurvey, FindsTheSameByWhatAWalkForAnotherFoundNamed) {
+  for (int round = 0; round < 200 && !HasFailure(); ++round) {
+    const RandomBookFile file = randomBookFile(random_);
+    const BookDocuments byItself = found(file);
+    const BookDocuments byWalk = foundByWalkForAnother(file);
+    EXPECT_EQ(byWalk.present, byItself.present) << file.bytes;
+    EXPECT_EQ(byWalk.missing.texts(), byItself.missing.texts()) << file.bytes;
+  }
+}
+
+TEST_F(RandomBookFileSurvey, KnowsNothingOfAWalkThatDidNotComeToItsEnd) {
+  ASSERT_TRUE(namedIn("<A><HFile>a.htm</HFile></A>").has_value());
+  EXPECT_FALSE(namedIn("<A><HFile>a.htm</HFile>").has_value());
 }
 
 }  // namespace

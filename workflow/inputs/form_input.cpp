@@ -1,5 +1,7 @@
 #include "workflow/inputs/form_input.h"
 
+#include <functional>
+
 #include "platform/error_trap.h"
 #include "platform/text.h"
 #include "platform/toolset.h"
@@ -53,15 +55,10 @@ bool askForBook(Module& module, std::int16_t vintType, XmlTextRules& rules) {
   return true;
 }
 
-}  // namespace
-
-bool mbGetFormInput(Module& module, const std::string& vstrQuorTOcPath, std::int16_t vintType) {
-  return askFormInput(module, vstrQuorTOcPath, vintType).isGiven;
-}
-
-FormInput askFormInput(Module& module, const std::string& cataloguePath, std::int16_t kind) {
-  FormInput input;
-  input.isGiven = trapped(module.platform.ui, source::kGetFormInput, false, [&] {
+/// Answers whether the user did not give up. `check` holds the current name and acronym against the
+/// catalogue; what that says is the user's business alone, and the run goes on whatever it is.
+bool isInputGiven(Module& module, std::int16_t kind, const std::function<void()>& check) {
+  return trapped(module.platform.ui, source::kGetFormInput, false, [&] {
     // Asked for first: without it nothing is asked of anybody.
     static_cast<void>(module.platform.xml.createDocument());
     const ProcessState& state = module.state;
@@ -70,11 +67,27 @@ FormInput askFormInput(Module& module, const std::string& cataloguePath, std::in
     if (!bothKnown && !askForBook(module, kind, *rules)) {
       return false;
     }
-    // What the catalogue says is the user's business alone; the run goes on whatever it is.
+    check();
+    return !state.cancelled;
+  });
+}
+
+}  // namespace
+
+bool mbGetFormInput(Module& module, const std::string& vstrQuorTOcPath, std::int16_t vintType) {
+  const ProcessState& state = module.state;
+  return isInputGiven(module, vintType, [&] {
+    mbCheckQuorTOCForBook(module, vstrQuorTOcPath, state.currentBookName, state.currentBookAcro);
+  });
+}
+
+FormInput askFormInput(Module& module, const std::string& cataloguePath, std::int16_t kind) {
+  FormInput input;
+  const ProcessState& state = module.state;
+  input.isGiven = isInputGiven(module, kind, [&] {
     input.catalogue =
         checkCatalogueForBook(module, cataloguePath, state.currentBookName, state.currentBookAcro)
             .stillCurrent;
-    return !state.cancelled;
   });
   return input;
 }

@@ -3,7 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "platform/xml_document.h"
+#include "platform/xpath_query.h"
 #include "tests/support/catalogue_text.h"
+#include "tests/support/random_choices.h"
 #include "tests/support/toolset_doubles.h"
 #include "tests/support/world.h"
 
@@ -153,6 +159,56 @@ TEST_F(CatalogueCheck, IsExactAboutLetterCase) {
 TEST_F(CatalogueCheck, AnswersTrueForACatalogueThatHoldsNoBooks) {
   world_.disk.write("Quor_TOC.xml", "<Other/>");
   EXPECT_TRUE(check("Alarms", "ALM"));
+}
+
+/// One of the ways to write a book, some of which no query finds.
+std::string oddBook(RandomChoices& random) {
+  const std::vector<std::string> texts{"A",
+                                       " A ",
+                                       "\n\t\tA",
+                                       "B",
+                                       "A B",
+                                       "AB",
+                                       "A&#32;B",
+                                       "",
+                                       "  ",
+                                       "<i>A</i>",
+                                       "A<!-- or -->B",
+                                       "<![CDATA[A]]>",
+                                       "A<Book_Name>B</Book_Name>",
+                                       "<Book_Acro>B</Book_Acro>A"};
+  const std::vector<std::string> frames{"Book", "Book", "Book", "Other"};
+  const std::string frame = random.oneOf(frames);
+  return "<" + frame + "><Book_Name>" + random.oneOf(texts) + "</Book_Name><Book_Acro>" +
+         random.oneOf(texts) + "</Book_Acro></" + frame + ">";
+}
+
+TEST_F(CatalogueCheck, TellsOfWhatAQueryFindsHoweverItIsWritten) {
+  RandomChoices random(20261123);
+  const std::vector<std::string> searched{"A", "B", "A B", "AB", "C"};
+  int told = 0;
+  for (int round = 0; round < 2000 && !HasFailure(); ++round) {
+    World world;
+    std::string books;
+    for (std::size_t count = random.below(4); count > 0; --count) {
+      books += oddBook(random);
+    }
+    world.disk.write("Quor_TOC.xml", catalogueWith(books));
+    const auto catalogue = world.platform().xml.createDocument();
+    ASSERT_TRUE(catalogue->load("C:\\Quor_TOC.xml"));
+    const std::string& name = random.oneOf(searched);
+    const std::string& acronym = random.oneOf(searched);
+    const std::string list = "Quor_Master/Quor_Books/Book";
+    const bool isTaken = catalogue->select(elementsWith(list, "Book_Name", name, '"')) ||
+                         catalogue->select(elementsWith(list, "Book_Acro", acronym, '"'));
+    world.user.answerWith(enterBook("New", "NEW"));
+    world.user.answerWith(enterBook("New", "NEW"));
+    EXPECT_TRUE(mbCheckQuorTOCForBook(world.module, "C:\\Quor_TOC.xml", name, acronym));
+    EXPECT_EQ(!world.user.record().empty(), isTaken) << name << ' ' << acronym << '\n' << books;
+    told += isTaken ? 1 : 0;
+  }
+  EXPECT_GT(told, 400);
+  EXPECT_LT(told, 1600);
 }
 
 TEST_F(CatalogueCheck, ReportsAMissingToolSet) {
