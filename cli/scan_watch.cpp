@@ -68,7 +68,7 @@ XmlLoadResult ScanWatch::scan(std::string_view path, XmlScanHandler& handler) {
 
 XmlLoadResult ScanWatch::scan(std::unique_ptr<ByteReader> bytes, XmlScanHandler& handler) {
   NamedFilesScan scan(handler);
-  const XmlLoadResult result = xml_.scan(std::move(bytes), scan);
+  XmlLoadResult result = xml_.scan(std::move(bytes), scan);
   if (result) {
     found_ = scan.take();
   }
