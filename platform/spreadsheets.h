@@ -21,6 +21,9 @@ class Worksheet {
   /// nothing; of merged cells that is all but the first. Rows and columns are counted from 1. A
   /// spreadsheet program that fails to answer raises its own error.
   virtual std::string cellText(std::int32_t row, std::int32_t column) = 0;
+
+  /// Whether an answer costs no more than it would to keep it.
+  [[nodiscard]] virtual bool isInMemory() const { return false; }
 };
 
 /// An open workbook. It is closed, and everything that was started for it ended, when it and its

@@ -63,11 +63,15 @@ class ReadOnceWorkbook final : public Workbook {
   explicit ReadOnceWorkbook(std::unique_ptr<Workbook> book) : book_(std::move(book)) {}
 
   std::unique_ptr<Worksheet> worksheet(std::int32_t number) override {
-    std::shared_ptr<Worksheet>& sheet = sheets_[number];
-    if (sheet == nullptr) {
-      sheet = std::make_shared<ReadOnceWorksheet>(book_->worksheet(number));
+    auto known = sheets_.find(number);
+    if (known == sheets_.end()) {
+      auto sheet = book_->worksheet(number);
+      if (sheet->isInMemory()) {
+        return sheet;
+      }
+      known = sheets_.emplace(number, std::make_shared<ReadOnceWorksheet>(std::move(sheet))).first;
     }
-    return std::make_unique<SharedWorksheet>(sheet);
+    return std::make_unique<SharedWorksheet>(known->second);
   }
 
  private:

@@ -11,7 +11,8 @@ namespace quorbind {
 
 /// Spreadsheets that open a workbook once and ask for each of its cells once, however often it is
 /// opened and read: steps that each open the workbook by its path cost together what one costs. A
-/// spreadsheet program takes long to answer for a cell.
+/// spreadsheet program takes long to answer for a cell; where the cells lie in memory each is asked
+/// for as often as it is wanted.
 ///
 /// Workbooks stay open as long as this lives, or as what it has given out does.
 class ReadOnceSpreadsheets final : public Spreadsheets {

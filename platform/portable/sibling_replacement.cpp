@@ -60,9 +60,16 @@ std::optional<Status> statusOfOld(const std::string& path) {
   return status;
 }
 
+/// The device is kept: to find out what the processor has takes a virtual machine longer than to
+/// rename a file.
+std::uint32_t chance() {
+  thread_local std::random_device device;
+  return device();
+}
+
 /// A name beside `target` that most likely nobody has.
 std::string siblingOf(const std::string& target) {
-  const std::string ending = temporaryEnding(std::random_device{}());
+  const std::string ending = temporaryEnding(chance());
   const std::size_t nameStart = target.rfind('/') + 1;
   return target.substr(0, nameStart) + target.substr(nameStart, NAME_MAX - ending.size()) + ending;
 }

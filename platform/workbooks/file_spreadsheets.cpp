@@ -20,6 +20,7 @@ class FileWorksheet final : public Worksheet {
   std::string cellText(std::int32_t row, std::int32_t column) override {
     return std::string(texts_->cellText(index_, row, column));
   }
+  [[nodiscard]] bool isInMemory() const override { return true; }
 
  private:
   Texts texts_;

@@ -1,6 +1,7 @@
 #include "platform/workbooks/workbook_texts.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <tuple>
 
 #include "platform/workbooks/workbook_refusal.h"
@@ -34,18 +35,43 @@ void SheetTexts::finish() {
   if (!std::is_sorted(cells_.begin(), cells_.end(), isBefore)) {
     std::stable_sort(cells_.begin(), cells_.end(), isBefore);
   }
+  rows_.clear();
+  for (std::size_t at = 0; at < cells_.size(); ++at) {
+    if (rows_.empty() || rows_.back().number != cells_[at].row) {
+      rows_.push_back({cells_[at].row, at});
+    }
+  }
 }
 
 TextSpan SheetTexts::at(std::int32_t row, std::int32_t column) const {
-  const auto behind = std::upper_bound(
-      cells_.begin(), cells_.end(), std::tie(row, column), [](const auto& place, const Cell& cell) {
-        return place < std::tie(cell.row, cell.column);
-      });
-  if (behind == cells_.begin()) {
+  const auto found = find(row);
+  if (found == rows_.end()) {
     return {};
   }
-  const Cell& cell = *(behind - 1);
-  return cell.row == row && cell.column == column ? cell.text : TextSpan{};
+  const std::size_t end = found + 1 == rows_.end() ? cells_.size() : (found + 1)->begin;
+  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(found->begin);
+  const auto behind =
+      std::upper_bound(first,
+                       cells_.begin() + static_cast<std::ptrdiff_t>(end),
+                       column,
+                       [](std::int32_t wanted, const Cell& cell) { return wanted < cell.column; });
+  return behind != first && (behind - 1)->column == column ? (behind - 1)->text : TextSpan{};
+}
+
+std::vector<SheetTexts::Row>::const_iterator SheetTexts::find(std::int32_t row) const {
+  if (rows_.empty() || row < rows_.front().number) {
+    return rows_.end();
+  }
+  // Where no row is left out, this is its place.
+  const auto place = static_cast<std::size_t>(row - rows_.front().number);
+  if (place < rows_.size() && rows_[place].number == row) {
+    return rows_.begin() + static_cast<std::ptrdiff_t>(place);
+  }
+  const auto found = std::lower_bound(
+      rows_.begin(), rows_.end(), row, [](const Row& candidate, std::int32_t wanted) {
+        return candidate.number < wanted;
+      });
+  return found != rows_.end() && found->number == row ? found : rows_.end();
 }
 
 }  // namespace quorbind

@@ -55,7 +55,19 @@ class SheetTexts {
     TextSpan text;
   };
 
+  struct Row {
+    std::int32_t number;
+    /// The first of its cells.
+    std::size_t begin;
+  };
+
+  /// The end where no cell of the row displays anything.
+  [[nodiscard]] std::vector<Row>::const_iterator find(std::int32_t row) const;
+
+  /// By their rows, and in a row by their columns.
   std::vector<Cell> cells_;
+  /// Those that have cells.
+  std::vector<Row> rows_;
 };
 
 /// Everything that a workbook displays.

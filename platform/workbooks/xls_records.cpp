@@ -23,6 +23,20 @@ constexpr std::size_t kRunSize = 4;
   throw WorkbookRefusal("The workbook is damaged or cut off.");
 }
 
+/// Of units that are not wide the upper bytes are left out, which are 0.
+void appendUnits(std::string& units, std::string_view characters, bool isWide) {
+  if (isWide) {
+    units.append(characters);
+    return;
+  }
+  std::size_t at = units.size();
+  units.resize(at + 2 * characters.size());
+  for (const char character : characters) {
+    units[at] = character;
+    at += 2;
+  }
+}
+
 }  // namespace
 
 XlsRecord XlsRecordReader::next() {
@@ -110,10 +124,7 @@ std::string XlsRecordText::characters(std::size_t count, bool isWide) {
     if (here == 0) {
       refuseCutOff();
     }
-    for (const char character : rest.substr(0, here * width)) {
-      units += character;
-      units.append(isWide ? 0 : 1, '\0');
-    }
+    appendUnits(units, rest.substr(0, here * width), isWide);
     position_ += here * width;
     count -= here;
   }
