@@ -45,10 +45,9 @@ void appendAnswers(std::vector<PreparedAnswer>& answers,
 /// Only a workbook holds more than one book.
 void requireOneValue(std::string_view flag, const std::vector<std::string>& values) {
   if (values.size() > 1) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         std::string(flag) + " is given " +
-                             counted(values.size(), "time", "times") +
-                             ", and the table of contents is of one book");
+    throw brokenRule(
+        RuleText::kValuesForOneBook,
+        {{"FLAG", std::string(flag)}, {"TIMES", counted(values.size(), "time", "times")}});
   }
 }
 

@@ -25,8 +25,10 @@ namespace quorbind {
 
 namespace {
 
-std::string inTheWay(const std::string& path) {
-  return nativeName(path) + ": the file is in the way; move it or delete it";
+void requireNoFile(FileSystem& files, const std::string& path) {
+  if (files.fileExists(path)) {
+    throw brokenRule(RuleText::kFileInTheWay, {{"FILE", nativeName(path)}});
+  }
 }
 
 }  // namespace
@@ -249,10 +251,7 @@ void AdditionInput::requireFreeBookFile(const std::string& tocPath,
       place.folder.value_or(std::string(trimBlanks(run_.arguments.folder.value_or(""))));
   const std::string inBookFolder = besideToc + "\\" + folder;
   for (const std::string& besides : {besideToc, inBookFolder}) {
-    const std::string path = run_.wiring.files.absolutePath(besides + bookFile);
-    if (run_.wiring.files.fileExists(path)) {
-      throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
-    }
+    requireNoFile(run_.wiring.files, run_.wiring.files.absolutePath(besides + bookFile));
   }
 }
 
@@ -261,22 +260,15 @@ void AdditionInput::requireFreeBookFile(const std::string& tocPath,
 void AdditionInput::makeRoomForExport(const TocFile& toc, std::string_view extension) {
   const Locale& locale = run_.wiring.locale;
   if (!run_.wiring.files.sameFile(locale.upperCase(toc.path), toc.path)) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         toc.name +
-                             ": the name of another file differs from it in letter case alone; "
-                             "rename one of them");
+    throw brokenRule(RuleText::kNameInTwoLetterCases, {{"FILE", toc.name}});
   }
   const std::string folder(folderPartOf(toc.path));
   const std::string exported = text_form::exportPathOf(locale, toc.path, extension);
   if (folderPartOf(exported) != locale.upperCase(folder)) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        toc.name + ": it lies in a folder whose name holds its extension; move it");
+    throw brokenRule(RuleText::kFolderHoldsExtension, {{"FILE", toc.name}});
   }
   const std::string path = folder + std::string(fileNameOf(exported));
-  if (run_.wiring.files.fileExists(path)) {
-    throw CommandFailure(ExitStatus::kRefused, inTheWay(path));
-  }
+  requireNoFile(run_.wiring.files, path);
   run_.writing(nativeName(folder), [&] { static_cast<void>(run_.wiring.files.replace(path)); });
   export_.emplace(nativeName(path));
 }

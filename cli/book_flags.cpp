@@ -68,10 +68,10 @@ void requireUsableFolder(Wiring& wiring, const std::string& folder) {
 
 void requireNameThatFits(std::string_view name, std::string_view flag) {
   if (name.size() > kLongestName) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         std::string(flag) + " is too long: the name that it gives has " +
-                             std::to_string(name.size()) + " bytes, and " +
-                             std::to_string(kLongestName) + " are the most that a name can have");
+    throw brokenRule(RuleText::kNameTooLong,
+                     {{"FLAG", std::string(flag)},
+                      {"SIZE", std::to_string(name.size())},
+                      {"MOST", std::to_string(kLongestName)}});
   }
 }
 

@@ -188,9 +188,8 @@ const ListedBook& requireBookWithAcronym(const std::vector<ListedBook>& books,
 std::string bookFileOf(const LibraryPaths& library, const ListedBook& book) {
   const std::string file = joinedPath(book.folder, book.bookFile);
   if (!staysBelow(file)) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        nativeName(library.catalogue) + ": the book file " + file + " is not in the library");
+    throw brokenRule(RuleText::kBookFileOutside,
+                     {{"FILE", nativeName(library.catalogue)}, {"BOOK", file}});
   }
   return joinedPath(library.folder, file);
 }

@@ -161,9 +161,7 @@ void requireReplaceable(LibraryChange& change, bool mayBeLost) {
   }
   requireCategories(change);
   if (!Book_Config(change.module()).bCheckCategoryinQuorBookCategories(path)) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        change.library() + " has categories, which would be lost; --replace makes the file anew");
+    throw brokenRule(RuleText::kCategoriesWouldBeLost, {{"LIBRARY", change.library()}});
   }
 }
 

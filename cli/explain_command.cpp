@@ -87,9 +87,7 @@ void listAll(bool json) {
 void explain(const std::string& question, bool json) {
   const std::vector<Explanation> found = explanationsFor(question);
   if (found.empty()) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        "there is no message '" + question + "'; 'quorbind explain' lists those that are there");
+    throw brokenRule(RuleText::kNoSuchMessage, {{"MESSAGE", question}});
   }
   if (json) {
     printAsJson(found);

@@ -132,9 +132,8 @@ class Initialisation {
       }
     }
     if (!namesake.empty()) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           library_ + " would have the folder of the library " + namesake +
-                               ", which is there already");
+      throw brokenRule(RuleText::kFolderOfOtherLibrary,
+                       {{"LIBRARY", library_}, {"OTHER", namesake}});
     }
     return false;
   }

@@ -38,9 +38,7 @@ std::string closedList(const std::vector<std::string>& entries) {
 /// category alone is split at its commas.
 void requireCategoryThatStaysOne(const std::vector<std::string>& categories) {
   if (categories.size() == 1 && contains(categories[0], ",")) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        "the category " + categories[0] + " can not be the only one: it holds a comma");
+    throw brokenRule(RuleText::kCategoryWithComma, {{"CATEGORY", categories[0]}});
   }
 }
 
@@ -74,8 +72,7 @@ class Installation {
  private:
   void requireUsableFlags() {
     if (!staysInFolder(fileName_)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           "--file-name " + fileName_ + " can not be the name of a file");
+      throw brokenRule(RuleText::kNoNameOfFile, {{"FLAG", "--file-name"}, {"NAME", fileName_}});
     }
     requireNameThatFits(fileName_, "--file-name");
     const BookNaming& naming = arguments_.naming;
@@ -110,8 +107,7 @@ class Installation {
   /// take the place of another file.
   void requireFreePlace() const {
     if (!staysInFolder(acronym_)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           "--acro " + acronym_ + " can not be the name of a folder");
+      throw brokenRule(RuleText::kNoNameOfFolder, {{"FLAG", "--acro"}, {"NAME", acronym_}});
     }
     requireNameThatFits(book_names::fileOf(acronym_), "--acro");
     const std::string folder =
@@ -134,8 +130,7 @@ class Installation {
 
   void requireNoFile(const std::string& path) const {
     if (change_.platform().files.fileExists(path)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           nativeName(path) + ": the file is in the way; move it or delete it");
+      throw brokenRule(RuleText::kFileInTheWay, {{"FILE", nativeName(path)}});
     }
   }
 

@@ -42,7 +42,7 @@ std::string textOfJob(FileSystem& files, const std::string& name) {
   std::optional<std::string> contents;
   readingInput(name, [&] { contents = bytesOf(files, componentFile(name), kLargestJobFile); });
   if (!contents) {
-    throw CommandFailure(ExitStatus::kNotParseable, name + ": it is too large for a job file");
+    throw brokenRule(RuleText::kJobFileTooLarge, {{"FILE", name}}, ExitStatus::kNotParseable);
   }
   return contents->starts_with(kUtf8Mark) ? contents->substr(kUtf8Mark.size()) : *contents;
 }
@@ -127,7 +127,7 @@ class JobReader {
   [[nodiscard]] const toml::array& booksIn(const toml::table& root) const {
     const toml::node* books = root.get(kBook);
     if (books == nullptr) {
-      fail({}, "there is no [[book]]: each table of contents has one");
+      throw brokenRule(RuleText::kJobWithoutBook, {{"FILE", name_}});
     }
     const toml::array* list = books->as_array();
     if (list == nullptr || !list->is_homogeneous(toml::node_type::table)) {

@@ -53,9 +53,8 @@ void requireBelowServer(const LibraryPaths& server,
                         const std::string& catalogue) {
   if (!catalogue.starts_with(server.serverRoot) ||
       !staysBelow(std::string_view(catalogue).substr(server.serverRoot.size()))) {
-    throw CommandFailure(
-        ExitStatus::kRefused,
-        nativeName(server.selection) + ": the place of " + library + " is not on the server");
+    throw brokenRule(RuleText::kPlaceOffServer,
+                     {{"FILE", nativeName(server.selection)}, {"LIBRARY", library}});
   }
 }
 

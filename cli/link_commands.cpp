@@ -61,9 +61,7 @@ const ListedLink* find(const Links& links, const std::string& identifier) {
 void requireFilledIn(const Links& links, const std::string& identifier) {
   const ListedLink* link = find(links, identifier);
   if (link != nullptr && trimBlanks(link->fullLink).empty()) {
-    throw CommandFailure(ExitStatus::kRefused,
-                         "the identifier " + readableName(identifier) +
-                             " is recorded without a full link, which can not be filled in");
+    throw brokenRule(RuleText::kLinkNotFilledIn, {{"IDENTIFIER", readableName(identifier)}});
   }
 }
 

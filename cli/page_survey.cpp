@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/user_interface.h"
+#include "resources/rule_texts.h"
 #include "sidefiles/book_link.h"
 #include "toc/html_place.h"
 #include "toc/html_toc.h"
@@ -18,8 +19,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kNoLinkIdentifier =
-    "The link identifier of the book has no characters between <IBD> and </IBD>";
 constexpr std::string_view kIdentifiersEnd =
     "the link identifier has no characters between <IBD> and </IBD>; it and those behind it are "
     "not recorded";
@@ -121,7 +120,10 @@ class PageSurveyor final : public HtmlTocListener {
   bool checkLinkIdentifier(const HtmlTocPiece& block, LineCounter& lines) {
     const bool isWhole =
         takeLinkIdentifier(htmlBeforeHeadings(page_), lines.lineAt(block.position));
-    return isWhole || refuse(block, lines, {std::string(kNoLinkIdentifier), /*offersLine=*/false});
+    return isWhole ||
+           refuse(block,
+                  lines,
+                  {std::string(text(RuleText::kBookWithoutLinkIdentifier)), /*offersLine=*/false});
   }
 
   // The export has a line for each heading.

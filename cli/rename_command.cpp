@@ -61,8 +61,7 @@ class Renaming {
   void requireLookedUpForm() {
     const auto rules = change_.platform().toolset.createXmlTextRules();
     if (book_.name != rules->mstrCheckSpecialCharecters(arguments_.name)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           titleOf(book_) + " is stored in a form that is not looked up");
+      throw brokenRule(RuleText::kNameNotLookedUp, {{"BOOK", titleOf(book_)}});
     }
   }
 
@@ -104,8 +103,7 @@ class Renaming {
     const std::string newFile = bookFileWith(acronym_);
     if (files.fileExists(oldFile) && files.fileExists(newFile) &&
         !files.sameFile(oldFile, newFile)) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           nativeName(newFile) + ": the file is in the way; move it or delete it");
+      throw brokenRule(RuleText::kFileInTheWay, {{"FILE", nativeName(newFile)}});
     }
   }
 

@@ -46,8 +46,7 @@ class PropertiesChange {
       requireUsableFolder(change_.wiring(), *arguments_.folder);
     }
     if (arguments_.link && book_.fileType) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           titleOf(book_) + " is a single document, which holds no link");
+      throw brokenRule(RuleText::kHoldsNoLink, {{"BOOK", titleOf(book_)}});
     }
   }
 
@@ -96,14 +95,15 @@ class PropertiesChange {
     const auto books = readCatalogue(change_.platform(), catalogue_);
     if (requireBookNamed(books, arguments_.name, change_.library()).categories !=
         wanted_.categories) {
-      throw CommandFailure(
-          ExitStatus::kNotParseable,
-          nativeName(catalogue_) + ": the entry of " + titleOf(book_) + " takes no categories");
+      throw brokenRule(RuleText::kEntryWithoutCategories,
+                       {{"FILE", nativeName(catalogue_)}, {"BOOK", titleOf(book_)}},
+                       ExitStatus::kNotParseable);
     }
     const std::string changedFile = bookFileOf(change_.paths(), wanted_);
     if (!book_.fileType && readBookLink(change_.platform(), changedFile) != wanted_.link) {
-      throw CommandFailure(ExitStatus::kNotParseable,
-                           nativeName(changedFile) + ": the book takes no link");
+      throw brokenRule(RuleText::kBookWithoutLink,
+                       {{"FILE", nativeName(changedFile)}},
+                       ExitStatus::kNotParseable);
     }
   }
 

@@ -17,9 +17,6 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::string_view kNotHeld =
-    " can not be kept: it holds a character that no XML file can hold";
-
 bool fitsFile(std::string_view text) {
   return xmlCharactersOnly(text) == text;
 }
@@ -29,12 +26,12 @@ std::optional<UserMessage> findFault(const std::string& keyword) {
     return std::move(fault->box);
   }
   return fitsFile(keyword) ? std::nullopt
-                           : std::optional(criticalMessage(
-                                 std::string("the keyword ").append(keyword).append(kNotHeld)));
+                           : std::optional(criticalMessage(filledText(
+                                 text(RuleText::kKeywordNotKept), {{"KEYWORD", keyword}})));
 }
 
-std::string categoryFault(const std::string& name, std::string_view fault) {
-  return std::string("the category ").append(name).append(fault);
+std::string categoryFault(RuleText rule, const std::string& name) {
+  return filledText(text(rule), {{"CATEGORY", name}});
 }
 
 using Faults = std::vector<std::string>;
@@ -43,9 +40,9 @@ Faults faultsOfCategories(const std::vector<std::string>& names) {
   Faults faults;
   for (const std::string& name : names) {
     if (contains(name, "'")) {
-      faults.push_back(filledText(text(RuleText::kCategoryNotSought), {{"CATEGORY", name}}));
+      faults.push_back(categoryFault(RuleText::kCategoryNotSought, name));
     } else if (!fitsFile(name)) {
-      faults.push_back(categoryFault(name, kNotHeld));
+      faults.push_back(categoryFault(RuleText::kCategoryNotKept, name));
     }
   }
   return faults;
@@ -106,7 +103,7 @@ void requireCategoryList(const std::string& list) {
   const ChosenCategories chosen = chooseCategories(list);
   Faults faults = faultsOfCategories(chosen.taken);
   for (const std::string& name : chosen.leftOut) {
-    faults.push_back(categoryFault(name, " can not be one of several: it holds one of & < > \" '"));
+    faults.push_back(categoryFault(RuleText::kCategoryNotOneOfSeveral, name));
   }
   requireNone(faults);
 }

@@ -64,10 +64,7 @@ class Viewing {
       }
     });
     if (beginning != kPageBeginning) {
-      throw CommandFailure(ExitStatus::kRefused,
-                           arguments_.output +
-                               ": the file is not one that 'view' has made; move it, or name "
-                               "another with -o");
+      throw brokenRule(RuleText::kPageOfOthers, {{"FILE", arguments_.output}});
     }
   }
 

@@ -51,14 +51,11 @@ void requireValueForEach(const std::vector<std::size_t>& unnamed,
   if (values.empty() || values.size() == unnamed.size()) {
     return;
   }
-  const std::string given =
-      std::string(flag) + " is given " + counted(values.size(), "time", "times");
-  throw CommandFailure(
-      ExitStatus::kRefused,
-      given + (unnamed.empty() ? ", and the list of books gives every book an acronym"
-                               : ", and the list of books gives no acronym to " +
-                                     counted(unnamed.size(), "book", "books") + ": " +
-                                     cellsOfAcronyms(unnamed)));
+  throw brokenRule(unnamed.empty() ? RuleText::kValuesForNoBook : RuleText::kValuesForOtherBooks,
+                   {{"FLAG", std::string(flag)},
+                    {"TIMES", counted(values.size(), "time", "times")},
+                    {"BOOKS", counted(unnamed.size(), "book", "books")},
+                    {"CELLS", cellsOfAcronyms(unnamed)}});
 }
 
 /// The dialog would say so when the books in front are in the library.

@@ -32,6 +32,7 @@ class CommandTest : public ::testing::Test {
       *text = replaceAll(*text, disk.path().string(), "DISK");
     }
     takeHelpApart(outcome);
+    expectToldWhatIsAccepted(outcome);
     return outcome;
   }
 
@@ -109,6 +110,15 @@ class CommandTest : public ::testing::Test {
     }
     if (!outcome.help.empty()) {
       outcome.err = boxes;
+    }
+  }
+
+  /// A refusal says in a sentence what would be accepted; an error of the component, of which no
+  /// rule tells, does not.
+  static void expectToldWhatIsAccepted(const Outcome& outcome) {
+    const bool isRefusal = outcome.status == 1 && contains(outcome.err, "critical: ");
+    if (isRefusal && !contains(outcome.err, "critical: Error(")) {
+      EXPECT_TRUE(contains(outcome.help, "accepted: ")) << outcome.err;
     }
   }
 

@@ -71,7 +71,8 @@ TEST_F(Explain, AnswersAnUnknownMessageWithJsonAsOneObject) {
   EXPECT_EQ(outcome.out,
             refusalObject(1,
                           "there is no message '999'; 'quorbind explain' lists those that are "
-                          "there"));
+                          "there",
+                          "The number of a message, or words of one."));
 }
 
 TEST_F(Explain, TellsWithJsonWhatEachPartOfTheStoryIs) {

@@ -437,7 +437,10 @@ TEST_F(SeveralBooks, HaveOneNameEachUnlessTheyAreThoseOfAWorkbook) {
 }
 
 TEST_F(SeveralBooks, OfAJobFileThatLacksWhatItNeedsAreRefused) {
-  expectRefusal("", 1, "job.toml: there is no [[book]]: each table of contents has one\n");
+  expectRefusal("",
+                1,
+                "job.toml: there is no [[book]]: each table of contents has one\n"
+                "accepted: A [[book]] with a toc for each table of contents.\n");
   expectRefusal("book = 1\n",
                 1,
                 "job.toml:1:8: write [[book]] in front of what belongs to a table of contents\n"
