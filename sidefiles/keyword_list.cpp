@@ -1,6 +1,8 @@
 #include "sidefiles/keyword_list.h"
 
+#include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/error_trap.h"
@@ -68,8 +70,12 @@ KeywordAdditions::KeywordAdditions(const Platform& platform,
       changes_(file_, platform.ui, source::kAddKeywordsToXmlFile) {}
 
 void KeywordAdditions::add(const std::string& keyword) {
+  const std::size_t number = keywords_.size();
+  keywords_.add(keyword);
   changes_.make([&] { return file_.add(keyword); },
-                [this, keyword] { AddKeywordsToXmlFile(platform_, path_, book_, keyword); });
+                [this, number] {
+                  AddKeywordsToXmlFile(platform_, path_, book_, std::string(keywords_.at(number)));
+                });
 }
 
 void KeywordAdditions::settle() {

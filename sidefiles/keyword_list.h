@@ -5,6 +5,7 @@
 #include "component/process_state.h"
 #include "platform/platform.h"
 #include "platform/text_array.h"
+#include "platform/text_store.h"
 #include "sidefiles/keyword_file.h"
 #include "sidefiles/listed_changes.h"
 
@@ -28,6 +29,8 @@ class KeywordAdditions {
   const std::string& book_;
   KeywordFile file_;
   ListedChanges changes_;
+  /// What may have to be added alone later.
+  TextStore keywords_;
 };
 
 /// Adds the keywords of the current book that the user entered, all elements of the array, its

@@ -1,11 +1,23 @@
 #include "sidefiles/link_list.h"
 
+#include <array>
+
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
 #include "platform/text.h"
 #include "sidefiles/link_check.h"
 
 namespace quorbind {
+
+namespace {
+
+constexpr std::array kLinkParts{&LinkIdentifier::identifier,
+                                &LinkIdentifier::fullLink,
+                                &LinkIdentifier::sourceFilePath,
+                                &LinkIdentifier::projectName,
+                                &LinkIdentifier::bookAcro};
+
+}  // namespace
 
 LinkIdentifierList::LinkIdentifierList(const Platform& platform, const ProcessState& state)
     : platform_(platform), state_(state) {}
@@ -18,12 +30,11 @@ void LinkIdentifierList::record(const std::string& identifier,
                                 const std::string& fullLink,
                                 const std::string& sourceFilePath,
                                 const std::string& bookAcro) {
-  const std::size_t link = links_.size();
-  links_.push_back({.identifier = identifier,
-                    .fullLink = fullLink,
-                    .sourceFilePath = sourceFilePath,
-                    .projectName = state_.currentProductName,
-                    .bookAcro = bookAcro});
+  const LinkIdentifier link{.identifier = identifier,
+                            .fullLink = fullLink,
+                            .sourceFilePath = sourceFilePath,
+                            .projectName = state_.currentProductName,
+                            .bookAcro = bookAcro};
   if (isReady()) {
     if (!isTaken(identifier)) {
       recordLater(link);
@@ -37,13 +48,29 @@ void LinkIdentifierList::record(const std::string& identifier,
   recordAlone(link);
 }
 
-void LinkIdentifierList::recordLater(std::size_t which) {
+void LinkIdentifierList::recordLater(const LinkIdentifier& link) {
   changes_->make(
-      [this, which] {
-        file_->record(links_[which]);
+      [this, &link] {
+        file_->record(link);
         return true;
       },
-      [this, which] { recordAlone(which); });
+      [this, number = keep(link)] { recordAlone(keptLink(number)); });
+}
+
+std::size_t LinkIdentifierList::keep(const LinkIdentifier& link) {
+  const std::size_t number = links_.size();
+  for (const auto part : kLinkParts) {
+    links_.add(link.*part);
+  }
+  return number;
+}
+
+LinkIdentifier LinkIdentifierList::keptLink(std::size_t number) const {
+  LinkIdentifier link;
+  for (const auto part : kLinkParts) {
+    link.*part = links_.at(number++);
+  }
+  return link;
 }
 
 bool LinkIdentifierList::isReady() {
@@ -92,8 +119,7 @@ bool LinkIdentifierList::isTaken(const std::string& identifier) {
   return leadsSomewhere;
 }
 
-void LinkIdentifierList::recordAlone(std::size_t which) {
-  const LinkIdentifier& link = links_[which];
+void LinkIdentifierList::recordAlone(const LinkIdentifier& link) {
   if (file_) {
     file_->forget();
   }

@@ -4,11 +4,11 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
 #include "platform/text_index.h"
+#include "platform/text_store.h"
 #include "sidefiles/link_file.h"
 #include "sidefiles/listed_changes.h"
 
@@ -47,8 +47,11 @@ class LinkIdentifierList {
   void requireFile();
   void requireOthers();
   [[nodiscard]] bool isTaken(const std::string& identifier);
-  void recordLater(std::size_t which);
-  void recordAlone(std::size_t which);
+  void recordLater(const LinkIdentifier& link);
+  void recordAlone(const LinkIdentifier& link);
+  /// Answers the number under which `keptLink` has it.
+  std::size_t keep(const LinkIdentifier& link);
+  [[nodiscard]] LinkIdentifier keptLink(std::size_t number) const;
   /// As ListedChanges::settle.
   bool settle();
 
@@ -59,8 +62,9 @@ class LinkIdentifierList {
   std::optional<LinkFile> file_;
   std::optional<ListedChanges> changes_;
   std::optional<OtherProducts> others_;
-  /// Everything that came, for those that have to be recorded alone later.
-  std::vector<LinkIdentifier> links_;
+  /// What may have to be recorded alone later, text by text: that many small strings would take
+  /// longer to free than to write.
+  TextStore links_;
 };
 
 }  // namespace quorbind
