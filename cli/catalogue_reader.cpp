@@ -147,7 +147,7 @@ std::vector<ListedBook> readCatalogue(const Platform& platform, const std::strin
   }
   std::vector<ListedBook> books = list.take();
   if (books.empty()) {
-    requireCatalogue(platform, path);
+    static_cast<void>(requireElement(*loadRequired(platform, path), path, kBooksPath));
   }
   return books;
 }

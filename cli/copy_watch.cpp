@@ -15,10 +15,13 @@ class CopyWatch::WatchedCopy final : public FileCopy {
                    std::string_view source,
                    std::int16_t reservedOverwrite,
                    std::int16_t reservedDialog) override {
-    Copied& copied = watch_.copied_[std::string(fileNameOf(source))];
+    // Of two files with one name nobody could tell whose documents these are.
+    const auto [entry, isFirst] = watch_.copied_.try_emplace(std::string(fileNameOf(source)));
+    Copied& copied = entry->second;
     copied = {};
+    static_cast<void>(watch_.scans_.take());
     copied.arrived = copy_->mbCopyFiles(destination, source, reservedOverwrite, reservedDialog);
-    copied.named = watch_.scans_.take();
+    copied.named = isFirst ? watch_.scans_.take() : std::nullopt;
     return copied.arrived;
   }
   void copyLinkedFiles(std::string_view destination, std::string_view page) override {

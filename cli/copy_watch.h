@@ -22,8 +22,8 @@ class CopyWatch final : public Toolset {
   /// Whether the last copy of a file of that name put it in place; true where there was none.
   [[nodiscard]] bool hasArrived(std::string_view file) const;
 
-  /// What the last book file of that name that was copied names, to the first who asks; nothing
-  /// where it was not walked through.
+  /// What the book file of that name that was copied names, to the first who asks; nothing where it
+  /// was not walked through, or where several were copied.
   [[nodiscard]] std::optional<NamedFiles> takeNamedFiles(std::string_view file);
 
   std::unique_ptr<LibraryServices> createLibraryServices() override;

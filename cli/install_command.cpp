@@ -72,7 +72,7 @@ class Installation {
  private:
   void requireUsableFlags() {
     if (!staysInFolder(fileName_)) {
-      throw brokenRule(RuleText::kNoNameOfFile, {{"FLAG", "--file-name"}, {"NAME", fileName_}});
+      throw brokenRule(RuleText::kNoNameOfFile, {{"NAME", fileName_}});
     }
     requireNameThatFits(fileName_, "--file-name");
     const BookNaming& naming = arguments_.naming;
@@ -107,7 +107,7 @@ class Installation {
   /// take the place of another file.
   void requireFreePlace() const {
     if (!staysInFolder(acronym_)) {
-      throw brokenRule(RuleText::kNoNameOfFolder, {{"FLAG", "--acro"}, {"NAME", acronym_}});
+      throw brokenRule(RuleText::kNoNameOfFolder, {{"NAME", acronym_}});
     }
     requireNameThatFits(book_names::fileOf(acronym_), "--acro");
     const std::string folder =

@@ -77,6 +77,7 @@ class WantedByPath final : public Wanted {
   std::size_t onPath_ = 0;
 };
 
+/// A file that is refused as a tree is refused here, too.
 class ElementWalk final : public TreeParser {
  public:
   ElementWalk(Wanted& wanted, XmlElementVisitor& visitor)
@@ -105,6 +106,7 @@ class ElementWalk final : public TreeParser {
     if (!isBuilding()) {
       if (!wanted_.opens(around_.size(), tag.prefix, tag.localName, tag.uri)) {
         around_.push_back({tag.namespaceCount > 0 || hasPrefixedAttribute(tag), false});
+        count(partsOf(tag));
         return;
       }
       if (hasSayAround()) {
@@ -149,18 +151,23 @@ class ElementWalk final : public TreeParser {
       TreeParser::section(text);
     } else {
       noteContent();
+      count(1);
     }
   }
 
   void comment(const xmlChar* text) override {
     if (isBuilding()) {
       TreeParser::comment(text);
+    } else {
+      count(1);
     }
   }
 
   void instruction(const xmlChar* target, const xmlChar* data) override {
     if (isBuilding()) {
       TreeParser::instruction(target, data);
+    } else {
+      count(1);
     }
   }
 

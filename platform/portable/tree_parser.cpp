@@ -31,7 +31,7 @@ void TreeParser::startElement(const StartTag& tag) {
                         tag.defaultedCount,
                         tag.attributes);
   layout_.startElement();
-  count(1 + tag.attributeCount + tag.namespaceCount);
+  count(partsOf(tag));
 }
 
 void TreeParser::endElement(const EndTag& tag) {
@@ -63,7 +63,10 @@ void TreeParser::instruction(const xmlChar* target, const xmlChar* data) {
 
 void TreeParser::forgetTree() {
   layout_.forget();
-  parts_ = 0;
+}
+
+int TreeParser::partsOf(const StartTag& tag) {
+  return 1 + tag.attributeCount + tag.namespaceCount;
 }
 
 void TreeParser::count(int parts) {

@@ -32,16 +32,18 @@ class TreeParser : public BoundedXmlParser {
 
   /// What is being read stands in; null outside of the root.
   [[nodiscard]] xmlNode* innermost() const { return context().node; }
-  /// For a tree that is not kept: nothing of it will be asked for again.
+  /// For a tree that is not kept: nothing of it will be asked for again. What it had still counts.
   void forgetTree();
+  /// Takes parts of the file into account; those of elements that are built are counted already.
+  void count(int parts);
+  /// The element itself, its attributes and its namespaces.
+  static int partsOf(const StartTag& tag);
 
  private:
   static void onText(void* context, const xmlChar* text, int length);
   static void onSection(void* context, const xmlChar* text, int length);
   static void onComment(void* context, const xmlChar* text);
   static void onInstruction(void* context, const xmlChar* target, const xmlChar* data);
-
-  void count(int parts);
 
   LayoutFilter layout_{context()};
   std::size_t parts_ = 0;

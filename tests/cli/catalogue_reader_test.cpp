@@ -108,6 +108,12 @@ TEST_F(CatalogueReader, ReadsEntriesHoweverTheyAreWritten) {
   EXPECT_EQ(books[2].fileType, "");
 }
 
+TEST_F(CatalogueReader, FindsNoListInANamespace) {
+  EXPECT_THROW(
+      booksIn("<Quor_Master xmlns=\"urn:x\"><Quor_Books><Book/></Quor_Books></Quor_Master>"),
+      CommandFailure);
+}
+
 TEST_F(CatalogueReader, TellsWhereACatalogueDoesNotParse) {
   expectList("<Quor_Master><Quor_Books/>\n</Quor_Mast>", false);
 }

@@ -88,24 +88,25 @@ TEST_F(Init, TellsAProgramWhyALibraryIsRefused) {
   initLibrary();
   const Outcome outcome = quorbind({"init", "--server", "server", "--library", "plant", "--json"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.out,
-            "{\n"
-            "  \"format\": 1,\n"
-            "  \"status\": 1,\n"
-            "  \"library\": \"plant\",\n"
-            "  \"written\": [],\n"
-            "  \"messages\": [\n"
-            "    {\n"
-            "      \"icon\": \"critical\",\n"
-            "      \"title\": \"Quorbind\",\n"
-            "      \"text\": \"plant would have the folder of the library Plant, which is there "
-            "already\",\n"
-            "      \"clipboard\": null,\n"
-            "      \"expected\": \"A name that no library of the server has in other letters.\"\n"
-            "    }\n"
-            "  ],\n"
-            "  \"note\": \"nothing was written\"\n"
-            "}\n");
+  EXPECT_EQ(
+      outcome.out,
+      "{\n"
+      "  \"format\": 1,\n"
+      "  \"status\": 1,\n"
+      "  \"library\": \"plant\",\n"
+      "  \"written\": [],\n"
+      "  \"messages\": [\n"
+      "    {\n"
+      "      \"icon\": \"critical\",\n"
+      "      \"title\": \"Quorbind\",\n"
+      "      \"text\": \"plant would have the folder of the library Plant, which is there "
+      "already\",\n"
+      "      \"clipboard\": null,\n"
+      "      \"expected\": \"A name that no library of the server has in another letter case.\"\n"
+      "    }\n"
+      "  ],\n"
+      "  \"note\": \"nothing was written\"\n"
+      "}\n");
 }
 
 TEST_F(Init, TellsAProgramThatOnlyAPartWasWritten) {

@@ -6,6 +6,8 @@
 
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
+#include "platform/text.h"
+#include "platform/text_encoding.h"
 #include "platform/toolset.h"
 #include "platform/xml_document.h"
 #include "platform/xpath_query.h"
@@ -86,7 +88,8 @@ class RoughSearch final : public XmlScanHandler {
   }
   void endElement(std::string_view name) override {
     if (const std::string* const searched = searchedIn(name)) {
-      hasFound_ = hasFound_ || text_ == *searched;
+      // A character that came in two pieces is read as others.
+      hasFound_ = hasFound_ || text_ == *searched || contains(text_, kReplacementCharacter);
       isInside_ = false;
     }
   }

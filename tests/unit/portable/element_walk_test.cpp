@@ -143,5 +143,23 @@ TEST_F(ElementWalk, LeavesAFileThatDoesNotParseToTheDocument) {
   EXPECT_FALSE(walksNamed("Book"));
 }
 
+/// So many of the same element in a list.
+std::string listOf(std::string_view element, std::size_t count) {
+  std::string text = "<List>";
+  for (; count > 0; --count) {
+    text += element;
+  }
+  return text + "</List>";
+}
+
+TEST_F(ElementWalk, RefusesWhatIsTooMuchForATree) {
+  for (const std::string& bytes : {listOf("<a/>", 400'000), listOf("<Book/>", 700'000)}) {
+    put(bytes);
+    EXPECT_EQ(named("Book"), "1: There are too many elements and attributes for its size.");
+    EXPECT_EQ(named("Book"), namedThePlainWay("Book"));
+    EXPECT_EQ(selected("List/Book"), selectedThePlainWay("List/Book"));
+  }
+}
+
 }  // namespace
 }  // namespace quorbind::testing
