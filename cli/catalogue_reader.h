@@ -30,8 +30,8 @@ struct ListedBook {
 std::vector<ListedBook> readCatalogue(const Platform& platform, const std::string& path);
 
 /// The books that the component has put in between `before` and `after`: behind all others of the
-/// first list of books, which need not be the only one. What another host changes in entries of that
-/// list meanwhile is not taken for one of them.
+/// first list of books, which need not be the only one. What another host changes in entries of
+/// that list meanwhile is not taken for one of them.
 std::vector<ListedBook> addedBooks(const std::vector<ListedBook>& before,
                                    const std::vector<ListedBook>& after);
 
