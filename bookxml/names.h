@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace quorbind::book_names {
 
 // The names in a book XML file, written down once: docs/formats/book-xml.md tells what they hold.
@@ -39,6 +41,12 @@ inline constexpr std::string_view kPathPath = "Book_Master/Book/Book_Path";
 /// The name of the book XML file of the book with that acronym.
 inline std::string fileOf(std::string_view acronym) {
   return std::string(kFilePrefix).append(acronym).append(kFileExtension);
+}
+
+/// Whether a file of that name may be a book XML file. As with a table of contents, the extension
+/// counts wherever it stands, so that a `pumps.xml.bak` may be one.
+inline bool mayBeFile(std::string_view name) {
+  return findIgnoringAsciiCase(name, kFileExtension) != std::string_view::npos;
 }
 
 }  // namespace quorbind::book_names

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "bookxml/names.h"
 #include "catalogue/names.h"
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
@@ -22,9 +23,8 @@ namespace quorbind {
 
 namespace {
 
-/// Files whose names hold one of these may have others that belong to them.
+/// Files whose names hold this may have others that belong to them, as book files may.
 constexpr std::string_view kPageMark = ".HTM";
-constexpr std::string_view kXmlMark = ".XML";
 
 /// What the host says about the book.
 struct BookDetails {
@@ -150,7 +150,7 @@ class BookInstallation {
     const std::string folder = joinedPath(paths_.libraryFolder, acronym_);
     const std::string name = upperCaseAscii(fileNameOf(withBackslashes(document_)));
     std::unique_ptr<FileCopy> copy;
-    if (contains(name, kPageMark) || contains(name, kXmlMark)) {
+    if (contains(name, kPageMark) || book_names::mayBeFile(name)) {
       copy = platform_.toolset.createFileCopy();
       copy->mbCopyFiles(folder, document_, 0, 0);
     }

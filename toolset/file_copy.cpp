@@ -25,7 +25,6 @@ namespace quorbind {
 namespace {
 
 constexpr std::array<std::string_view, 2> kPageExtensions{".HTM", ".HTML"};
-constexpr std::string_view kXmlExtension = ".XML";
 constexpr char kBookmark = '#';
 /// What a library and the server are known by.
 constexpr std::array<std::string_view, 2> kListFiles{catalogue_names::kFile,
@@ -99,10 +98,10 @@ class WatchedBytes final : public ByteReader {
   std::optional<RunTimeError>& error_;
 };
 
-/// Whether a file is one of the library's own kind, which have to be whole at any moment, also
-/// when the machine goes down.
-bool isXml(std::string_view name) {
-  return upperCaseAscii(name).ends_with(kXmlExtension);
+/// Whether a file may be one of the library's own kind, which have to be whole at any moment, also
+/// when the machine goes down. No other is read for the names of documents.
+bool mayBeBookFile(std::string_view path) {
+  return book_names::mayBeFile(fileNameOf(path));
 }
 
 /// Brings documents from their folders into one target folder, as far as they can be had. Their
@@ -289,12 +288,12 @@ void ReferenceFileCopy::flush() {
 
 /// A book file may have been made a moment ago; documents stood before.
 bool ReferenceFileCopy::isThere(const std::string& source) {
-  return isXml(source) ? files_.fileExists(source) : listings_.hasFile(source);
+  return mayBeBookFile(source) ? files_.fileExists(source) : listings_.hasFile(source);
 }
 
 bool ReferenceFileCopy::copyItself(const std::string& source, const std::string& target) {
   makeFolders(files_, folderOf(target));
-  if (!isXml(source)) {
+  if (!mayBeBookFile(source)) {
     return copies_->copy(source, target);
   }
   const bool isInPlace = files_.sameFile(source, target);
@@ -337,7 +336,7 @@ void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
   DocumentCopy documents(
       files_, *copies_, locale_, listings_, settled_, std::string(folderPartOf(target)));
   documents.add(folder, fileName);
-  if (!isPage(fileName)) {
+  if (mayBeBookFile(source) && !isPage(fileName)) {
     std::vector<std::string> folders{folder};
     if (hasTableAbove) {
       folders.emplace_back(folderPartOf(folderOf(folder)));

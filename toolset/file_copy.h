@@ -21,17 +21,17 @@ class XmlLibrary;
 /// is overwritten. False, and nothing made, when there is no source; False as well when it could
 /// not be brought into place.
 ///
-/// To a book XML file, which no page is, belong the documents that its headings name, up to a `#`:
-/// those beside it, and where it was moved from its table of contents into the book's folder, else
-/// those beside the table, one folder higher. It was moved when its folder has the name of the
-/// folder `destination` and `source` names it without a doubled separator in front of the file, as
-/// the driver does. To a page, be it one of these documents or the source itself,
-/// belong the local files that it links to by `src` and `href` and that lie below its own folder;
-/// pages among these are copied and not read. Everything keeps its place below the target folder.
-/// `copyLinkedFiles` brings the same for a page in place, but where something stands already.
-/// What is missing or can't be copied is passed over, and changes nothing in the result. A source
-/// in place that can't be read for the names of its documents raises what the read raised: nobody
-/// knows what is missing then.
+/// To a book XML file, which has `.xml` in its name and is no page, belong the documents that its
+/// headings name, up to a `#`: those beside it, and where it was moved from its table of contents
+/// into the book's folder, else those beside the table, one folder higher. It was moved when its
+/// folder has the name of the folder `destination` and `source` names it without a doubled
+/// separator in front of the file, as the driver does. To a page, be it one of these documents or
+/// the source itself, belong the local files that it links to by `src` and `href` and that lie
+/// below its own folder; pages among these are copied and not read. Everything keeps its place
+/// below the target folder. `copyLinkedFiles` brings the same for a page in place, but where
+/// something stands already. What is missing or can't be copied is passed over, and changes nothing
+/// in the result. A source in place that can't be read for the names of its documents raises what
+/// the read raised: nobody knows what is missing then.
 ///
 /// An object serves one book. For as long as it lives it looks at a folder once, and brings a file
 /// that several pages link to once, also when the pages are handed over one by one. An XML file

@@ -48,8 +48,10 @@ BOUNDS = {
     "binary workbook": Bound("checking a binary workbook takes at most three times its floor, which "
                              "makes nothing of its cells", 3),
     "copy": Bound("copying documents takes at most 1.3 times `cp -r` and one flush", 1.3),
-    "page copy": Bound("copying pages, which are read for what they need, and documents one by "
-                       "one, takes at most twice that", 2),
+    "documents one by one": Bound("copying the documents of an existing book file, which is parsed "
+                                  "for them, takes at most 1.6 times that", 1.6),
+    "page copy": Bound("copying pages, which are read for what they need, takes at most twice that",
+                       2),
     "query": Bound("a query takes at most 1.2 times loading the file and the same query", 1.2),
     "change": Bound("a change takes at most 1.2 times loading and saving the files", 1.2),
     "list": Bound("a list of changes takes at most 1.5 times one loading and saving", 1.5),
@@ -149,7 +151,8 @@ WORKBOOKS = Table("workbooks", "stage", "rows", WORKBOOK_SIZES, (
 COPIES = Table("copies", "copy", "documents", SIZES, (
     row("documents", "copy/documents", ("copy/documents",), "copy"),
     row("pages", "copy/pages", ("copy/pages",), "page copy"),
-    row("documents of an existing book file", "copy/taken-over", ("copy/documents",), "page copy"),
+    row("documents of an existing book file", "copy/taken-over", ("copy/documents",),
+        "documents one by one"),
 ))
 
 

@@ -29,7 +29,10 @@ PathFinder::PathFinder(std::string root) : root_(std::move(root)) {}
 PathFinder::Place PathFinder::findAsSpelled(std::string path) {
   struct stat status {};
   const bool stands = ::lstat(path.c_str(), &status) == 0;
-  return {std::move(path), stands, stands && S_ISREG(status.st_mode)};
+  return {.path = std::move(path),
+          .stands = stands,
+          .isKnownFile = stands && S_ISREG(status.st_mode),
+          .isKnownFolder = stands && S_ISDIR(status.st_mode)};
 }
 
 PathFinder::Place PathFinder::find(std::string path) {

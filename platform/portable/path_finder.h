@@ -20,8 +20,9 @@ class PathFinder {
     std::string path;
     /// Whether something stood there, be it a link that leads nowhere.
     bool stands = false;
-    /// Whether it is a plain file already known as one; otherwise it has to be asked.
+    /// Whether it is already known as a plain file, or as a folder; otherwise it has to be asked.
     bool isKnownFile = false;
+    bool isKnownFolder = false;
   };
 
   /// `root` is the part of all paths that is taken as it is, without a `/` at its end.

@@ -95,6 +95,13 @@ OpenFile openForReading(const std::string& path) {
   return *std::move(opened);
 }
 
+/// Opens the file at `path` in whatever letter case it stands. One that stands as it is spelled
+/// need not be looked for before.
+OpenFile openInAnyCase(const std::string& path, PathFinder& finder) {
+  auto asSpelled = openIfFile(path);
+  return asSpelled ? *std::move(asSpelled) : openForReading(finder.find(path).path);
+}
+
 void copyTo(const std::string& target, const OpenFile& source) {
   SiblingReplacement replacement(target);
   replacement.copyFrom(source.file);
@@ -172,7 +179,7 @@ class PortableFileSystem::Copies final : public CopySeries {
       return true;
     }
     if (!copyWithoutName(source.file, source.status, target.path, disks_)) {
-      replace(target.path, openInAnyCase(from));
+      replace(target.path, open(from));
     }
     targets_.add(path);
     return true;
@@ -184,13 +191,8 @@ class PortableFileSystem::Copies final : public CopySeries {
   }
 
  private:
-  /// What stands as it is spelled need not be looked for before.
   OpenFile open(std::string_view name) {
-    auto asSpelled = openIfFile(files_.pathOfFile(files_.nameOf(name)));
-    return asSpelled ? *std::move(asSpelled) : openInAnyCase(name);
-  }
-  OpenFile openInAnyCase(std::string_view name) {
-    return openForReading(files_.locateFile(files_.nameOf(name)).path);
+    return openInAnyCase(files_.pathOfFile(files_.nameOf(name)), files_.finder_);
   }
 
   void replace(const std::string& path, const OpenFile& source) {
@@ -219,7 +221,7 @@ bool PortableFileSystem::fileExists(std::string_view path) {
 bool PortableFileSystem::folderExists(std::string_view path) {
   try {
     const PathFinder::Place place = locate(nameOf(path));
-    return place.stands && isFolder(statusOf(place.path));
+    return place.isKnownFolder || (place.stands && isFolder(statusOf(place.path)));
   } catch (const RunTimeError&) {
     return false;
   }
@@ -237,8 +239,7 @@ void PortableFileSystem::createFolder(std::string_view path) {
 }
 
 void PortableFileSystem::copyFile(std::string_view from, std::string_view to) {
-  const PathFinder::Place source = locateFile(nameOf(from));
-  const OpenFile file = openForReading(source.path);
+  const OpenFile file = openInAnyCase(pathOfFile(nameOf(from)), finder_);
   const PathFinder::Place target = locateFile(nameOf(to));
   if (isSame(file.status, statusOf(target.path))) {
     raise(ErrorNumber::kPermissionDenied);
@@ -323,7 +324,7 @@ std::vector<std::string> PortableFileSystem::list(std::string_view folder, Liste
 }
 
 std::unique_ptr<ByteReader> PortableFileSystem::open(std::string_view path) {
-  return std::make_unique<FileReader>(openForReading(locateFile(nameOf(path)).path).file);
+  return std::make_unique<FileReader>(openInAnyCase(pathOfFile(nameOf(path)), finder_).file);
 }
 
 std::unique_ptr<FileReplacement> PortableFileSystem::replace(std::string_view path) {

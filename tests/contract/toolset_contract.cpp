@@ -528,6 +528,16 @@ TEST_F(FileCopyContract, ReadsTheDocumentsOfBookFilesOnly) {
   EXPECT_THAT(copiedWithBook(), ElementsAre("Book_B.xml"));
 }
 
+TEST_F(FileCopyContract, ReadsAFileAsABookFileOnlyWhenItsNameHasTheExtensionSomewhere) {
+  disk_.write("in/Manual/book.XML.bak", bookNaming({"intro.htm"}));
+  disk_.write("in/Manual/book.dat", bookNaming({"setup.htm"}));
+  disk_.write("in/Manual/intro.htm", "");
+  disk_.write("in/Manual/setup.htm", "");
+  EXPECT_TRUE(copy("C:\\lib\\Manual", "C:\\in\\Manual\\book.XML.bak"));
+  EXPECT_TRUE(copy("C:\\lib\\Manual", "C:\\in\\Manual\\book.dat"));
+  EXPECT_THAT(filesBelow("lib/Manual/"), ElementsAre("book.XML.bak", "book.dat", "intro.htm"));
+}
+
 TEST_F(FileCopyContract, NeverReadsAPageAsABookFile) {
   disk_.write("in/Manual/page.htm", bookNaming({"intro.htm"}));
   disk_.write("in/Manual/intro.htm", "");

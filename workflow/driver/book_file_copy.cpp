@@ -121,7 +121,8 @@ class BookFileCopy {
 
   [[nodiscard]] bool isBookFile(const std::string& path) const {
     RootName root;
-    return platform_.xml.scan(path, root) && root.name() == book_names::kMaster;
+    return book_names::mayBeFile(fileNameOf(path)) && platform_.xml.scan(path, root) &&
+           root.name() == book_names::kMaster;
   }
 
   /// Below the library's folder its files have no place.

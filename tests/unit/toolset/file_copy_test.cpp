@@ -37,6 +37,9 @@ class WatchedFileSystem final : public FileSystem {
   [[nodiscard]] auto timesAsked(std::string_view path) const {
     return std::count(asked_.begin(), asked_.end(), path);
   }
+  [[nodiscard]] auto timesOpened(std::string_view path) const {
+    return std::count(opened_.begin(), opened_.end(), path);
+  }
   [[nodiscard]] auto copiesTo(std::string_view path) const {
     return std::count(copied_.begin(), copied_.end(), path);
   }
@@ -73,7 +76,8 @@ class WatchedFileSystem final : public FileSystem {
     return files_.namesIn(note(folder));
   }
   [[nodiscard]] std::unique_ptr<ByteReader> open(std::string_view path) override {
-    return files_.open(note(path));
+    opened_.emplace_back(note(path));
+    return files_.open(path);
   }
   [[nodiscard]] std::unique_ptr<FileReplacement> replace(std::string_view path) override {
     return files_.replace(note(path));
@@ -89,6 +93,7 @@ class WatchedFileSystem final : public FileSystem {
   std::map<std::string, ErrorNumber, std::less<>> failures_;
   bool canList_ = true;
   std::vector<std::string> asked_;
+  std::vector<std::string> opened_;
   std::vector<std::string> copied_;
 };
 
@@ -116,6 +121,13 @@ TEST_F(FileCopyTest, CopiesADocumentOnceHoweverManyHeadingsNameIt) {
   EXPECT_TRUE(copyBook(headings));
   EXPECT_EQ(files_.copiesTo("C:\\lib\\intro.htm"), 1);
   EXPECT_EQ(files_.copiesTo("C:\\lib\\INTRO.htm"), 0);
+}
+
+TEST_F(FileCopyTest, LooksIntoNoDocumentThatCanBeNeitherBookFileNorPage) {
+  disk_.write("in/report.pdf", "bytes");
+  EXPECT_TRUE(copy_.mbCopyFiles("C:\\lib", "C:\\in\\report.pdf", 0, 0));
+  EXPECT_EQ(files_.copiesTo("C:\\lib\\report.pdf"), 1);
+  EXPECT_EQ(files_.timesOpened("C:\\in\\report.pdf"), 0);
 }
 
 TEST_F(FileCopyTest, CopiesALinkedFileOnceHoweverManyPagesLinkToIt) {

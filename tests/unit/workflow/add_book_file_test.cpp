@@ -187,13 +187,16 @@ TEST_F(AddBookFile, PutsNothingThatADocumentLinksToInThePlaceOfOneThatIsThere) {
   EXPECT_EQ(world_.disk.read("Docs/Prod/Manual/b.htm"), "old");
 }
 
-TEST_F(AddBookFile, BringsNothingThatAPageLinksToWhichIsABookFileInTruth) {
-  world_.disk.write("in/a.htm", "<Book_Master><HName src='p.png'/></Book_Master>");
+TEST_F(AddBookFile, TreatsAPageThatIsABookFileInTruthAsAPage) {
+  world_.disk.write("in/a.htm",
+                    "<Book_Master><HName src='p.png'/><HFile>c.htm</HFile></Book_Master>");
   world_.disk.write("in/b.htm", "page <a href=a.htm>");
+  world_.disk.write("in/c.htm", "page");
   writeBook("Pumps", "PMP", "P\\Manual", heading("b.htm") + heading("a.htm"));
   EXPECT_TRUE(run());
   EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/a.htm"));
-  EXPECT_FALSE(world_.disk.has("Docs/Prod/Manual/p.png"));
+  EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/p.png"));
+  EXPECT_FALSE(world_.disk.has("Docs/Prod/Manual/c.htm"));
 }
 
 TEST_F(AddBookFile, KeepsItsDocumentsInTheirPlacesBelowIt) {
