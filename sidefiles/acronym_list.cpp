@@ -12,10 +12,10 @@ bool AcronymList::has(const std::string& acronym) {
   if (inOrder_.empty()) {
     return false;
   }
-  if (!all_) {
-    TextIndex all;
+  if (all_ == nullptr) {
+    auto all = std::make_unique<TextIndex>();
     for (const std::string& each : inOrder_) {
-      all.add(each);
+      all->add(each);
     }
     all_ = std::move(all);
   }
@@ -23,7 +23,7 @@ bool AcronymList::has(const std::string& acronym) {
 }
 
 void AcronymList::add(std::string acronym) {
-  if (all_) {
+  if (all_ != nullptr) {
     all_->add(acronym);
   }
   inOrder_.push_back(std::move(acronym));

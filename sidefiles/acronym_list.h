@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,7 +24,8 @@ class AcronymList {
   std::vector<std::string> inOrder_;
   /// Where the one behind the last that was found stands.
   std::size_t next_ = 0;
-  std::optional<TextIndex> all_;
+  /// Most lists never have one, and there is a list for each category.
+  std::unique_ptr<TextIndex> all_;
 };
 
 }  // namespace quorbind

@@ -1,6 +1,5 @@
 #include "sidefiles/category_file.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/xml_writer.h"
@@ -24,51 +23,45 @@ std::string categoryQuery(std::string_view name) {
 }
 
 bool CategoryFile::fileBook(std::string_view category, std::string_view acronym) {
-  const auto found = categoriesNamed(category);
-  if (found.empty()) {
+  Category* const first = firstNamed(category);
+  if (first == nullptr) {
     if (category.empty()) {
       return false;
     }
     addCategory(category);
     appendAcronym(categories_.back(), acronym);
-    return true;
-  }
-  const bool isFiled = std::any_of(found.begin(), found.end(), [&](std::size_t place) {
-    return categories_[place].acronyms.has(std::string(acronym));
-  });
-  if (!isFiled) {
-    appendAcronym(categories_[found.front()], acronym);
+  } else if (!isFiled(category, std::string(acronym))) {
+    appendAcronym(*first, acronym);
   }
   return true;
 }
 
 void CategoryFile::addAcronyms(std::string_view category, std::span<const std::string> acronyms) {
-  const auto found = categoriesNamed(category);
-  if (found.empty()) {
-    return;
-  }
-  Category& target = categories_[found.front()];
-  if (target.childCount > 1 && target.acronyms.empty()) {
+  Category* const target = firstNamed(category);
+  if (target == nullptr || (target->childCount > 1 && target->acronyms.empty())) {
     return;
   }
   for (const std::string& acronym : acronyms) {
-    if (!target.acronyms.has(acronym)) {
-      appendAcronym(target, acronym);
+    if (!target->acronyms.has(acronym)) {
+      appendAcronym(*target, acronym);
     }
   }
 }
 
 void CategoryFile::addCategory(std::string_view name) {
-  const auto others = categoriesNamed(category_names::kOther);
-  const XmlNode other = others.empty() ? XmlNode() : categories_[others.front()].node;
+  const Category* const others = firstNamed(category_names::kOther);
+  const XmlNode other = others == nullptr ? XmlNode() : others->node;
   const XmlNode category = document().createElement(category_names::kCategory);
   appendTextElement(document(), category, category_names::kName, name);
-  document().select(category_names::kSet).insertBefore(category, other);
+  const XmlNode set = document().select(category_names::kSet);
+  indexed_ = false;
+  set.insertBefore(category, other);
   readCategory(category, nullptr);
+  indexed_ = true;
 }
 
 bool CategoryFile::has(std::string_view category) {
-  return !categoriesNamed(category).empty();
+  return firstNamed(category) != nullptr;
 }
 
 CategoryFile::Texts CategoryFile::textsInCategories() {
@@ -81,7 +74,9 @@ CategoryFile::Texts CategoryFile::textsInCategories() {
 
 void CategoryFile::dropIndex() {
   categories_.clear();
-  byName_.clear();
+  names_.clear();
+  alike_.clear();
+  named_.clear();
   indexed_ = false;
 }
 
@@ -89,6 +84,7 @@ void CategoryFile::requireIndex() {
   if (indexed_) {
     return;
   }
+  dropIndex();
   if (const XmlNode set = document().select(category_names::kSet)) {
     readCategories(set, nullptr);
   }
@@ -113,7 +109,7 @@ void CategoryFile::readCategory(const XmlNode& node, Texts* texts) {
     if (isCategory && name == category_names::kBookAcro) {
       category.acronyms.add(text);
     } else if (isCategory && name == category_names::kName) {
-      byName_[text].push_back(categories_.size());
+      addName(text, categories_.size());
     }
     if (texts != nullptr) {
       texts->push_back(std::move(text));
@@ -124,17 +120,42 @@ void CategoryFile::readCategory(const XmlNode& node, Texts* texts) {
   }
 }
 
-std::span<const std::size_t> CategoryFile::categoriesNamed(std::string_view name) {
+void CategoryFile::addName(std::string_view name, std::size_t category) {
+  const auto [number, isNew] = names_.add(name);
+  const std::size_t place = named_.size();
+  named_.push_back({.category = category});
+  if (isNew) {
+    alike_.push_back({.first = place, .last = place});
+  } else {
+    named_[alike_[number].last].next = place;
+    alike_[number].last = place;
+  }
+}
+
+CategoryFile::Category* CategoryFile::firstNamed(std::string_view name) {
   requireCategoryName(name);
   requireIndex();
-  const auto found = byName_.find(name);
-  return found == byName_.end() ? std::span<const std::size_t>() : found->second;
+  const auto number = names_.find(name);
+  return number ? &categories_[named_[alike_[*number].first].category] : nullptr;
+}
+
+bool CategoryFile::isFiled(std::string_view category, const std::string& acronym) {
+  const auto number = names_.find(category);
+  for (std::size_t place = number ? alike_[*number].first : Named::kNone; place != Named::kNone;
+       place = named_[place].next) {
+    if (categories_[named_[place].category].acronyms.has(acronym)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 void CategoryFile::appendAcronym(Category& category, std::string_view acronym) {
+  indexed_ = false;
   appendTextElement(document(), category.node, category_names::kBookAcro, acronym);
   ++category.childCount;
   category.acronyms.add(xmlCharactersOnly(acronym));
+  indexed_ = true;
 }
 
 }  // namespace quorbind

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <map>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/text_index.h"
 #include "sidefiles/acronym_list.h"
 #include "sidefiles/side_file.h"
 
@@ -50,17 +50,36 @@ class CategoryFile final : public SideFile {
     AcronymList acronyms;
   };
 
+  /// A category under one of its names, and where in `named_` the next of that name stands.
+  struct Named {
+    static constexpr std::size_t kNone = SIZE_MAX;
+    std::size_t category = 0;
+    std::size_t next = kNone;
+  };
+  /// The places in `named_` of the first and the last of one name.
+  struct NamedAlike {
+    std::size_t first = 0;
+    std::size_t last = 0;
+  };
+
   void dropIndex() override;
   void requireIndex();
   /// Reads everything below `set`; the texts go to `texts` as well, unless that is null.
   void readCategories(const XmlNode& set, Texts* texts);
   void readCategory(const XmlNode& node, Texts* texts);
-  [[nodiscard]] std::span<const std::size_t> categoriesNamed(std::string_view name);
+  void addName(std::string_view name, std::size_t category);
+  /// The first category of that name, or null. Raises as requireCategoryName does.
+  [[nodiscard]] Category* firstNamed(std::string_view name);
+  /// Whether a book is filed under any of that name.
+  [[nodiscard]] bool isFiled(std::string_view category, const std::string& acronym);
   void appendAcronym(Category& category, std::string_view acronym);
 
   std::vector<Category> categories_;
-  /// Where the categories of a name stand in categories_.
-  std::map<std::string, std::vector<std::size_t>, std::less<>> byName_;
+  TextIndex names_;
+  /// By the number of the name.
+  std::vector<NamedAlike> alike_;
+  std::vector<Named> named_;
+  /// Whether the tables and the document are in step. Not behind an error half way.
   bool indexed_ = false;
 };
 

@@ -130,10 +130,14 @@ void AddCategoryNodes(const Platform& platform,
                       ProcessState& state,
                       std::span<const std::string> categories) {
   CategoryFile file(platform, state.currentCategoriesPath);
-  ListedChanges changes(file, platform.ui, source::kAddCategoryNode);
-  for (const std::string& category : categories) {
-    changes.make([&] { return file.fileBook(category, state.currentBookAcro); },
-                 [&] { AddCategoryNode(platform, state, category, {}, {}); });
+  ListedChanges changes(
+      file,
+      platform.ui,
+      source::kAddCategoryNode,
+      {.change = [&](auto item) { return file.fileBook(categories[item], state.currentBookAcro); },
+       .alone = [&](auto item) { AddCategoryNode(platform, state, categories[item], {}, {}); }});
+  for (std::size_t item = 0; item < categories.size(); ++item) {
+    changes.make(item);
   }
   changes.settle();
 }

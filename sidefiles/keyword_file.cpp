@@ -1,10 +1,12 @@
 #include "sidefiles/keyword_file.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/error_trap.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
+#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/xml_writer.h"
@@ -111,7 +113,7 @@ bool KeywordFile::add(std::string_view keyword) {
   requireBook();
   if (!keywords_) {
     enterBook(keyword);
-  } else if (known_.contains(keyword)) {
+  } else if (has(keyword)) {
     return false;
   } else {
     append(keyword);
@@ -138,8 +140,9 @@ void KeywordFile::rename(std::string_view old, std::string_view keyword) {
 
 void KeywordFile::dropIndex() {
   keywords_ = XmlNode();
-  known_.clear();
+  known_.reset();
   lookedUp_ = false;
+  searched_ = false;
 }
 
 void KeywordFile::requireBook() {
@@ -148,11 +151,32 @@ void KeywordFile::requireBook() {
   }
   if (document().select(bookQuery())) {
     keywords_ = document().select(listQuery());
-    for (const XmlNode& keyword : keywords_.selectAll(keyword_names::kKeyword)) {
-      known_.add(keyword.text());
+    if (!keywords_) {
+      raise(ErrorNumber::kObjectNotSet);
     }
   }
   lookedUp_ = true;
+}
+
+// One walk through the keywords is faster than entering them in an index.
+bool KeywordFile::has(std::string_view keyword) {
+  if (std::exchange(searched_, true)) {
+    return known().contains(keyword);
+  }
+  const auto keywords = keywords_.selectAll(keyword_names::kKeyword);
+  return std::any_of(keywords.begin(), keywords.end(), [keyword](const XmlNode& node) {
+    return node.text() == keyword;
+  });
+}
+
+const TextIndex& KeywordFile::known() {
+  if (!known_) {
+    known_.emplace();
+    for (const XmlNode& keyword : keywords_.selectAll(keyword_names::kKeyword)) {
+      known_->add(keyword.text());
+    }
+  }
+  return *known_;
 }
 
 std::string KeywordFile::bookQuery() const {
@@ -176,7 +200,9 @@ std::string KeywordFile::keywordQuery() const {
 
 void KeywordFile::append(std::string_view keyword) {
   appendTextElement(document(), keywords_, keyword_names::kKeyword, keyword);
-  known_.add(xmlCharactersOnly(keyword));
+  if (known_) {
+    known_->add(xmlCharactersOnly(keyword));
+  }
 }
 
 }  // namespace quorbind

@@ -2,6 +2,7 @@
 
 // A library's search keywords. Each operation tells an unexpected error in a box.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,6 +50,8 @@ class KeywordFile final : public SideFile {
  private:
   void dropIndex() override;
   void requireBook();
+  [[nodiscard]] bool has(std::string_view keyword);
+  const TextIndex& known();
   [[nodiscard]] std::string bookQuery() const;
   [[nodiscard]] std::string listQuery() const;
   [[nodiscard]] std::string keywordQuery() const;
@@ -57,8 +60,11 @@ class KeywordFile final : public SideFile {
   std::string bookName_;
   /// The book's list, once the book was looked up; no node while the document lacks the book.
   XmlNode keywords_;
-  TextIndex known_;
   bool lookedUp_ = false;
+  /// Whether a keyword was looked for in that list.
+  bool searched_ = false;
+  /// The list's keywords, from the second on that is looked for.
+  std::optional<TextIndex> known_;
 };
 
 }  // namespace quorbind

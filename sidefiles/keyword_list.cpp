@@ -67,15 +67,20 @@ KeywordAdditions::KeywordAdditions(const Platform& platform,
       path_(path),
       book_(book),
       file_(platform, path, book),
-      changes_(file_, platform.ui, source::kAddKeywordsToXmlFile) {}
+      changes_(file_,
+               platform.ui,
+               source::kAddKeywordsToXmlFile,
+               {.change = [this](auto item) { return file_.add(keywords_.at(item)); },
+                .alone = [this](auto item) { addAlone(std::string(keywords_.at(item))); }}) {}
 
-void KeywordAdditions::add(const std::string& keyword) {
-  const std::size_t number = keywords_.size();
+void KeywordAdditions::add(std::string_view keyword) {
+  const std::size_t item = keywords_.size();
   keywords_.add(keyword);
-  changes_.make([&] { return file_.add(keyword); },
-                [this, number] {
-                  AddKeywordsToXmlFile(platform_, path_, book_, std::string(keywords_.at(number)));
-                });
+  changes_.make(item);
+}
+
+void KeywordAdditions::addAlone(const std::string& keyword) {
+  AddKeywordsToXmlFile(platform_, path_, book_, keyword);
 }
 
 void KeywordAdditions::settle() {

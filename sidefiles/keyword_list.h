@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
@@ -17,13 +18,17 @@ class KeywordAdditions {
  public:
   /// All are kept by reference.
   KeywordAdditions(const Platform& platform, const std::string& path, const std::string& book);
+  KeywordAdditions(const KeywordAdditions&) = delete;
+  KeywordAdditions& operator=(const KeywordAdditions&) = delete;
 
   /// Adds the keyword as it is given.
-  void add(const std::string& keyword);
+  void add(std::string_view keyword);
   /// Brings the file up to what was added: at the end of the list, and before a box is shown.
   void settle();
 
  private:
+  void addAlone(const std::string& keyword);
+
   const Platform& platform_;
   const std::string& path_;
   const std::string& book_;

@@ -32,7 +32,7 @@ XmlNode requireNextElement(const XmlNode& node) {
 }
 
 std::string sourceFileOf(const LinkIdentifier& link) {
-  return link.projectName + "\\" + link.sourceFilePath;
+  return std::string(link.projectName).append("\\").append(link.sourceFilePath);
 }
 
 /// Fills in the entry whose first field is `linkId`. The acronym goes one field further than the

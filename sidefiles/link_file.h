@@ -15,13 +15,13 @@
 
 namespace quorbind {
 
-/// One identifier and what it leads to.
+/// One identifier and what it leads to, in texts that others own.
 struct LinkIdentifier {
-  std::string identifier;
-  std::string fullLink;
-  std::string sourceFilePath;
-  std::string projectName;
-  std::string bookAcro;
+  std::string_view identifier;
+  std::string_view fullLink;
+  std::string_view sourceFilePath;
+  std::string_view projectName;
+  std::string_view bookAcro;
 };
 
 /// Records one identifier in the file at `strLinkIDFilePath`, which the tool set makes when it is

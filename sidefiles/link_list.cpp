@@ -26,10 +26,10 @@ void LinkIdentifierList::during(const std::function<void()>& walk) {
   walkAndSettle(walk, [this] { settle(); });
 }
 
-void LinkIdentifierList::record(const std::string& identifier,
-                                const std::string& fullLink,
-                                const std::string& sourceFilePath,
-                                const std::string& bookAcro) {
+void LinkIdentifierList::record(std::string_view identifier,
+                                std::string_view fullLink,
+                                std::string_view sourceFilePath,
+                                std::string_view bookAcro) {
   const LinkIdentifier link{.identifier = identifier,
                             .fullLink = fullLink,
                             .sourceFilePath = sourceFilePath,
@@ -49,26 +49,17 @@ void LinkIdentifierList::record(const std::string& identifier,
 }
 
 void LinkIdentifierList::recordLater(const LinkIdentifier& link) {
-  changes_->make(
-      [this, &link] {
-        file_->record(link);
-        return true;
-      },
-      [this, number = keep(link)] { recordAlone(keptLink(number)); });
-}
-
-std::size_t LinkIdentifierList::keep(const LinkIdentifier& link) {
-  const std::size_t number = links_.size();
+  const std::size_t first = links_.size();
   for (const auto part : kLinkParts) {
     links_.add(link.*part);
   }
-  return number;
+  changes_->make(first);
 }
 
-LinkIdentifier LinkIdentifierList::keptLink(std::size_t number) const {
+LinkIdentifier LinkIdentifierList::keptLink(std::size_t first) const {
   LinkIdentifier link;
-  for (const auto part : kLinkParts) {
-    link.*part = links_.at(number++);
+  for (std::size_t part = 0; part < kLinkParts.size(); ++part) {
+    link.*kLinkParts.at(part) = links_.at(first + part);
   }
   return link;
 }
@@ -88,7 +79,16 @@ void LinkIdentifierList::requireFile() {
   }
   path_ = linkFileOf(platform_.toolset, state_.currentProductName);
   file_.emplace(platform_, path_);
-  changes_.emplace(*file_, platform_.ui, source::kAddToLinkIdFile);
+  changes_.emplace(
+      *file_,
+      platform_.ui,
+      source::kAddToLinkIdFile,
+      ListedChanges::Steps{.change =
+                               [this](auto first) {
+                                 file_->record(keptLink(first));
+                                 return true;
+                               },
+                           .alone = [this](auto first) { recordAlone(keptLink(first)); }});
 }
 
 void LinkIdentifierList::requireOthers() {
@@ -108,7 +108,7 @@ void LinkIdentifierList::requireOthers() {
   others_ = std::move(others);
 }
 
-bool LinkIdentifierList::isTaken(const std::string& identifier) {
+bool LinkIdentifierList::isTaken(std::string_view identifier) {
   if (others_->trimmedIds.contains(trimBlanks(identifier)) ||
       (others_->includeThisOne && file_->hasTrimmed(identifier))) {
     return true;
@@ -123,14 +123,15 @@ void LinkIdentifierList::recordAlone(const LinkIdentifier& link) {
   if (file_) {
     file_->forget();
   }
-  if (!CheckDuplicateLinkID(platform_, link.identifier)) {
+  const std::string identifier(link.identifier);
+  if (!CheckDuplicateLinkID(platform_, identifier)) {
     AddToLinkIDFile(platform_,
                     linkFileOf(platform_.toolset, link.projectName),
-                    link.identifier,
-                    link.fullLink,
-                    link.sourceFilePath,
-                    link.projectName,
-                    link.bookAcro);
+                    identifier,
+                    std::string(link.fullLink),
+                    std::string(link.sourceFilePath),
+                    std::string(link.projectName),
+                    std::string(link.bookAcro));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "component/process_state.h"
 #include "platform/platform.h"
@@ -23,16 +24,18 @@ class LinkIdentifierList {
  public:
   /// Kept by reference. The product is the current one of the process.
   LinkIdentifierList(const Platform& platform, const ProcessState& state);
+  LinkIdentifierList(const LinkIdentifierList&) = delete;
+  LinkIdentifierList& operator=(const LinkIdentifierList&) = delete;
 
   /// Runs a walk that records, and writes the file at its end, also when an error ends the walk.
   void during(const std::function<void()>& walk);
 
   /// Records one; call it inside of `during`. The acronym is the caller's to know. Raises what the
   /// tool set raises when it is asked for the server's folder; every other error is told.
-  void record(const std::string& identifier,
-              const std::string& fullLink,
-              const std::string& sourceFilePath,
-              const std::string& bookAcro);
+  void record(std::string_view identifier,
+              std::string_view fullLink,
+              std::string_view sourceFilePath,
+              std::string_view bookAcro);
 
  private:
   /// What the files of all products have but this one's.
@@ -46,12 +49,11 @@ class LinkIdentifierList {
   [[nodiscard]] bool isReady();
   void requireFile();
   void requireOthers();
-  [[nodiscard]] bool isTaken(const std::string& identifier);
+  [[nodiscard]] bool isTaken(std::string_view identifier);
   void recordLater(const LinkIdentifier& link);
   void recordAlone(const LinkIdentifier& link);
-  /// Answers the number under which `keptLink` has it.
-  std::size_t keep(const LinkIdentifier& link);
-  [[nodiscard]] LinkIdentifier keptLink(std::size_t number) const;
+  /// The one whose parts begin with that of this number.
+  [[nodiscard]] LinkIdentifier keptLink(std::size_t first) const;
   /// As ListedChanges::settle.
   bool settle();
 

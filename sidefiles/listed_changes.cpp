@@ -6,26 +6,32 @@
 
 namespace quorbind {
 
-void ListedChanges::make(const Change& change, Alone alone) {
+ListedChanges::ListedChanges(SideFile& file,
+                             UserInterface& ui,
+                             const ErrorSource& source,
+                             Steps steps)
+    : file_(file), ui_(ui), source_(source), steps_(std::move(steps)) {}
+
+void ListedChanges::make(std::size_t item) {
   bool isLoaded = false;
   ignoringErrors([&] { isLoaded = file_.load(); });
   if (!isLoaded) {
-    alone();
+    steps_.alone(item);
     return;
   }
   bool changed = false;
-  if (ignoringErrors([&] { changed = change(); }) != 0) {
+  if (ignoringErrors([&] { changed = steps_.change(item); }) != 0) {
     settle();
-    alone();
+    steps_.alone(item);
     file_.forget();
   } else if (changed || !unsaved_.empty()) {
     // An item that found everything done may have found it in memory only.
-    unsaved_.push_back(std::move(alone));
+    unsaved_.push_back(item);
   }
 }
 
 bool ListedChanges::settle() {
-  const std::vector<Alone> items = std::exchange(unsaved_, {});
+  const std::vector<std::size_t> items = std::exchange(unsaved_, {});
   if (items.empty()) {
     return true;
   }
@@ -36,13 +42,13 @@ bool ListedChanges::settle() {
   return !error;
 }
 
-void ListedChanges::doAgain(std::span<const Alone> items, const RunTimeError& saveError) {
+void ListedChanges::doAgain(std::span<const std::size_t> items, const RunTimeError& saveError) {
   if (file_.isGone() || items.size() == 1) {
     reportError(ui_, source_, saveError);
     items = items.subspan(1);
   }
-  for (const Alone& alone : items) {
-    alone();
+  for (const std::size_t item : items) {
+    steps_.alone(item);
   }
 }
 

@@ -11,6 +11,7 @@
 // had its save: its failure is told as it came. So is that of the first of several when the file
 // can't even be read any more, as it would not get as far as that save.
 
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <vector>
@@ -22,34 +23,37 @@
 
 namespace quorbind {
 
-/// The changes of one list to one file.
+/// The changes of one list to one file. Its owner knows the items by their numbers.
 class ListedChanges {
  public:
-  /// Changes the document and answers whether it has to be saved. An error must leave the document
-  /// as it was. Tells nothing.
-  using Change = std::function<bool()>;
-  /// Does the same item by itself: reads the file, changes it, saves it, and tells its failures.
-  using Alone = std::function<void()>;
+  struct Steps {
+    /// Changes the document and answers whether it has to be saved. An error must leave the
+    /// document as it was. Tells nothing.
+    std::function<bool(std::size_t item)> change;
+    /// Does the same item by itself: reads the file, changes it, saves it, and tells its failures.
+    std::function<void(std::size_t item)> alone;
+  };
 
-  /// All are kept by reference. `source` words what an item alone would tell of a save.
-  ListedChanges(SideFile& file, UserInterface& ui, const ErrorSource& source)
-      : file_(file), ui_(ui), source_(source) {}
+  /// `file`, `ui` and `source` are kept by reference. `source` words what an item alone would tell
+  /// of a save.
+  ListedChanges(SideFile& file, UserInterface& ui, const ErrorSource& source, Steps steps);
 
   /// Does one item: in memory when the file loads and the change succeeds, else alone.
-  void make(const Change& change, Alone alone);
+  void make(std::size_t item);
 
   /// Brings the file up to what is in memory. False when the one save failed: the items have then
   /// been done alone, and the next one finds the file as they left it.
   bool settle();
 
  private:
-  void doAgain(std::span<const Alone> items, const RunTimeError& saveError);
+  void doAgain(std::span<const std::size_t> items, const RunTimeError& saveError);
 
   SideFile& file_;
   UserInterface& ui_;
   const ErrorSource& source_;
+  Steps steps_;
   /// The items since the last save, from the first that changed something on.
-  std::vector<Alone> unsaved_;
+  std::vector<std::size_t> unsaved_;
 };
 
 /// Runs the walk through a list and settles at its end, also when an error ends it.

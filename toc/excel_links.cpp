@@ -9,6 +9,7 @@
 #include "platform/error_trap.h"
 #include "platform/number.h"
 #include "platform/text.h"
+#include "platform/text_store.h"
 #include "platform/toolset.h"
 #include "sidefiles/link_list.h"
 #include "toc/excel_toc.h"
@@ -53,8 +54,8 @@ class HeadingChain {
 };
 
 /// Everything that the sheet of headings says of its identifiers, in one text for each.
-std::vector<std::string> recordsOf(Worksheet& sheet) {
-  std::vector<std::string> records;
+TextStore recordsOf(Worksheet& sheet) {
+  TextStore records;
   HeadingChain chain;
   std::int32_t book = 0;
   for (std::int32_t row = excel_toc::kFirstRow;; ++row) {
@@ -67,14 +68,14 @@ std::vector<std::string> recordsOf(Worksheet& sheet) {
     book += level == 1 ? 1 : 0;
     const std::string identifier = sheet.cellText(row, excel_toc::kBookLinkColumn);
     if (!trimBlanks(identifier).empty()) {
-      records.push_back(std::to_string(book)
-                            .append(kFieldSeparator)
-                            .append(sheet.cellText(row, excel_toc::kFileColumn))
-                            .append(sheet.cellText(row, excel_toc::kSubLinkColumn))
-                            .append(kFieldSeparator)
-                            .append(identifier)
-                            .append(kFieldSeparator)
-                            .append(chain.above(level)));
+      records.add(std::to_string(book)
+                      .append(kFieldSeparator)
+                      .append(sheet.cellText(row, excel_toc::kFileColumn))
+                      .append(sheet.cellText(row, excel_toc::kSubLinkColumn))
+                      .append(kFieldSeparator)
+                      .append(identifier)
+                      .append(kFieldSeparator)
+                      .append(chain.above(level)));
     }
   }
 }
@@ -107,11 +108,11 @@ class ListedBooks {
   std::map<std::string, std::string> folders_;
 };
 
-void record(const std::string& text, ListedBooks& books, LinkIdentifierList& list) {
+void record(std::string_view text, ListedBooks& books, LinkIdentifierList& list) {
   const Pieces fields(text, kFieldSeparator);
   const std::string acronymCell = books.acronymCell(toInteger16(fields.at(kBook)));
   const std::string acronym(trimBlanks(acronymCell));
-  list.record(std::string(fields.at(kIdentifier)),
+  list.record(fields.at(kIdentifier),
               std::string(acronymCell).append(fields.at(kHeadings)),
               std::string(books.folderOf(acronym)).append("\\").append(fields.at(kFile)),
               acronym);
@@ -125,7 +126,7 @@ void UpdateQuorLinkIDFile(const Platform& platform,
                           const std::string& workbook) {
   trapped(platform.ui, source::kUpdateQuorLinkIdFile, [&] {
     const auto book = spreadsheets.open(workbook);
-    const std::vector<std::string> records = recordsOf(*book->worksheet(excel_toc::kHeadingSheet));
+    const TextStore records = recordsOf(*book->worksheet(excel_toc::kHeadingSheet));
     if (records.empty()) {
       return;
     }
@@ -133,8 +134,8 @@ void UpdateQuorLinkIDFile(const Platform& platform,
     ListedBooks books(*bookSheet, platform.toolset, state.currentProductName);
     LinkIdentifierList list(platform, state);
     list.during([&] {
-      for (const std::string& text : records) {
-        record(text, books, list);
+      for (std::size_t number = 0; number < records.size(); ++number) {
+        record(records.at(number), books, list);
       }
     });
   });
