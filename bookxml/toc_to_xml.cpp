@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <optional>
+#include <utility>
 
 #include "bookxml/names.h"
 #include "platform/error_trap.h"
@@ -12,7 +13,6 @@
 #include "platform/toolset.h"
 #include "platform/xml_writer.h"
 #include "resources/file_comments.h"
-#include "toc/book_place.h"
 
 namespace quorbind {
 
@@ -74,20 +74,13 @@ std::optional<std::string> askForFolder(Module& module) {
   return folder;
 }
 
-/// Where the table of contents says that the book belongs, or else the user; nothing when there is
-/// no such place.
-std::optional<std::string> findFolder(Module& module, std::string_view tocPath) {
-  const StatedPlace stated = readStatedPlace(module.platform, tocPath);
-  if (stated.refusal) {
-    module.platform.ui.show(criticalMessage(*stated.refusal));
-    return std::nullopt;
-  }
-  return stated.folder ? stated.folder : askForFolder(module);
-}
-
 }  // namespace
 
 CTOCToXML::CTOCToXML(Module& module) : module_(module), platform_(module.platform) {}
+
+CTOCToXML::CTOCToXML(Module& module, StatedPlace place) : CTOCToXML(module) {
+  place_ = std::move(place);
+}
 
 std::string CTOCToXML::mstrGenerateXMLFromTOC(const std::string& vstrtocpath,
                                               const std::string& /*vstrQuorTOcPath*/,
@@ -97,7 +90,7 @@ std::string CTOCToXML::mstrGenerateXMLFromTOC(const std::string& vstrtocpath,
                                               const std::string& vstrProductName) {
   return trapped(platform_.ui, source::kGenerateXmlFromToc, std::string(), [&] {
     const std::string tocPath = withBackslashes(vstrtocpath);
-    const auto folder = findFolder(module_, tocPath);
+    const auto folder = findFolder(tocPath);
     if (!folder) {
       return std::string();
     }
@@ -112,6 +105,17 @@ std::string CTOCToXML::mstrGenerateXMLFromTOC(const std::string& vstrtocpath,
                .folder = *folder});
     return *folder;
   });
+}
+
+/// Where the table of contents says that the book belongs, or else the user; nothing when there is
+/// no such place.
+std::optional<std::string> CTOCToXML::findFolder(std::string_view tocPath) {
+  const StatedPlace stated = place_ ? *place_ : readStatedPlace(platform_, tocPath);
+  if (stated.refusal) {
+    platform_.ui.show(criticalMessage(*stated.refusal));
+    return std::nullopt;
+  }
+  return stated.folder ? stated.folder : askForFolder(module_);
 }
 
 void CTOCToXML::writeFile(const std::string& tocPath,

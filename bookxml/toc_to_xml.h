@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/platform.h"
+#include "toc/book_place.h"
 #include "workflow/forms/module.h"
 
 namespace quorbind {
@@ -22,6 +24,8 @@ class CTOCToXML {
  public:
   /// Kept by reference.
   explicit CTOCToXML(Module& module);
+  /// For a table of contents whose caller has read already where it says that its book belongs.
+  CTOCToXML(Module& module, StatedPlace place);
 
   /// Writes `Book_` + acronym + `.xml` into the folder of the table of contents `vstrtocpath`,
   /// replacing a file of that name, and answers the book's folder: the one that the table's book
@@ -59,10 +63,12 @@ class CTOCToXML {
 
   class HeadingWriter;
 
+  [[nodiscard]] std::optional<std::string> findFolder(std::string_view tocPath);
   void startElement(XmlWriter& writer, std::string_view name);
 
   Module& module_;
   const Platform& platform_;
+  std::optional<StatedPlace> place_;
   Attributes attributes_;
 };
 

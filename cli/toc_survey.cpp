@@ -40,6 +40,9 @@ class TextSurveyor final : public TextTocListener {
     refuse(line, violation, {.line = line.number});
   }
 
+  /// What the intermediate text form states that the first entry has in it.
+  [[nodiscard]] const StatedPlace& placeByMarks() const { return placeByMarks_; }
+
  private:
   void refuse(const TextTocLine& line, const TocViolation& violation, const LinePlace& place) {
     survey_.refusal = {.violation = violation, .place = place, .text = std::string(line.text)};
@@ -48,6 +51,7 @@ class TextSurveyor final : public TextTocListener {
   void note(const TextTocLine& line, const Pieces& pieces, const TextTocEntry& entry) {
     if (++survey_.entries == 1) {
       survey_.statedPlace = statedPlaceOf(entry.file, line.number);
+      placeByMarks_ = statedPlaceInEntries(line.text, line.number);
       survey_.mainFile = placeOfField(line, entry.file);
     }
     survey_.hasMarks = survey_.hasMarks || contains(line.text, text_form::kMarker);
@@ -59,6 +63,7 @@ class TextSurveyor final : public TextTocListener {
   TocSurvey& survey_;
   const EntryVisitor& visitor_;
   std::int16_t previousLevel_ = 0;
+  StatedPlace placeByMarks_;
 };
 
 void walk(const Platform& platform, const TocFile& toc, TocSurvey& survey, TextSurveyor& surveyor) {
@@ -82,7 +87,7 @@ TocSurvey surveyTextToc(const Platform& platform, const TocFile& toc, const Entr
     walk(platform, toc, survey, surveyor);
     // One that goes on as it stands is read by its marks.
     if (survey.hasMarks) {
-      survey.statedPlace = readStatedPlace(platform, toc.path);
+      survey.statedPlace = surveyor.placeByMarks();
     }
   });
   return survey;

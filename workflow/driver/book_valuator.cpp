@@ -11,7 +11,6 @@
 #include "sidefiles/category_filing.h"
 #include "sidefiles/keyword_list.h"
 #include "sidefiles/link_identifiers.h"
-#include "toc/book_place.h"
 #include "workflow/driver/book_file_copy.h"
 #include "workflow/driver/run_lists.h"
 #include "workflow/driver/valuated_excel_books.h"
@@ -125,11 +124,11 @@ bool BookValuator::placeIsAllowed(const BookValuatorArguments& arguments) {
   if (arguments.vintType == TocCheck::kXml) {
     return true;
   }
-  const StatedPlace stated = readStatedPlace(platform_, tocPath_);
-  if (stated.refusal) {
-    platform_.ui.show(criticalMessage(*stated.refusal));
+  place_ = readStatedPlace(platform_, tocPath_);
+  if (place_.refusal) {
+    platform_.ui.show(criticalMessage(*place_.refusal));
   }
-  return !stated.refusal;
+  return !place_.refusal;
 }
 
 void BookValuator::build(const BookValuatorArguments& arguments) {
@@ -161,12 +160,13 @@ void BookValuator::build(const BookValuatorArguments& arguments) {
 void BookValuator::convert(const BookValuatorArguments& arguments) {
   const ProcessState& state = module_.state;
   workingFolder_ = folderPartOf(tocPath_);
-  bookFolder_ = CTOCToXML(module_).mstrGenerateXMLFromTOC(tocPath_,
-                                                          cataloguePath_,
-                                                          state.currentBookName,
-                                                          state.currentBookAcro,
-                                                          tocCheck_.mstrBookFile(),
-                                                          arguments.vstrProductName);
+  bookFolder_ = CTOCToXML(module_, place_)
+                    .mstrGenerateXMLFromTOC(tocPath_,
+                                            cataloguePath_,
+                                            state.currentBookName,
+                                            state.currentBookAcro,
+                                            tocCheck_.mstrBookFile(),
+                                            arguments.vstrProductName);
   if (platform_.files.folderExists(workingFolder_ + bookFolder_)) {
     const std::string folderBesideToc = workingFolder_ + bookFolder_;
     ignoringErrors([&] {

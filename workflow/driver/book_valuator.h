@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "resources/messages.h"
+#include "toc/book_place.h"
 #include "toc/toc_check.h"
 #include "workflow/forms/module.h"
 
@@ -89,6 +90,8 @@ class BookValuator {
   // Of the current run.
   std::string cataloguePath_;
   std::string tocPath_;
+  /// Where the table of contents says that the book belongs; a book file is asked elsewhere.
+  StatedPlace place_;
   std::string bookFolder_;
   /// Where the book XML file stands before it is copied: the folder of the table of contents, with
   /// its `\`, or the book's folder in it.
