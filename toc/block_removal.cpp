@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/runtime_error.h"
+
 namespace quorbind {
 
 namespace {
@@ -68,6 +70,10 @@ std::uint64_t powerOfBase(std::size_t exponent) {
     square = product(square, square);
   }
   return power;
+}
+
+std::uint32_t lowHalf(std::uint64_t hash) {
+  return static_cast<std::uint32_t>(hash);
 }
 
 }  // namespace
@@ -150,12 +156,12 @@ std::optional<BlockRemoval::Repetition> BlockRemoval::findRepetition() const {
     Time time = 0;
     const auto goesEarliest = [&](const TakenOut::Block& block) {
       const Time limit =
-          block.lastBefore(earliest ? earliest->time : std::numeric_limits<Time>::max());
+          takenOut_.lastBefore(earliest ? earliest->time : std::numeric_limits<Time>::max(), block);
       const Time newest = limit == 0 ? 0 : blanks.newestFrom(index, limit);
       if (newest >= limit || block.text != text) {
         return false;
       }
-      time = block.firstAfter(newest);
+      time = takenOut_.firstAfter(newest, block);
       return true;
     };
     const TakenOut::Block* block =
@@ -185,16 +191,27 @@ void BlockRemoval::replaceByBlank(std::size_t index, Time time) {
   }
 }
 
-BlockRemoval::Time BlockRemoval::TakenOut::Block::lastBefore(Time time) const {
+const std::vector<BlockRemoval::Time>& BlockRemoval::TakenOut::laterOf(const Block& block) const {
+  static const std::vector<Time> kNever;
+  const auto known = later_.find(block.first);
+  return known == later_.end() ? kNever : known->second;
+}
+
+BlockRemoval::Time BlockRemoval::TakenOut::lastBefore(Time time, const Block& block) const {
+  const std::vector<Time>& later = laterOf(block);
   const auto next = std::lower_bound(later.begin(), later.end(), time);
   if (next != later.begin()) {
     return *(next - 1);
   }
-  return first < time ? first : 0;
+  return block.first < time ? block.first : 0;
 }
 
-BlockRemoval::Time BlockRemoval::TakenOut::Block::firstAfter(Time time) const {
-  return first > time ? first : *std::upper_bound(later.begin(), later.end(), time);
+BlockRemoval::Time BlockRemoval::TakenOut::firstAfter(Time time, const Block& block) const {
+  if (block.first > time) {
+    return block.first;
+  }
+  const std::vector<Time>& later = laterOf(block);
+  return *std::upper_bound(later.begin(), later.end(), time);
 }
 
 template <typename Test>
@@ -205,8 +222,12 @@ const BlockRemoval::TakenOut::Block* BlockRemoval::TakenOut::find(Hash hash,
   if (slots_.empty()) {
     return nullptr;
   }
-  for (std::size_t slot = slotOf(hash); slots_[slot] != 0; slot = slotBehind(slot)) {
-    const Block& block = blocks_[slots_[slot] - 1];
+  const std::uint32_t half = lowHalf(hash);
+  for (std::size_t at = slotOf(half); slots_[at].block != Slot::kFree; at = slotBehind(at)) {
+    if (slots_[at].hash != half) {
+      continue;
+    }
+    const Block& block = blocks_[slots_[at].block];
     const bool isLikely =
         block.hash == hash && block.text.size() == size && block.startMarks == startMarks;
     if (isLikely && test(block)) {
@@ -221,37 +242,42 @@ void BlockRemoval::TakenOut::add(std::string_view text, Hash hash, std::size_t s
   const Block* known =
       find(hash, text.size(), startMarks, [&](const Block& block) { return block.text == text; });
   if (known != nullptr) {
-    blocks_[static_cast<std::size_t>(known - blocks_.data())].later.push_back(now_);
+    later_[known->first].push_back(now_);
     return;
   }
   addNew({.text = text, .startMarks = startMarks, .hash = hash, .first = now_});
 }
 
 void BlockRemoval::TakenOut::addNew(Block block) {
+  if (blocks_.size() >= Slot::kFree) {
+    raise(ErrorNumber::kOutOfMemory);
+  }
   const auto count = std::lower_bound(counts_.begin(), counts_.end(), block.startMarks);
   if (count == counts_.end() || *count != block.startMarks) {
     counts_.insert(count, block.startMarks);
   }
-  blocks_.push_back(std::move(block));
-  if (2 * blocks_.size() > slots_.size()) {
+  if (2 * blocks_.size() >= slots_.size()) {
     makeRoom();
-  } else {
-    takeSlot(blocks_.size() - 1);
   }
+  blocks_.push_back(block);
+  takeSlot({.block = static_cast<std::uint32_t>(blocks_.size() - 1), .hash = lowHalf(block.hash)});
 }
 
-void BlockRemoval::TakenOut::takeSlot(std::size_t index) {
-  std::size_t slot = slotOf(blocks_[index].hash);
-  while (slots_[slot] != 0) {
-    slot = slotBehind(slot);
+void BlockRemoval::TakenOut::takeSlot(const Slot& taken) {
+  std::size_t at = slotOf(taken.hash);
+  while (slots_[at].block != Slot::kFree) {
+    at = slotBehind(at);
   }
-  slots_[slot] = index + 1;
+  slots_[at] = taken;
 }
 
 void BlockRemoval::TakenOut::makeRoom() {
-  slots_.assign(std::max(2 * slots_.size(), kFewestSlots), 0);
-  for (std::size_t index = 0; index < blocks_.size(); ++index) {
-    takeSlot(index);
+  const std::vector<Slot> filled =
+      std::exchange(slots_, std::vector<Slot>(std::max(2 * slots_.size(), kFewestSlots)));
+  for (const Slot& slot : filled) {
+    if (slot.block != Slot::kFree) {
+      takeSlot(slot);
+    }
   }
 }
 

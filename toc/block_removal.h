@@ -27,6 +27,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace quorbind {
@@ -104,12 +105,6 @@ class BlockRemoval {
       std::size_t startMarks = 0;
       Hash hash = 0;
       Time first = 0;
-      std::vector<Time> later = {};
-
-      /// The last time before `time` that one was taken out; 0 for never.
-      [[nodiscard]] Time lastBefore(Time time) const;
-      /// The first time after `time`; there must be one.
-      [[nodiscard]] Time firstAfter(Time time) const;
     };
 
     /// How often something was taken out.
@@ -119,25 +114,40 @@ class BlockRemoval {
     /// The block of that hash, size and number of start marks that passes `test`, or null.
     template <typename Test>
     const Block* find(Hash hash, std::size_t size, std::size_t startMarks, Test test) const;
+    /// The last time before `time` that such a block was taken out; 0 for never.
+    [[nodiscard]] Time lastBefore(Time time, const Block& block) const;
+    /// The first time after `time`; there must be one.
+    [[nodiscard]] Time firstAfter(Time time, const Block& block) const;
     /// `text` has to stay.
     void add(std::string_view text, Hash hash, std::size_t startMarks);
 
    private:
-    [[nodiscard]] std::size_t slotOf(Hash hash) const {
-      return static_cast<std::size_t>(hash) & (slots_.size() - 1);
+    /// Which block, and the low half of its hash: others are told apart without a look at them.
+    struct Slot {
+      static constexpr std::uint32_t kFree = UINT32_MAX;
+      std::uint32_t block = kFree;
+      std::uint32_t hash = 0;
+    };
+
+    [[nodiscard]] std::size_t slotOf(std::uint32_t hash) const {
+      return hash & (slots_.size() - 1);
     }
     [[nodiscard]] std::size_t slotBehind(std::size_t slot) const {
       return (slot + 1) & (slots_.size() - 1);
     }
+    /// The times behind the first, in ascending order.
+    [[nodiscard]] const std::vector<Time>& laterOf(const Block& block) const;
     void addNew(Block block);
-    void takeSlot(std::size_t index);
+    void takeSlot(const Slot& taken);
     void makeRoom();
 
     Time now_ = 0;
     std::vector<Block> blocks_;
+    /// By the first time, of the few that came again.
+    std::unordered_map<Time, std::vector<Time>> later_;
     std::vector<std::size_t> counts_;
-    /// Indices into the blocks, from 1, or 0; a power of two of them, half of them free.
-    std::vector<std::size_t> slots_;
+    /// A power of two of them, half of them free.
+    std::vector<Slot> slots_;
   };
 
   /// The newest blank behind a mark, for marks that lie ever further back.
