@@ -9,6 +9,7 @@
 #include "cli/addition_outcome.h"
 #include "cli/book_flags.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/side_file_rules.h"
 #include "cli/text_list.h"
 #include "platform/abandoned.h"
@@ -94,7 +95,7 @@ ExitStatus Addition::addBook() {
   }
   requireOneNaming();
   requireFolderInLibrary();
-  requireNamesThatFit();
+  requireUsableNames();
   requireNamesInOwnLetters();
   if (run_.kind != TocCheck::kExcel) {
     requireRecordableLists();
@@ -196,11 +197,16 @@ void Addition::requireFolderInLibrary() const {
   }
 }
 
-void Addition::requireNamesThatFit() const {
+void Addition::requireUsableNames() const {
+  for (const std::string& name : run_.arguments.names) {
+    requireKeptText(name);
+  }
   for (const std::string& acronym : run_.arguments.acronyms) {
+    requireKeptText(acronym);
     requireNameThatFits(book_names::fileOf(acronym), "--acro");
   }
   if (run_.arguments.folder) {
+    requireKeptText(*run_.arguments.folder);
     requireNameThatFits(trimBlanks(*run_.arguments.folder), "--folder");
   }
 }

@@ -40,7 +40,7 @@ class Addition final : private QuorBookEvents {
   void requireNamesInOwnLetters();
   void requireOneNaming() const;
   void requireFolderInLibrary() const;
-  void requireNamesThatFit() const;
+  void requireUsableNames() const;
   [[nodiscard]] bool callComponent(const std::string& tocPath);
 
   AdditionRun run_;

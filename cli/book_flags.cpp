@@ -2,6 +2,7 @@
 
 #include "cli/catalogue_reader.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/taken_names.h"
 #include "platform/paths.h"
 #include "platform/text.h"
@@ -38,15 +39,20 @@ std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming) {
 
 void holdBookDialogTo(Wiring& wiring, const std::string& catalogue) {
   wiring.ui.holdFormsTo([&wiring, catalogue](const ModalForm& form) {
-    return form.name() != layout::kBookInfo.name ||
-           !tellTakenInOtherLetterCase(wiring,
-                                       readCatalogue(wiring.module.platform, catalogue),
-                                       form.boxText(kNameBox),
-                                       form.boxText(kAcronymBox));
+    if (form.name() != layout::kBookInfo.name) {
+      return true;
+    }
+    const std::string name = form.boxText(kNameBox);
+    const std::string acronym = form.boxText(kAcronymBox);
+    return !tellNotKept(wiring, name) && !tellNotKept(wiring, acronym) &&
+           !tellTakenInOtherLetterCase(
+               wiring, readCatalogue(wiring.module.platform, catalogue), name, acronym);
   });
 }
 
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
+  requireKeptText(naming.name.value_or(""));
+  requireKeptText(naming.acronym.value_or(""));
   judgeByDialog(wiring, [&](Module& scratch) {
     scratch.bookInfo.type(kNameBox, naming.name.value_or(""));
     scratch.bookInfo.type(kAcronymBox, naming.acronym.value_or(""));
@@ -55,6 +61,7 @@ void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
 }
 
 void requireUsableFolder(Wiring& wiring, const std::string& folder) {
+  requireKeptText(folder);
   const std::string name(trimBlanks(folder));
   judgeByDialog(wiring, [&](Module& scratch) {
     scratch.bookFolder.type(kFolderBox, name);

@@ -23,7 +23,7 @@ struct BookNaming {
 std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming);
 
 /// From now on the book dialog takes no name or acronym that a book of the catalogue has in another
-/// letter case. The component finds only the same letters.
+/// letter case, as the component finds only the same letters, and none that no file can hold.
 void holdBookDialogTo(Wiring& wiring, const std::string& catalogue);
 
 /// Name and acronym obey the rules of the book dialog, as far as they are given.

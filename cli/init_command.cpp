@@ -11,6 +11,7 @@
 #include "catalogue/names.h"
 #include "cli/failure.h"
 #include "cli/json_text.h"
+#include "cli/kept_text.h"
 #include "cli/paths.h"
 #include "cli/point_of_need.h"
 #include "cli/report.h"
@@ -40,6 +41,7 @@ class Initialisation {
         wiring_(wiring) {}
 
   void run() {
+    requireKeptText(library_);
     const auto selection = loadSelection();
     const bool isListed = selection && isInSelection(*selection);
     requireUsableDefaults();

@@ -9,6 +9,7 @@
 #include "cli/catalogue_reader.h"
 #include "cli/component_call.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/required_document.h"
 #include "cli/side_file_reader.h"
 #include "cli/side_file_rules.h"
@@ -75,6 +76,8 @@ class Installation {
       throw brokenRule(RuleText::kNoNameOfFile, {{"NAME", fileName_}});
     }
     requireNameThatFits(fileName_, "--file-name");
+    requireKeptText(fileName_);
+    requireKeptText(arguments_.type);
     const BookNaming& naming = arguments_.naming;
     if (naming.name || naming.acronym) {
       requireUsableNaming(change_.wiring(), naming);

@@ -9,6 +9,7 @@
 #include "cli/component_call.h"
 #include "cli/failure.h"
 #include "cli/json_text.h"
+#include "cli/kept_text.h"
 #include "cli/library_names.h"
 #include "cli/link_places.h"
 #include "cli/listing.h"
@@ -69,6 +70,9 @@ std::string addLink(LibraryChange& change, const AddLinkArguments& arguments) {
   const std::string& path = change.paths().linkIds;
   const auto books = readCatalogue(change.platform(), change.paths().catalogue);
   const ListedBook& book = requireBookWithAcronym(books, arguments.acronym, change.library());
+  for (const std::string& text : {arguments.identifier, arguments.fullLink, arguments.source}) {
+    requireKeptText(text);
+  }
   // It is looked up as it is handed over, and stored with its markup characters replaced.
   const std::string identifier =
       change.platform().toolset.createXmlTextRules()->ReplaceSpecCharToXMLChar(

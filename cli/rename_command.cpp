@@ -10,6 +10,7 @@
 #include "cli/catalogue_reader.h"
 #include "cli/component_call.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/required_document.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
@@ -94,6 +95,8 @@ class Renaming {
     if (trimBlanks(name_).empty() || trimBlanks(acronym_).empty()) {
       throw AlreadyTold(ExitStatus::kRefused);
     }
+    requireKeptText(name_);
+    requireKeptText(acronym_);
     requireNameThatFits(book_names::fileOf(acronym_), "--acro");
   }
 

@@ -8,6 +8,7 @@
 #include "cli/catalogue_reader.h"
 #include "cli/component_call.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/required_document.h"
 #include "cli/text_list.h"
 #include "platform/text.h"
@@ -45,6 +46,8 @@ class PropertiesChange {
     if (arguments_.folder) {
       requireUsableFolder(change_.wiring(), *arguments_.folder);
     }
+    requireKeptText(arguments_.link.value_or(""));
+    requireKeptText(arguments_.categories.value_or(""));
     if (arguments_.link && book_.fileType) {
       throw brokenRule(RuleText::kHoldsNoLink, {{"BOOK", titleOf(book_)}});
     }

@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/required_document.h"
 #include "cli/text_list.h"
 #include "platform/text.h"
-#include "platform/xml_writer.h"
 #include "sidefiles/keyword_rules.h"
 #include "sidefiles/names.h"
 #include "workflow/driver/run_lists.h"
@@ -17,17 +17,13 @@ namespace quorbind {
 
 namespace {
 
-bool fitsFile(std::string_view text) {
-  return xmlCharactersOnly(text) == text;
-}
-
 std::optional<UserMessage> findFault(const std::string& keyword) {
   if (auto fault = findKeywordFault(keyword)) {
     return std::move(fault->box);
   }
-  return fitsFile(keyword) ? std::nullopt
-                           : std::optional(criticalMessage(filledText(
-                                 text(RuleText::kKeywordNotKept), {{"KEYWORD", keyword}})));
+  return isKept(keyword) ? std::nullopt
+                         : std::optional(criticalMessage(filledText(text(RuleText::kKeywordNotKept),
+                                                                    {{"KEYWORD", keyword}})));
 }
 
 std::string categoryFault(RuleText rule, const std::string& name) {
@@ -41,7 +37,7 @@ Faults faultsOfCategories(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     if (contains(name, "'")) {
       faults.push_back(categoryFault(RuleText::kCategoryNotSought, name));
-    } else if (!fitsFile(name)) {
+    } else if (!isKept(name)) {
       faults.push_back(categoryFault(RuleText::kCategoryNotKept, name));
     }
   }
