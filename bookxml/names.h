@@ -43,10 +43,21 @@ inline std::string fileOf(std::string_view acronym) {
   return std::string(kFilePrefix).append(acronym).append(kFileExtension);
 }
 
-/// Whether a file of that name may be a book XML file. As with a table of contents, the extension
-/// counts wherever it stands, so that a `pumps.xml.bak` may be one.
-inline bool mayBeFile(std::string_view name) {
+/// Whether the name is that of an XML file. As with a table of contents, the extension counts
+/// wherever it stands, so that a `pumps.xml.bak` is one, and a page `pumps.xml.htm` as well.
+inline bool isXmlFile(std::string_view name) {
   return findIgnoringAsciiCase(name, kFileExtension) != std::string_view::npos;
+}
+
+/// Whether the name is that of a page.
+inline bool isPage(std::string_view name) {
+  const std::string upper = upperCaseAscii(name);
+  return upper.ends_with(".HTM") || upper.ends_with(".HTML");
+}
+
+/// Whether a file of that name may be a book XML file, which no page is.
+inline bool mayBeFile(std::string_view name) {
+  return isXmlFile(name) && !isPage(name);
 }
 
 }  // namespace quorbind::book_names

@@ -23,7 +23,7 @@ namespace quorbind {
 
 namespace {
 
-/// Files whose names hold this may have others that belong to them, as book files may.
+/// Files whose names hold this may have others that belong to them, as XML files may.
 constexpr std::string_view kPageMark = ".HTM";
 
 /// What the host says about the book.
@@ -150,7 +150,7 @@ class BookInstallation {
     const std::string folder = joinedPath(paths_.libraryFolder, acronym_);
     const std::string name = upperCaseAscii(fileNameOf(withBackslashes(document_)));
     std::unique_ptr<FileCopy> copy;
-    if (contains(name, kPageMark) || book_names::mayBeFile(name)) {
+    if (contains(name, kPageMark) || book_names::isXmlFile(name)) {
       copy = platform_.toolset.createFileCopy();
       copy->mbCopyFiles(folder, document_, 0, 0);
     }

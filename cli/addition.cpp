@@ -142,7 +142,7 @@ bool Addition::flagsAreAccepted() {
 /// The component finds a book that has the name or the acronym in the same letters only. In others
 /// it would write the new book's file over the older one's.
 void Addition::requireNamesInOwnLetters() {
-  holdBookDialogTo(run_.wiring, run_.library.catalogue);
+  holdDialogsTo(run_.wiring, run_.library.catalogue);
   if (formIsSpared(run_.arguments)) {
     run_.requireOwnLetters(
         run_.arguments.names.front(),
@@ -198,6 +198,7 @@ void Addition::requireFolderInLibrary() const {
 }
 
 void Addition::requireUsableNames() const {
+  requireKeptText(run_.arguments.category);
   for (const std::string& name : run_.arguments.names) {
     requireKeptText(name);
   }

@@ -37,10 +37,11 @@ std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming) {
           {form, std::string(kAcronymBox), "--acro", naming.acronym}};
 }
 
-void holdBookDialogTo(Wiring& wiring, const std::string& catalogue) {
+void holdDialogsTo(Wiring& wiring, const std::string& catalogue) {
   wiring.ui.holdFormsTo([&wiring, catalogue](const ModalForm& form) {
     if (form.name() != layout::kBookInfo.name) {
-      return true;
+      return form.name() != layout::kBookFolder.name ||
+             !tellNotKept(wiring, form.boxText(kFolderBox));
     }
     const std::string name = form.boxText(kNameBox);
     const std::string acronym = form.boxText(kAcronymBox);

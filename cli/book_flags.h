@@ -23,8 +23,9 @@ struct BookNaming {
 std::vector<PreparedAnswer> bookAnswers(const BookNaming& naming);
 
 /// From now on the book dialog takes no name or acronym that a book of the catalogue has in another
-/// letter case, as the component finds only the same letters, and none that no file can hold.
-void holdBookDialogTo(Wiring& wiring, const std::string& catalogue);
+/// letter case, as the component finds only the same letters; and no dialog takes what no file can
+/// hold.
+void holdDialogsTo(Wiring& wiring, const std::string& catalogue);
 
 /// Name and acronym obey the rules of the book dialog, as far as they are given.
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming);

@@ -93,7 +93,7 @@ class Installation {
     Module& module = change_.module();
     module.state.installationType = arguments_.installType;
     module.bookInfo.setFileNameLabel(document_);
-    holdBookDialogTo(change_.wiring(), change_.paths().catalogue);
+    holdDialogsTo(change_.wiring(), change_.paths().catalogue);
     const auto& boxes = change_.wiring().ui.shown();
     std::size_t boxesBefore = 0;
     do {

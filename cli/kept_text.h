@@ -13,6 +13,9 @@ namespace quorbind {
 /// Whether a file can hold every character of it.
 [[nodiscard]] bool isKept(std::string_view text);
 
+/// What is to be said of one that no file can hold.
+[[nodiscard]] std::string notKept(const std::string& typed);
+
 /// Tells the user of one that no file can hold. Answers whether there was something to tell.
 bool tellNotKept(Wiring& wiring, const std::string& typed);
 

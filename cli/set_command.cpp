@@ -47,7 +47,9 @@ class PropertiesChange {
       requireUsableFolder(change_.wiring(), *arguments_.folder);
     }
     requireKeptText(arguments_.link.value_or(""));
-    requireKeptText(arguments_.categories.value_or(""));
+    for (const std::string& category : splitList(arguments_.categories.value_or(""))) {
+      requireKeptText(category);
+    }
     if (arguments_.link && book_.fileType) {
       throw brokenRule(RuleText::kHoldsNoLink, {{"BOOK", titleOf(book_)}});
     }

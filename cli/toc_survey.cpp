@@ -40,7 +40,7 @@ class TextSurveyor final : public TextTocListener {
     refuse(line, violation, {.line = line.number});
   }
 
-  /// What the intermediate text form states that the first entry has in it.
+  /// The place that the first entry states when it is read by its marks, as the generator does.
   [[nodiscard]] const StatedPlace& placeByMarks() const { return placeByMarks_; }
 
  private:

@@ -10,6 +10,7 @@
 #include "bookxml/names.h"
 #include "cli/book_flags.h"
 #include "cli/failure.h"
+#include "cli/kept_text.h"
 #include "cli/taken_names.h"
 #include "platform/runtime_error.h"
 #include "platform/spreadsheets.h"
@@ -129,6 +130,7 @@ class WorkbookSurveyor {
   void surveyCategories(const CellPlace& cell,
                         const std::vector<std::string>& list,
                         SurveyedBook& book);
+  void requireKept(const CellPlace& cell, const std::string& value);
   void requireOwnNames(std::int32_t row, const SurveyedBook& book, bool isNamedByList);
 
   /// The levels of all books are looked at before the cells of each.
@@ -378,6 +380,8 @@ void WorkbookSurveyor::surveyKeywords(const CellPlace& cell, const SurveyedBook&
   for (const std::string& keyword : book.keywords) {
     if (const auto fault = findKeywordFault(trimBlanks(keyword))) {
       refuseOffering(cell, fault->box, keyword);
+    } else {
+      requireKept(cell, keyword);
     }
   }
 }
@@ -392,9 +396,16 @@ void WorkbookSurveyor::surveyCategories(const CellPlace& cell,
     if (contains(category, "'")) {
       refuseCell(cell, kCategoryNotSought, category);
     }
+    requireKept(cell, category);
     if (!category.empty()) {
       book.categories.push_back(category);
     }
+  }
+}
+
+void WorkbookSurveyor::requireKept(const CellPlace& cell, const std::string& value) {
+  if (!isKept(value)) {
+    refuseCell(cell, "Error:" + notKept(value), value);
   }
 }
 
@@ -403,11 +414,14 @@ void WorkbookSurveyor::requireOwnNames(std::int32_t row,
                                        bool isNamedByList) {
   const CellPlace nameCell = isNamedByList ? CellPlace{kBookSheet, row, kBookNameColumn}
                                            : CellPlace{kHeadingSheet, book.firstRow, kNameColumn};
+  const CellPlace acronymCell{kBookSheet, row, kBookAcroColumn};
+  requireKept(nameCell, book.name);
+  requireKept(acronymCell, book.acronym);
   if (const auto taken = taken_.takeName(book.name)) {
     refuse(nameCell, taken->box, ExitStatus::kRefused, book.nameText);
   }
   if (const auto taken = taken_.takeAcronym(book.acronym)) {
-    refuse({kBookSheet, row, kBookAcroColumn}, taken->box, ExitStatus::kRefused, book.acronymText);
+    refuse(acronymCell, taken->box, ExitStatus::kRefused, book.acronymText);
   }
 }
 

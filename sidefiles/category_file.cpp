@@ -28,8 +28,9 @@ bool CategoryFile::fileBook(std::string_view category, std::string_view acronym)
     if (category.empty()) {
       return false;
     }
-    addCategory(category);
-    appendAcronym(categories_.back(), acronym);
+    const XmlNode node = newCategory(category);
+    appendTextElement(document(), node, category_names::kBookAcro, acronym);
+    insert(node);
   } else if (!isFiled(category, std::string(acronym))) {
     appendAcronym(*first, acronym);
   }
@@ -49,14 +50,21 @@ void CategoryFile::addAcronyms(std::string_view category, std::span<const std::s
 }
 
 void CategoryFile::addCategory(std::string_view name) {
-  const Category* const others = firstNamed(category_names::kOther);
-  const XmlNode other = others == nullptr ? XmlNode() : others->node;
+  insert(newCategory(name));
+}
+
+XmlNode CategoryFile::newCategory(std::string_view name) {
   const XmlNode category = document().createElement(category_names::kCategory);
   appendTextElement(document(), category, category_names::kName, name);
-  const XmlNode set = document().select(category_names::kSet);
+  return category;
+}
+
+void CategoryFile::insert(const XmlNode& category) {
+  const Category* const others = firstNamed(category_names::kOther);
+  const XmlNode other = others == nullptr ? XmlNode() : others->node;
   indexed_ = false;
-  set.insertBefore(category, other);
   readCategory(category, nullptr);
+  document().select(category_names::kSet).insertBefore(category, other);
   indexed_ = true;
 }
 
@@ -152,9 +160,9 @@ bool CategoryFile::isFiled(std::string_view category, const std::string& acronym
 
 void CategoryFile::appendAcronym(Category& category, std::string_view acronym) {
   indexed_ = false;
-  appendTextElement(document(), category.node, category_names::kBookAcro, acronym);
   ++category.childCount;
   category.acronyms.add(xmlCharactersOnly(acronym));
+  appendTextElement(document(), category.node, category_names::kBookAcro, acronym);
   indexed_ = true;
 }
 

@@ -68,6 +68,9 @@ class CategoryFile final : public SideFile {
   void readCategories(const XmlNode& set, Texts* texts);
   void readCategory(const XmlNode& node, Texts* texts);
   void addName(std::string_view name, std::size_t category);
+  [[nodiscard]] XmlNode newCategory(std::string_view name);
+  /// Puts a new category in front of the one for all other books.
+  void insert(const XmlNode& category);
   /// The first category of that name, or null. Raises as requireCategoryName does.
   [[nodiscard]] Category* firstNamed(std::string_view name);
   /// Whether a book is filed under any of that name.

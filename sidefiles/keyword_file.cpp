@@ -125,9 +125,10 @@ void KeywordFile::enterBook(std::string_view keyword) {
   const XmlNode book = document().createElement(keyword_names::kBook);
   book.setAttribute(keyword_names::kBookName, bookName_);
   const XmlNode list = appendTextElement(document(), book, keyword_names::kKeywords, "");
+  appendTextElement(document(), list, keyword_names::kKeyword, keyword);
   document().select(keyword_names::kBooks).append(book);
   keywords_ = list;
-  append(keyword);
+  known_.reset();
 }
 
 void KeywordFile::rename(std::string_view old, std::string_view keyword) {
@@ -171,10 +172,11 @@ bool KeywordFile::has(std::string_view keyword) {
 
 const TextIndex& KeywordFile::known() {
   if (!known_) {
-    known_.emplace();
+    TextIndex all;
     for (const XmlNode& keyword : keywords_.selectAll(keyword_names::kKeyword)) {
-      known_->add(keyword.text());
+      all.add(keyword.text());
     }
+    known_ = std::move(all);
   }
   return *known_;
 }
@@ -198,11 +200,14 @@ std::string KeywordFile::keywordQuery() const {
   return listQuery().append("/").append(keyword_names::kKeyword);
 }
 
+// An error leaves no index rather than one that is out of step with the document.
 void KeywordFile::append(std::string_view keyword) {
-  appendTextElement(document(), keywords_, keyword_names::kKeyword, keyword);
-  if (known_) {
-    known_->add(xmlCharactersOnly(keyword));
+  auto known = std::exchange(known_, std::nullopt);
+  if (known) {
+    known->add(xmlCharactersOnly(keyword));
   }
+  appendTextElement(document(), keywords_, keyword_names::kKeyword, keyword);
+  known_ = std::move(known);
 }
 
 }  // namespace quorbind

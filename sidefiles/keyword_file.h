@@ -63,7 +63,7 @@ class KeywordFile final : public SideFile {
   bool lookedUp_ = false;
   /// Whether a keyword was looked for in that list.
   bool searched_ = false;
-  /// The list's keywords, from the second on that is looked for.
+  /// The list's keywords; made when a second one is looked for.
   std::optional<TextIndex> known_;
 };
 

@@ -123,15 +123,20 @@ void LinkIdentifierList::recordAlone(const LinkIdentifier& link) {
   if (file_) {
     file_->forget();
   }
+  // While a box is open, the host may do what changes the product.
   const std::string identifier(link.identifier);
+  const std::string fullLink(link.fullLink);
+  const std::string source(link.sourceFilePath);
+  const std::string project(link.projectName);
+  const std::string acronym(link.bookAcro);
   if (!CheckDuplicateLinkID(platform_, identifier)) {
     AddToLinkIDFile(platform_,
-                    linkFileOf(platform_.toolset, link.projectName),
+                    linkFileOf(platform_.toolset, project),
                     identifier,
-                    std::string(link.fullLink),
-                    std::string(link.sourceFilePath),
-                    std::string(link.projectName),
-                    std::string(link.bookAcro));
+                    fullLink,
+                    source,
+                    project,
+                    acronym);
   }
 }
 

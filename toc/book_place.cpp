@@ -1,7 +1,9 @@
 #include "toc/book_place.h"
 
+#include "platform/filled_text.h"
 #include "platform/paths.h"
 #include "platform/text.h"
+#include "platform/xml_writer.h"
 #include "resources/rule_texts.h"
 #include "toc/text_form.h"
 #include "workflow/forms/name_rules.h"
@@ -28,6 +30,9 @@ std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
                                                  std::string_view stated) {
   if (auto refusal = refusalOfFolder(folder)) {
     return refusal;
+  }
+  if (xmlCharactersOnly(folder) != folder) {
+    return filledText(text(RuleText::kTextNotKept), {{"TEXT", folder}});
   }
   // An empty folder is the library's own, unless the name begins with `\\` because it leads
   // elsewhere.

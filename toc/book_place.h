@@ -15,8 +15,8 @@ struct StatedPlace {
   std::size_t line = 0;
   /// The folder below the library's; empty for the library's own, nothing when none is stated.
   std::optional<std::string> folder;
-  /// Why the stated folder may not be used: it leads out of the library, or breaks the rules of the
-  /// folder dialog. Nothing may be written then.
+  /// Why the stated folder may not be used: it leads out of the library, breaks the rules of the
+  /// folder dialog, or would have another name in the catalogue. Nothing may be written then.
   std::optional<std::string> refusal;
 };
 

@@ -24,16 +24,10 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::array<std::string_view, 2> kPageExtensions{".HTM", ".HTML"};
 constexpr char kBookmark = '#';
 /// What a library and the server are known by.
 constexpr std::array<std::string_view, 2> kListFiles{catalogue_names::kFile,
                                                      server_names::kSelectionFile};
-
-bool isPage(std::string_view name) {
-  const std::string upper = upperCaseAscii(name);
-  return upper.ends_with(kPageExtensions[0]) || upper.ends_with(kPageExtensions[1]);
-}
 
 /// Picks the names of the documents out of a book XML file, each once, in their order. Another
 /// document has none.
@@ -99,7 +93,7 @@ class WatchedBytes final : public ByteReader {
 };
 
 /// Whether a file may be one of the library's own kind, which have to be whole at any moment, also
-/// when the machine goes down. No other is read for the names of documents.
+/// when the machine goes down. Of all files only these, and pages, are read.
 bool mayBeBookFile(std::string_view path) {
   return book_names::mayBeFile(fileNameOf(path));
 }
@@ -163,7 +157,7 @@ class DocumentCopy {
   };
 
   void addPage(const std::string& folder, const std::string& name) {
-    if (isPage(name)) {
+    if (book_names::isPage(name)) {
       pages_.push_back({folder, name});
     }
   }
@@ -336,7 +330,7 @@ void ReferenceFileCopy::copyWhatBelongsTo(const std::string& source,
   DocumentCopy documents(
       files_, *copies_, locale_, listings_, settled_, std::string(folderPartOf(target)));
   documents.add(folder, fileName);
-  if (mayBeBookFile(source) && !isPage(fileName)) {
+  if (mayBeBookFile(source)) {
     std::vector<std::string> folders{folder};
     if (hasTableAbove) {
       folders.emplace_back(folderPartOf(folderOf(folder)));

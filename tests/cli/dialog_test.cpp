@@ -131,6 +131,37 @@ TEST_F(Dialogs, AskForAFolderThatTheTableDoesNotName) {
   EXPECT_EQ(session.finish().status, 0);
 }
 
+TEST_F(Dialogs, AskAgainForWhatNoXmlFileCanHold) {
+  writeToc("\"1\" \"Book\" \"cover.htm\" \"\"\n");
+  TerminalSession session(addCommand());
+  const auto waitForRefusal = [&session](const std::string& text) {
+    session.waitFor("the text " + text + " can not be kept: ");
+  };
+  session.waitFor("Book Name: [Book] ");
+  session.typeLine(
+      "Al\x01"
+      "arms");
+  session.waitFor("Book Acro: ");
+  session.typeLine("ALM");
+  waitForRefusal("Al\\x01arms");
+  session.waitFor("Book Name: ");
+  session.typeLine("Alarms");
+  session.waitFor("Book Acro: ");
+  session.typeLine("A\x01M");
+  waitForRefusal("A\\x01M");
+  session.waitFor("Book Name: [Alarms] ");
+  session.typeLine("");
+  session.waitFor("Book Acro: ");
+  session.typeLine("ALM");
+  session.waitFor("Enter Book Folder\nBook Folder: ");
+  session.typeLine("Man\x01ual");
+  waitForRefusal("Man\\x01ual");
+  session.waitFor("Book Folder: ");
+  session.typeLine("Manual");
+  session.waitFor("Added Alarms (ALM) to Plant, folder Manual: 1 file.\n");
+  EXPECT_EQ(session.finish().status, 0);
+}
+
 TEST_F(Dialogs, TheEndOfInputCancelsAndNothingIsAdded) {
   const Tree before = disk.contents();
   TerminalSession session(addCommand());

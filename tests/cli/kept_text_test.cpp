@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/cli/library_subcommands.h"
 
@@ -39,6 +40,8 @@ const std::vector<Subcommand> kSubcommands{
      {"add", "toc.txt", "--name", "Pumps", "--acro", kNotKept, "--no-input"}},
     {"folder_of_an_addition",
      {"add", "toc.txt", "--name", "Pumps", "--acro", "PMP", "--folder", kNotKept, "--no-input"}},
+    {"category_of_an_addition",
+     {"add", "toc.txt", "--name", "Pumps", "--acro", "PMP", "--category", kNotKept, "--no-input"}},
     {"name_in_a_job_file", {"add", "--job", "job.toml"}},
     {"name_of_a_document",
      {"install", "in/plan.htm", "--name", kNotKept, "--acro", "PLN", "--type", "htm"}},
@@ -70,6 +73,29 @@ const std::vector<Subcommand> kSubcommands{
 };
 
 INSTANTIATE_TEST_SUITE_P(From, NotKept, ::testing::ValuesIn(kSubcommands), nameOf);
+
+class StatedFolder : public CompleteLibrary {};
+
+TEST_P(StatedFolder, ThatIsNotKeptIsRefusedWithTheTable) {
+  disk.write("toc.txt",
+             std::string(kHeader) + "\r\n\r\n\"1\" \"Pumps\" \"" + kNotKept + "\\g.htm\" \"\"\r\n");
+  disk.write("toc.htm", std::string("<K1><A HREF=\"") + kNotKept + "/g.htm\">Pumps</A></K1>");
+  const Tree before = disk.contents();
+  const Outcome outcome =
+      quorbind(GetParam().words.front() == "check" ? GetParam().words : words());
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, StartsWith(kRefusal));
+  EXPECT_EQ(disk.contents(), before);
+}
+
+const std::vector<Subcommand> kTables{
+    {"add_text", {"add", "toc.txt", "--name", "Pumps", "--acro", "PMP", "--no-input"}},
+    {"add_page", {"add", "toc.htm", "--name", "Pumps", "--acro", "PMP", "--no-input"}},
+    {"check_text", {"check", "toc.txt"}},
+    {"check_page", {"check", "toc.htm"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(In, StatedFolder, ::testing::ValuesIn(kTables), nameOf);
 
 class NewLibrary : public CommandTest {};
 

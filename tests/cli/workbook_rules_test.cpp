@@ -282,6 +282,19 @@ TEST_P(WorkbookRules, EveryKeywordThatBreaksARule) {
                 "at BOOKS: sheet 2, row 3, column 3\n");
 }
 
+TEST_P(PackedWorkbookRules, TextsThatNoXmlFileCanHold) {
+  write(kHeadings, {{"La_x0001_the", "L_x0001_T", "a_x0001_b", "Mach_x0001_ines"}, {"Saw", "SAW"}});
+  const auto notKept = [](const std::string& text, const std::string& column) {
+    return refusalOfCell("Row: 3 Column:" + column + "\nError:the text " + text +
+                             " can not be kept: it holds a character that no XML file can hold",
+                         text,
+                         "sheet 2, row 3, column " + column);
+  };
+  expectRefused(1,
+                notKept("La\\x01the", "1") + notKept("L\\x01T", "2") + notKept("a\\x01b", "3") +
+                    notKept("Mach\\x01ines", "4"));
+}
+
 TEST_P(WorkbookRules, LinkIdentifiersWithoutAListOfBooks) {
   write({headingSheet(kHeadings)});
   expectRefused(

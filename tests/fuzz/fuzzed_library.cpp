@@ -54,7 +54,8 @@ void FuzzedLibrary::claimIsWhole(std::string_view damaged) {
     claim(!isNew || isBelow(name, "in/") || isBelow(name, "Docs/Plant/"),
           "nothing is written beside the input and the library");
     const bool isOld = !isNew && before->second == bytes;
-    if (name.ends_with(".xml") && !isOld && bytes != damaged) {
+    const bool isFile = files().fileExists(componentPath(name));
+    if (isFile && name.ends_with(".xml") && !isOld && bytes != damaged) {
       claimLoads(*document, componentPath(name));
     }
   }

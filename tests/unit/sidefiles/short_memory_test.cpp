@@ -4,7 +4,10 @@
 #include "tests/support/short_memory.h"
 
 #include "sidefiles/acronym_list.h"
+#include "sidefiles/category_file.h"
+#include "sidefiles/keyword_file.h"
 #include "sidefiles/link_file.h"
+#include "tests/support/keyword_text.h"
 #include "tests/unit/sidefiles/link_text.h"
 #include "tests/unit/sidefiles/side_file_test.h"
 
@@ -88,6 +91,77 @@ TEST_F(LinkFileInShortMemory, HasNothingOfAnEntryThatCouldNotBeMade) {
         ASSERT_EQ(textOf("links.xml"), after);
       });
   EXPECT_GT(refusals, 5U);
+}
+
+class CategoryFileInShortMemory : public SideFileTest {
+ protected:
+  /// Files the book B, first with too little memory: nothing of that is there, and then it is
+  /// filed.
+  void expectAllOrNothing(const std::string& name, const std::string& after) {
+    const std::string before = categoriesWith(category("Old", {"A"}));
+    std::optional<CategoryFile> file;
+    const auto refusals = refusingEachAllocation(
+        [&] {
+          world_.disk.write("categories.xml", before);
+          file.emplace(platform(), "C:\\categories.xml");
+          ASSERT_TRUE(file->load());
+        },
+        [&] { file->fileBook(name, "B"); },
+        [&] {
+          file->save();
+          ASSERT_EQ(textOf("categories.xml"), before);
+          EXPECT_TRUE(file->fileBook(name, "B"));
+          file->save();
+          ASSERT_EQ(textOf("categories.xml"), after);
+        });
+    EXPECT_GT(refusals, 5U);
+  }
+};
+
+TEST_F(CategoryFileInShortMemory, HasNothingOfACategoryThatCouldNotBeMade) {
+  expectAllOrNothing("New", categoriesWith(category("Old", {"A"}) + category("New", {"B"})));
+}
+
+TEST_F(CategoryFileInShortMemory, HasNothingOfABookThatCouldNotBeFiled) {
+  expectAllOrNothing("Old", categoriesWith(category("Old", {"A", "B"})));
+}
+
+class KeywordFileInShortMemory : public SideFileTest {
+ protected:
+  /// Adds a keyword behind another, first with too little memory: nothing of that is there, and
+  /// then it is added once.
+  void expectAllOrNothing(const std::string& book, const std::string& after) {
+    const std::string before = keywordsWith(keywordsOf("Alarms", {"bell"}));
+    std::optional<KeywordFile> file;
+    const auto refusals = refusingEachAllocation(
+        [&] {
+          world_.disk.write("keywords.xml", before);
+          file.emplace(platform(), "C:\\keywords.xml", book);
+          ASSERT_TRUE(file->load());
+          if (book == "Alarms") {
+            ASSERT_FALSE(file->add("bell"));
+          }
+        },
+        [&] { file->add("horn"); },
+        [&] {
+          file->save();
+          ASSERT_EQ(textOf("keywords.xml"), before);
+          EXPECT_TRUE(file->add("horn"));
+          EXPECT_FALSE(file->add("horn"));
+          file->save();
+          ASSERT_EQ(textOf("keywords.xml"), after);
+        });
+    EXPECT_GT(refusals, 5U);
+  }
+};
+
+TEST_F(KeywordFileInShortMemory, HasNothingOfABookThatCouldNotBeEntered) {
+  expectAllOrNothing("Pumps",
+                     keywordsWith(keywordsOf("Alarms", {"bell"}) + keywordsOf("Pumps", {"horn"})));
+}
+
+TEST_F(KeywordFileInShortMemory, HasNothingOfAKeywordThatCouldNotBeAdded) {
+  expectAllOrNothing("Alarms", keywordsWith(keywordsOf("Alarms", {"bell", "horn"})));
 }
 
 }  // namespace

@@ -188,13 +188,13 @@ TEST_F(AddBookFile, PutsNothingThatADocumentLinksToInThePlaceOfOneThatIsThere) {
 }
 
 TEST_F(AddBookFile, TreatsAPageThatIsABookFileInTruthAsAPage) {
-  world_.disk.write("in/a.htm",
+  world_.disk.write("in/a.xml.htm",
                     "<Book_Master><HName src='p.png'/><HFile>c.htm</HFile></Book_Master>");
-  world_.disk.write("in/b.htm", "page <a href=a.htm>");
+  world_.disk.write("in/b.htm", "page <a href=a.xml.htm>");
   world_.disk.write("in/c.htm", "page");
-  writeBook("Pumps", "PMP", "P\\Manual", heading("b.htm") + heading("a.htm"));
+  writeBook("Pumps", "PMP", "P\\Manual", heading("b.htm") + heading("a.xml.htm"));
   EXPECT_TRUE(run());
-  EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/a.htm"));
+  EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/a.xml.htm"));
   EXPECT_TRUE(world_.disk.has("Docs/Prod/Manual/p.png"));
   EXPECT_FALSE(world_.disk.has("Docs/Prod/Manual/c.htm"));
 }
