@@ -93,75 +93,76 @@ TEST_F(LinkFileInShortMemory, HasNothingOfAnEntryThatCouldNotBeMade) {
   EXPECT_GT(refusals, 5U);
 }
 
-class CategoryFileInShortMemory : public SideFileTest {
+class SideFileInShortMemory : public SideFileTest {
  protected:
-  /// Files the book B, first with too little memory: nothing of that is there, and then it is
-  /// filed.
-  void expectAllOrNothing(const std::string& name, const std::string& after) {
-    const std::string before = categoriesWith(category("Old", {"A"}));
-    std::optional<CategoryFile> file;
+  /// Changes the file, first with too little memory: nothing of that is there, and then it is done.
+  template <typename Load, typename Change>
+  void expectAllOrNothing(const std::string& before,
+                          const std::string& after,
+                          Load&& load,
+                          Change&& change) {
+    const auto textAfterSave = [&](auto& file) {
+      file.save();
+      return textOf("side.xml");
+    };
+    decltype(load()) file;
     const auto refusals = refusingEachAllocation(
         [&] {
-          world_.disk.write("categories.xml", before);
-          file.emplace(platform(), "C:\\categories.xml");
-          ASSERT_TRUE(file->load());
+          world_.disk.write("side.xml", before);
+          file = load();
         },
-        [&] { file->fileBook(name, "B"); },
+        [&] { change(*file); },
         [&] {
-          file->save();
-          ASSERT_EQ(textOf("categories.xml"), before);
-          EXPECT_TRUE(file->fileBook(name, "B"));
-          file->save();
-          ASSERT_EQ(textOf("categories.xml"), after);
+          ASSERT_EQ(textAfterSave(*file), before);
+          EXPECT_TRUE(change(*file));
+          ASSERT_EQ(textAfterSave(*file), after);
         });
     EXPECT_GT(refusals, 5U);
   }
-};
 
-TEST_F(CategoryFileInShortMemory, HasNothingOfACategoryThatCouldNotBeMade) {
-  expectAllOrNothing("New", categoriesWith(category("Old", {"A"}) + category("New", {"B"})));
-}
-
-TEST_F(CategoryFileInShortMemory, HasNothingOfABookThatCouldNotBeFiled) {
-  expectAllOrNothing("Old", categoriesWith(category("Old", {"A", "B"})));
-}
-
-class KeywordFileInShortMemory : public SideFileTest {
- protected:
-  /// Adds a keyword behind another, first with too little memory: nothing of that is there, and
-  /// then it is added once.
-  void expectAllOrNothing(const std::string& book, const std::string& after) {
-    const std::string before = keywordsWith(keywordsOf("Alarms", {"bell"}));
-    std::optional<KeywordFile> file;
-    const auto refusals = refusingEachAllocation(
-        [&] {
-          world_.disk.write("keywords.xml", before);
-          file.emplace(platform(), "C:\\keywords.xml", book);
-          ASSERT_TRUE(file->load());
-          if (book == "Alarms") {
-            ASSERT_FALSE(file->add("bell"));
-          }
+  void expectFiledOrNot(const std::string& name, const std::string& after) {
+    expectAllOrNothing(
+        categoriesWith(category("Old", {"A"})),
+        after,
+        [this] {
+          auto file = std::make_unique<CategoryFile>(platform(), "C:\\side.xml");
+          EXPECT_TRUE(file->load());
+          return file;
         },
-        [&] { file->add("horn"); },
+        [&](CategoryFile& file) { return file.fileBook(name, "B"); });
+  }
+
+  /// The first keyword that is looked for makes no index of the others; this one would be the
+  /// second, where the book is there.
+  void expectAddedOrNot(const std::string& book, const std::string& after) {
+    expectAllOrNothing(
+        keywordsWith(keywordsOf("Alarms", {"bell"})),
+        after,
         [&] {
-          file->save();
-          ASSERT_EQ(textOf("keywords.xml"), before);
-          EXPECT_TRUE(file->add("horn"));
-          EXPECT_FALSE(file->add("horn"));
-          file->save();
-          ASSERT_EQ(textOf("keywords.xml"), after);
-        });
-    EXPECT_GT(refusals, 5U);
+          auto file = std::make_unique<KeywordFile>(platform(), "C:\\side.xml", book);
+          EXPECT_TRUE(file->load());
+          EXPECT_FALSE(book == "Alarms" && file->add("bell"));
+          return file;
+        },
+        [](KeywordFile& file) { return file.add("horn"); });
   }
 };
 
-TEST_F(KeywordFileInShortMemory, HasNothingOfABookThatCouldNotBeEntered) {
-  expectAllOrNothing("Pumps",
-                     keywordsWith(keywordsOf("Alarms", {"bell"}) + keywordsOf("Pumps", {"horn"})));
+TEST_F(SideFileInShortMemory, HasNothingOfACategoryThatCouldNotBeMade) {
+  expectFiledOrNot("New", categoriesWith(category("Old", {"A"}) + category("New", {"B"})));
 }
 
-TEST_F(KeywordFileInShortMemory, HasNothingOfAKeywordThatCouldNotBeAdded) {
-  expectAllOrNothing("Alarms", keywordsWith(keywordsOf("Alarms", {"bell", "horn"})));
+TEST_F(SideFileInShortMemory, HasNothingOfABookThatCouldNotBeFiled) {
+  expectFiledOrNot("Old", categoriesWith(category("Old", {"A", "B"})));
+}
+
+TEST_F(SideFileInShortMemory, HasNothingOfABookThatCouldNotBeEntered) {
+  expectAddedOrNot("Pumps",
+                   keywordsWith(keywordsOf("Alarms", {"bell"}) + keywordsOf("Pumps", {"horn"})));
+}
+
+TEST_F(SideFileInShortMemory, HasNothingOfAKeywordThatCouldNotBeAdded) {
+  expectAddedOrNot("Alarms", keywordsWith(keywordsOf("Alarms", {"bell", "horn"})));
 }
 
 }  // namespace
