@@ -54,7 +54,7 @@ void CategoryFile::addCategory(std::string_view name) {
 }
 
 XmlNode CategoryFile::newCategory(std::string_view name) {
-  const XmlNode category = document().createElement(category_names::kCategory);
+  XmlNode category = document().createElement(category_names::kCategory);
   appendTextElement(document(), category, category_names::kName, name);
   return category;
 }
