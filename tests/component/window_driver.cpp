@@ -31,17 +31,23 @@ constexpr DWORD kTimeToReachTheScreenInMilliseconds = 300;
 constexpr std::string_view kDialogClass = "#32770";
 constexpr int kLongestText = 4096;
 
-std::string textOf(HWND window) {
-  std::wstring text(kLongestText, L'\0');
-  DWORD_PTR length = 0;
+/// What a window answers to a message; 0 when its thread reads none any more, as one that waits for
+/// the driver to end.
+DWORD_PTR answerOf(HWND window, UINT message, WPARAM first = 0, LPARAM second = 0) {
+  DWORD_PTR answer = 0;
   ::SendMessageTimeoutW(window,
-                        WM_GETTEXT,
-                        text.size(),
-                        reinterpret_cast<LPARAM>(text.data()),
+                        message,
+                        first,
+                        second,
                         SMTO_NORMAL,
                         static_cast<UINT>(std::chrono::milliseconds(kPatience).count()),
-                        &length);
-  text.resize(length);
+                        &answer);
+  return answer;
+}
+
+std::string textOf(HWND window) {
+  std::wstring text(kLongestText, L'\0');
+  text.resize(answerOf(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data())));
   return toUtf8(text);
 }
 
@@ -113,7 +119,7 @@ const FormLayout* layoutWithCaption(const std::string& caption) {
 }
 
 std::string fontOf(HWND control) {
-  const auto font = reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+  const auto font = reinterpret_cast<HFONT>(answerOf(control, WM_GETFONT));
   LOGFONTW description{};
   ::GetObjectW(font, sizeof(description), &description);
   return toUtf8(description.lfFaceName);
@@ -132,8 +138,8 @@ bool isBar(HWND control) {
 }
 
 std::string fillingOf(HWND bar) {
-  const auto position = ::SendMessageW(bar, PBM_GETPOS, 0, 0);
-  const auto maximum = ::SendMessageW(bar, PBM_GETRANGE, FALSE, 0);
+  const auto position = answerOf(bar, PBM_GETPOS);
+  const auto maximum = answerOf(bar, PBM_GETRANGE, FALSE);
   return std::to_string(position) + '/' + std::to_string(maximum);
 }
 
@@ -301,7 +307,7 @@ std::string ScreenWindow::messageIcon() const {
     if (!isIcon(child)) {
       continue;
     }
-    const auto icon = reinterpret_cast<HICON>(::SendMessageW(child, STM_GETICON, 0, 0));
+    const auto icon = reinterpret_cast<HICON>(answerOf(child, STM_GETICON));
     if (icon == ::LoadIconW(nullptr, IDI_ERROR)) {
       return "critical";
     }
@@ -371,7 +377,7 @@ void ScreenWindow::clickCloseBox() const {
   const RECT area = frame();
   const LONG y = area.top + ::GetSystemMetrics(SM_CYFRAME) + ::GetSystemMetrics(SM_CYCAPTION) / 2;
   const LONG x = area.right - ::GetSystemMetrics(SM_CXFRAME) - ::GetSystemMetrics(SM_CXSIZE) / 2;
-  if (::SendMessageW(window_, WM_NCHITTEST, 0, MAKELPARAM(x, y)) != HTCLOSE) {
+  if (answerOf(window_, WM_NCHITTEST, 0, MAKELPARAM(x, y)) != HTCLOSE) {
     throw std::runtime_error("no close box on \"" + caption() + '"');
   }
   clickAt({x, y});
