@@ -52,11 +52,13 @@ void holdDialogsTo(Wiring& wiring, const std::string& catalogue) {
 }
 
 void requireUsableNaming(Wiring& wiring, const BookNaming& naming) {
-  requireKeptText(naming.name.value_or(""));
-  requireKeptText(naming.acronym.value_or(""));
+  const std::string name = naming.name.value_or("");
+  const std::string acronym = naming.acronym.value_or("");
+  requireKeptText(name);
+  requireKeptText(acronym);
   judgeByDialog(wiring, [&](Module& scratch) {
-    scratch.bookInfo.type(kNameBox, naming.name.value_or(""));
-    scratch.bookInfo.type(kAcronymBox, naming.acronym.value_or(""));
+    scratch.bookInfo.type(kNameBox, name);
+    scratch.bookInfo.type(kAcronymBox, acronym);
     scratch.bookInfo.click(kOkButton);
   });
 }

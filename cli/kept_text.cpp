@@ -1,29 +1,21 @@
 #include "cli/kept_text.h"
 
 #include "cli/failure.h"
-#include "platform/xml_writer.h"
+#include "workflow/forms/name_rules.h"
 
 namespace quorbind {
 
-bool isKept(std::string_view text) {
-  return xmlCharactersOnly(text) == text;
-}
-
-std::string notKept(const std::string& typed) {
-  return filledText(text(RuleText::kTextNotKept), {{"TEXT", typed}});
-}
-
 bool tellNotKept(Wiring& wiring, const std::string& typed) {
-  if (isKept(typed)) {
-    return false;
+  const auto refusal = refusalOfCharacters(typed);
+  if (refusal) {
+    wiring.ui.show(criticalMessage(*refusal));
   }
-  wiring.ui.show(criticalMessage(notKept(typed)));
-  return true;
+  return refusal.has_value();
 }
 
 void requireKeptText(const std::string& typed) {
-  if (!isKept(typed)) {
-    throw CommandFailure(ExitStatus::kRefused, notKept(typed));
+  if (const auto refusal = refusalOfCharacters(typed)) {
+    throw CommandFailure(ExitStatus::kRefused, *refusal);
   }
 }
 

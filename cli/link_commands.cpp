@@ -70,9 +70,9 @@ std::string addLink(LibraryChange& change, const AddLinkArguments& arguments) {
   const std::string& path = change.paths().linkIds;
   const auto books = readCatalogue(change.platform(), change.paths().catalogue);
   const ListedBook& book = requireBookWithAcronym(books, arguments.acronym, change.library());
-  for (const std::string& text : {arguments.identifier, arguments.fullLink, arguments.source}) {
-    requireKeptText(text);
-  }
+  requireKeptText(arguments.identifier);
+  requireKeptText(arguments.fullLink);
+  requireKeptText(arguments.source);
   // It is looked up as it is handed over, and stored with its markup characters replaced.
   const std::string identifier =
       change.platform().toolset.createXmlTextRules()->ReplaceSpecCharToXMLChar(

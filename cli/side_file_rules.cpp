@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "cli/failure.h"
-#include "cli/kept_text.h"
 #include "cli/required_document.h"
 #include "cli/text_list.h"
 #include "platform/text.h"
+#include "platform/xml_writer.h"
 #include "sidefiles/keyword_rules.h"
 #include "sidefiles/names.h"
 #include "workflow/driver/run_lists.h"
@@ -21,9 +21,10 @@ std::optional<UserMessage> findFault(const std::string& keyword) {
   if (auto fault = findKeywordFault(keyword)) {
     return std::move(fault->box);
   }
-  return isKept(keyword) ? std::nullopt
-                         : std::optional(criticalMessage(filledText(text(RuleText::kKeywordNotKept),
-                                                                    {{"KEYWORD", keyword}})));
+  if (isXmlCharactersOnly(keyword)) {
+    return std::nullopt;
+  }
+  return criticalMessage(filledText(text(RuleText::kKeywordNotKept), {{"KEYWORD", keyword}}));
 }
 
 std::string categoryFault(RuleText rule, const std::string& name) {
@@ -37,7 +38,7 @@ Faults faultsOfCategories(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     if (contains(name, "'")) {
       faults.push_back(categoryFault(RuleText::kCategoryNotSought, name));
-    } else if (!isKept(name)) {
+    } else if (!isXmlCharactersOnly(name)) {
       faults.push_back(categoryFault(RuleText::kCategoryNotKept, name));
     }
   }

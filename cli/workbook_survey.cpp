@@ -10,7 +10,6 @@
 #include "bookxml/names.h"
 #include "cli/book_flags.h"
 #include "cli/failure.h"
-#include "cli/kept_text.h"
 #include "cli/taken_names.h"
 #include "platform/runtime_error.h"
 #include "platform/spreadsheets.h"
@@ -404,8 +403,8 @@ void WorkbookSurveyor::surveyCategories(const CellPlace& cell,
 }
 
 void WorkbookSurveyor::requireKept(const CellPlace& cell, const std::string& value) {
-  if (!isKept(value)) {
-    refuseCell(cell, "Error:" + notKept(value), value);
+  if (const auto refusal = refusalOfCharacters(value)) {
+    refuseCell(cell, "Error:" + *refusal, value);
   }
 }
 

@@ -23,28 +23,32 @@ std::string categoryQuery(std::string_view name) {
 }
 
 bool CategoryFile::fileBook(std::string_view category, std::string_view acronym) {
-  Category* const first = firstNamed(category);
-  if (first == nullptr) {
+  const std::size_t first = firstNamed(category);
+  if (first == Named::kNone) {
     if (category.empty()) {
       return false;
     }
     const XmlNode node = newCategory(category);
     appendTextElement(document(), node, category_names::kBookAcro, acronym);
     insert(node);
-  } else if (!isFiled(category, std::string(acronym))) {
-    appendAcronym(*first, acronym);
+  } else if (!isFiledFrom(first, std::string(acronym))) {
+    appendAcronym(categoryAt(first), acronym);
   }
   return true;
 }
 
 void CategoryFile::addAcronyms(std::string_view category, std::span<const std::string> acronyms) {
-  Category* const target = firstNamed(category);
-  if (target == nullptr || (target->childCount > 1 && target->acronyms.empty())) {
+  const std::size_t first = firstNamed(category);
+  if (first == Named::kNone) {
+    return;
+  }
+  Category& target = categoryAt(first);
+  if (target.childCount > 1 && target.acronyms.empty()) {
     return;
   }
   for (const std::string& acronym : acronyms) {
-    if (!target->acronyms.has(acronym)) {
-      appendAcronym(*target, acronym);
+    if (!target.acronyms.has(acronym)) {
+      appendAcronym(target, acronym);
     }
   }
 }
@@ -60,8 +64,8 @@ XmlNode CategoryFile::newCategory(std::string_view name) {
 }
 
 void CategoryFile::insert(const XmlNode& category) {
-  const Category* const others = firstNamed(category_names::kOther);
-  const XmlNode other = others == nullptr ? XmlNode() : others->node;
+  const std::size_t others = firstNamed(category_names::kOther);
+  const XmlNode other = others == Named::kNone ? XmlNode() : categoryAt(others).node;
   indexed_ = false;
   readCategory(category, nullptr);
   document().select(category_names::kSet).insertBefore(category, other);
@@ -69,7 +73,7 @@ void CategoryFile::insert(const XmlNode& category) {
 }
 
 bool CategoryFile::has(std::string_view category) {
-  return firstNamed(category) != nullptr;
+  return firstNamed(category) != Named::kNone;
 }
 
 CategoryFile::Texts CategoryFile::textsInCategories() {
@@ -140,18 +144,16 @@ void CategoryFile::addName(std::string_view name, std::size_t category) {
   }
 }
 
-CategoryFile::Category* CategoryFile::firstNamed(std::string_view name) {
+std::size_t CategoryFile::firstNamed(std::string_view name) {
   requireCategoryName(name);
   requireIndex();
   const auto number = names_.find(name);
-  return number ? &categories_[named_[alike_[*number].first].category] : nullptr;
+  return number ? alike_[*number].first : Named::kNone;
 }
 
-bool CategoryFile::isFiled(std::string_view category, const std::string& acronym) {
-  const auto number = names_.find(category);
-  for (std::size_t place = number ? alike_[*number].first : Named::kNone; place != Named::kNone;
-       place = named_[place].next) {
-    if (categories_[named_[place].category].acronyms.has(acronym)) {
+bool CategoryFile::isFiledFrom(std::size_t place, const std::string& acronym) {
+  for (; place != Named::kNone; place = named_[place].next) {
+    if (categoryAt(place).acronyms.has(acronym)) {
       return true;
     }
   }

@@ -71,10 +71,14 @@ class CategoryFile final : public SideFile {
   [[nodiscard]] XmlNode newCategory(std::string_view name);
   /// Puts a new category in front of the one for all other books.
   void insert(const XmlNode& category);
-  /// The first category of that name, or null. Raises as requireCategoryName does.
-  [[nodiscard]] Category* firstNamed(std::string_view name);
-  /// Whether a book is filed under any of that name.
-  [[nodiscard]] bool isFiled(std::string_view category, const std::string& acronym);
+  /// The place in `named_` of the first category of that name, or none. Raises as
+  /// requireCategoryName does.
+  [[nodiscard]] std::size_t firstNamed(std::string_view name);
+  [[nodiscard]] Category& categoryAt(std::size_t place) {
+    return categories_[named_[place].category];
+  }
+  /// Whether a book is filed under the category at that place, or a later one of the same name.
+  [[nodiscard]] bool isFiledFrom(std::size_t place, const std::string& acronym);
   void appendAcronym(Category& category, std::string_view acronym);
 
   std::vector<Category> categories_;

@@ -1,9 +1,7 @@
 #include "toc/book_place.h"
 
-#include "platform/filled_text.h"
 #include "platform/paths.h"
 #include "platform/text.h"
-#include "platform/xml_writer.h"
 #include "resources/rule_texts.h"
 #include "toc/text_form.h"
 #include "workflow/forms/name_rules.h"
@@ -31,8 +29,8 @@ std::optional<std::string> refusalOfStatedFolder(const std::string& folder,
   if (auto refusal = refusalOfFolder(folder)) {
     return refusal;
   }
-  if (xmlCharactersOnly(folder) != folder) {
-    return filledText(text(RuleText::kTextNotKept), {{"TEXT", folder}});
+  if (auto refusal = refusalOfCharacters(folder)) {
+    return refusal;
   }
   // An empty folder is the library's own, unless the name begins with `\\` because it leads
   // elsewhere.

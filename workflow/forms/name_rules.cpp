@@ -1,7 +1,10 @@
 #include "workflow/forms/name_rules.h"
 
+#include "platform/filled_text.h"
 #include "platform/text.h"
+#include "platform/xml_writer.h"
 #include "resources/messages.h"
+#include "resources/rule_texts.h"
 
 namespace quorbind {
 
@@ -43,6 +46,13 @@ std::optional<std::string> refusalOfFolder(std::string_view folder) {
   }
   if (containsAnyOf(folder, kMarkupCharacters)) {
     return Message::kBookFolderCanNotContain + inParentheses(kMarkupCharacters);
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> refusalOfCharacters(std::string_view text) {
+  if (!isXmlCharactersOnly(text)) {
+    return filledText(quorbind::text(RuleText::kTextNotKept), {{"TEXT", std::string(text)}});
   }
   return std::nullopt;
 }
