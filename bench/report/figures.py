@@ -15,6 +15,10 @@ class Time(NamedTuple):
     peak: int = 0
 
 
+def quickest(times):
+    return Time(*map(min, zip(*times)))
+
+
 class Bound(NamedTuple):
     text: str
     limit: float
@@ -447,6 +451,22 @@ def memory_text(figures):
 def start_of(figures):
     """By how many milliseconds the command's start takes longer than that of an empty program."""
     return figures[START_RUN, 1].elapsed - figures[EMPTY_RUN, 1].elapsed
+
+
+def doubtful(figures):
+    """Name and size of every figure by which a row of the tables seems to break a bound. Figures of
+    few runs scatter by as much as some bounds leave."""
+    for table in TABLES:
+        for each in measured_rows(figures, table.rows, table.sizes):
+            sizes = ([each.size_before, each.size] if each.is_over_growth else
+                     [each.size] if each.is_over_ratio else [])
+            yield from ((name, size) for name in (each.row.measured, *each.row.floor)
+                        for size in sizes)
+
+
+def quicker(figures, others):
+    """The figures, and of those that are among the others as well the quicker ones."""
+    return {key: quickest([time, others.get(key, time)]) for key, time in figures.items()}
 
 
 class Kept(NamedTuple):

@@ -7,7 +7,7 @@ import sys
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time
+from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time, quickest
 
 LIBRARY = "Plant"
 # Of the documents of a text, beside it.
@@ -28,10 +28,6 @@ def repetitions(added, size):
     counts = (REPETITIONS_OF_SMALL_BOOKS if added.small_books else
               REPETITIONS_WITH_DOCUMENTS if added.documents else REPETITIONS)
     return next(count for largest, count in counts if size <= largest)
-
-
-def quickest(times):
-    return Time(*map(min, zip(*times)))
 
 
 class Programs:

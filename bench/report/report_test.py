@@ -123,6 +123,23 @@ class ReportTest(unittest.TestCase):
                          ["`quorbind add`, text, 100,000 to 1,000,000: grows with the power 1.10, "
                           "its floor with 1.00"])
 
+    def test_a_row_over_a_bound_is_in_doubt_with_its_floor(self):
+        figures = made_up()
+        self.assertEqual(list(report.doubtful(figures)), [])
+        figures["component/check/missing", 10_000] = Time(31, 1)
+        figures["component/check/missing", 100_000] = Time(290, 1)
+        parts = ("component/check/missing", "floor/rules", "floor/look-ups/missing")
+        self.assertEqual(list(report.doubtful(figures)), [(part, 10_000) for part in parts])
+        figures["component/check/missing", 10_000] = Time(20, 1)
+        figures["component/check/missing", 100_000] = Time(250, 1)
+        self.assertEqual(sorted(report.doubtful(figures)),
+                         sorted((part, size) for part in parts for size in (10_000, 100_000)))
+
+    def test_of_two_figures_the_quicker_counts(self):
+        figures = {("a", 1): Time(3, 4), ("b", 1): Time(1, 1)}
+        self.assertEqual(report.quicker(figures, {("a", 1): Time(2, 5)}),
+                         {("a", 1): Time(2, 4), ("b", 1): Time(1, 1)})
+
     def test_a_slow_start_and_a_large_memory_are_named(self):
         figures = made_up()
         figures["command/version", 1] = Time(3, 5.5)
