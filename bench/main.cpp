@@ -5,19 +5,12 @@
 
 #include "bench/benchmarks.h"
 #include "bench/store.h"
-#include "platform/portable/freed_blocks.h"
 
 namespace quorbind::bench {
 
 namespace {
 
-/// The component has its memory as in the command, and a floor as any program.
-FreedBlocks blocksOf(std::string_view name) {
-  return name.starts_with("component/") ? FreedBlocks::kJoinedAtOnce : FreedBlocks::kKeptAside;
-}
-
-void measure(benchmark::State& state, const Work& work, FreedBlocks blocks) {
-  treatFreedBlocks(blocks);
+void measure(benchmark::State& state, const Work& work) {
   for (auto _ : state) {
     state.PauseTiming();
     work.reset();
@@ -44,9 +37,8 @@ benchmark::IterationCount iterationsOf(std::size_t size) {
 
 void registerWork(std::string_view name, std::size_t entries, Work work) {
   const std::string fullName = std::string(name) + "/" + std::to_string(entries);
-  benchmark::RegisterBenchmark(fullName.c_str(),
-                               [work = std::move(work), blocks = blocksOf(name)](
-                                   benchmark::State& state) { measure(state, work, blocks); })
+  benchmark::RegisterBenchmark(
+      fullName.c_str(), [work = std::move(work)](benchmark::State& state) { measure(state, work); })
       ->Iterations(iterationsOf(entries))
       ->Unit(benchmark::kMillisecond);
 }

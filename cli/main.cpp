@@ -5,7 +5,6 @@
 #include "cli/command_line.h"
 #include "cli/failure.h"
 #include "cli/report.h"
-#include "platform/portable/freed_blocks.h"
 #include "platform/portable/visible_text.h"
 
 namespace {
@@ -47,7 +46,6 @@ ExitStatus run(int count, const char* const* arguments) {
 
 int main(int count, char** arguments) {
   std::ios::sync_with_stdio(false);
-  treatFreedBlocks(FreedBlocks::kJoinedAtOnce);
   ExitStatus status = ExitStatus::kInternal;
   try {
     status = run(count, arguments);

@@ -3,6 +3,7 @@
 Figures are a dictionary of Times by name and size, such as ("component/generate", 1000).
 """
 
+import statistics
 from math import log
 from typing import NamedTuple, Optional
 
@@ -15,8 +16,8 @@ class Time(NamedTuple):
     peak: int = 0
 
 
-def quickest(times):
-    return Time(*map(min, zip(*times)))
+def median(times):
+    return Time(*map(statistics.median, zip(*times)))
 
 
 class Bound(NamedTuple):
@@ -462,11 +463,6 @@ def doubtful(figures):
                      [each.size] if each.is_over_ratio else [])
             yield from ((name, size) for name in (each.row.measured, *each.row.floor)
                         for size in sizes)
-
-
-def quicker(figures, others):
-    """The figures, and of those that are among the others as well the quicker ones."""
-    return {key: quickest([time, others.get(key, time)]) for key, time in figures.items()}
 
 
 class Kept(NamedTuple):

@@ -1,13 +1,12 @@
 """The command as a process, beside the floor as one: time, peak memory and start."""
 
 import shutil
-import statistics
 import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time, quickest
+from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time, median
 
 LIBRARY = "Plant"
 # Of the documents of a text, beside it.
@@ -116,7 +115,7 @@ class Addition:
         return Shelf.folder_of_library(server) / self.book
 
     def measure(self, count):
-        """The quickest Times of both, which have left the same behind."""
+        """The median Times of both, which have left the same behind."""
         ours, floor = [], []
         for _ in range(count):
             server, floor_server = self.shelf.server(), self.shelf.server()
@@ -127,7 +126,7 @@ class Addition:
             if not self.keeps_files:
                 shutil.rmtree(server)
                 shutil.rmtree(floor_server)
-        return quickest(ours), quickest(floor)
+        return median(ours), median(floor)
 
     def require_the_same(self, server, floor_server):
         made = self.book_in(server)
@@ -240,13 +239,13 @@ def measure_catalogue(programs, folder):
 
 
 def measure_start(programs):
-    """The middle one of many starts: the quickest would be luck."""
+    """Of many starts, since one takes but a moment."""
     ours, empty = [], []
     for _ in range(STARTS):
         ours.append(programs.time(programs.command, "--version"))
         empty.append(programs.time(programs.empty))
     return {
-        (name, 1): Time(*map(statistics.median, zip(*times)))
+        (name, 1): median(times)
         for name, times in (("command/version", ours), ("process/empty", empty))
     }
 

@@ -135,10 +135,9 @@ class ReportTest(unittest.TestCase):
         self.assertEqual(sorted(report.doubtful(figures)),
                          sorted((part, size) for part in parts for size in (10_000, 100_000)))
 
-    def test_of_two_figures_the_quicker_counts(self):
-        figures = {("a", 1): Time(3, 4), ("b", 1): Time(1, 1)}
-        self.assertEqual(report.quicker(figures, {("a", 1): Time(2, 5)}),
-                         {("a", 1): Time(2, 4), ("b", 1): Time(1, 1)})
+    def test_of_several_figures_each_part_counts_in_the_middle(self):
+        self.assertEqual(report.median([Time(1, 6, 7), Time(9, 5, 8), Time(2, 4, 9)]),
+                         Time(2, 5, 8))
 
     def test_a_slow_start_and_a_large_memory_are_named(self):
         figures = made_up()

@@ -1,5 +1,6 @@
 #include "platform/portable/freed_blocks.h"
 
+#include <cstddef>
 #include <cstdlib>
 
 #if defined(__GLIBC__)
@@ -8,11 +9,25 @@
 
 namespace quorbind {
 
-void treatFreedBlocks([[maybe_unused]] FreedBlocks how) {
+namespace {
+
+/// Blocks of up to so many bytes are kept aside.
+void keepAside([[maybe_unused]] std::size_t largest) {
 #if defined(__GLIBC__)
-  constexpr int kUsualLargest = 64 * sizeof(std::size_t) / 4;
-  ::mallopt(M_MXFAST, how == FreedBlocks::kKeptAside ? kUsualLargest : 0);
+  ::mallopt(M_MXFAST, static_cast<int>(largest));
 #endif
+}
+
+constexpr std::size_t kUsualLargest = 64 * sizeof(std::size_t) / 4;
+
+}  // namespace
+
+FreedBlocksJoined::FreedBlocksJoined() {
+  keepAside(0);
+}
+
+FreedBlocksJoined::~FreedBlocksJoined() {
+  keepAside(kUsualLargest);
 }
 
 }  // namespace quorbind

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+#include "platform/portable/freed_blocks.h"
+
 namespace quorbind {
 
 /// Calls one of libxml2's functions that free what they are given.
@@ -18,8 +20,14 @@ struct XmlDeleter {
   }
 };
 
+/// With all of its nodes.
+inline void freeDocument(xmlDoc* document) {
+  const FreedBlocksJoined joined;
+  xmlFreeDoc(document);
+}
+
 using XmlBufferHandle = std::unique_ptr<xmlBuffer, XmlDeleter<&xmlBufferFree>>;
-using XmlDocHandle = std::unique_ptr<xmlDoc, XmlDeleter<&xmlFreeDoc>>;
+using XmlDocHandle = std::unique_ptr<xmlDoc, XmlDeleter<&freeDocument>>;
 using XmlEncoderHandle = std::unique_ptr<xmlCharEncodingHandler, XmlDeleter<&xmlCharEncCloseFunc>>;
 using XmlNodeHandle = std::unique_ptr<xmlNode, XmlDeleter<&xmlFreeNode>>;
 using XmlParserHandle = std::unique_ptr<xmlParserCtxt, XmlDeleter<&xmlFreeParserCtxt>>;
