@@ -1,12 +1,14 @@
 // Writes what a whole run of the command begins with.
 //
-//   quorbind_bench_sample text|html|xlsx|xls|export|small-books|small-export|catalogue SIZE FILE
+//   quorbind_bench_sample text|html|xlsx|xls|export|small-books|small-export SIZE FILE
+//   quorbind_bench_sample catalogue|keywords|links|categories SIZE FILE
 //   quorbind_bench_sample documents SIZE FOLDER
 //
 // An export is that of the first book of a workbook, whatever the size. Small books are those of a
-// workbook in XML, and the size is their number. The documents of a text's
-// headings come into a folder that is there; that of its first entry, which is the book itself, is
-// never copied and left out.
+// workbook in XML, and the size is their number. Of a library's files, the keywords are those of
+// its first book, and each of the categories has as many books. The documents of a text's headings
+// come into a folder that is there; that of its first entry, which is the book itself, is never
+// copied and left out.
 
 #include <cstddef>
 #include <cstdlib>
@@ -49,6 +51,12 @@ bool write(std::string_view kind, std::size_t size, std::ostream& out) {
     out << workbookExport(kRowsOfASmallBook);
   } else if (kind == "catalogue") {
     out << catalogueOf(size, kCategoriesOfBook, "");
+  } else if (kind == "keywords") {
+    out << keywordsFileOf(size);
+  } else if (kind == "links") {
+    out << linksFileOf(size);
+  } else if (kind == "categories") {
+    out << categoriesFileOf(kCategoryCount, size);
   } else {
     return false;
   }
@@ -88,7 +96,7 @@ int main(int argc, char** argv) {
   const std::size_t size = argc == 4 ? std::strtoul(argv[2], nullptr, 10) : 0;
   if (size == 0) {
     std::cerr << "usage: quorbind_bench_sample text|html|xlsx|xls|export|small-books|small-export|"
-                 "catalogue|documents SIZE PLACE\n";
+                 "catalogue|keywords|links|categories|documents SIZE PLACE\n";
     return 2;
   }
   return quorbind::bench::make(argv[1], size, argv[3]) ? 0 : 1;

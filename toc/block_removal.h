@@ -142,7 +142,7 @@ class BlockRemoval {
     void makeRoom();
 
     Time now_ = 0;
-    std::vector<Block> blocks_;
+    std::deque<Block> blocks_;
     /// By the first time, of the few that came again.
     std::unordered_map<Time, std::vector<Time>> later_;
     std::vector<std::size_t> counts_;

@@ -9,6 +9,9 @@ from pathlib import Path
 from report.figures import ADDITIONS, LARGEST_TEXT, SIZES, Time, median
 
 LIBRARY = "Plant"
+CATALOGUE = "Quor_TOC.xml"
+SIDE_FILES = {"keywords": "Quor_SearchKeywords.xml", "links": "Quor_LinkID.xml",
+              "categories": "Quor_BookCategories.xml"}
 # Of the documents of a text, beside it.
 BOOK_FOLDER = "Manual"
 BOOKS = 1_000
@@ -61,7 +64,7 @@ class Shelf:
         self.runs = 0
         subprocess.run([programs.command, "init", "--server", self.pristine, "--library", LIBRARY],
                        check=True, stdout=subprocess.DEVNULL)
-        programs.make("catalogue", books, self.folder_of_library(self.pristine) / "Quor_TOC.xml")
+        programs.make("catalogue", books, self.folder_of_library(self.pristine) / CATALOGUE)
 
     @staticmethod
     def folder_of_library(server):
@@ -219,23 +222,52 @@ def name_of_book(number):
     return f"Service Manual {number} of the pump, in \xb5s"
 
 
-def measure_catalogue(programs, folder):
-    """Listing and changing a large catalogue, beside the parsed document of the same file, with its
-    layout and without."""
-    size = SIZES[-1]
-    server = Shelf(programs, folder / "large", size).server()
+def server_of(programs, folder, books):
+    folder.mkdir()
+    return Shelf(programs, folder, books).server()
+
+
+def measure_parsed(programs, file, place):
+    """The parsed document of a file alone, with its layout and without."""
+    return {(f"process/{way}/{file}", SIZES[-1]): programs.time(programs.floor, way, place)
+            for way in ("parse", "load")}
+
+
+def measure_commands(programs, server, commands):
+    """Runs of the command, one behind the other, by their names."""
     at = ["--server", server, "--library", LIBRARY]
-    catalogue = Shelf.folder_of_library(server) / "Quor_TOC.xml"
+    return {("command/" + name, SIZES[-1]): programs.time(programs.command, *words, *at)
+            for name, words in commands.items()}
+
+
+def measure_catalogue(programs, server):
+    """Listing and changing a large catalogue, beside its parsed document."""
+    size = SIZES[-1]
     return {
-        ("process/parse", size): programs.time(programs.floor, "parse", catalogue),
-        ("process/load", size): programs.time(programs.floor, "load", catalogue),
-        ("command/books", size): programs.time(programs.command, "books", *at),
-        ("command/rename", size): programs.time(
-            programs.command, "rename", name_of_book(size - 2), "--name", "Renamed", "--acro",
-            "REN", "--yes", *at),
-        ("command/delete", size): programs.time(
-            programs.command, "delete", name_of_book(size - 1), "--yes", *at),
+        **measure_parsed(programs, "catalogue", Shelf.folder_of_library(server) / CATALOGUE),
+        **measure_commands(programs, server, {
+            "books": ["books"],
+            "rename": ["rename", name_of_book(size - 2), "--name", "Renamed", "--acro", "REN",
+                       "--yes"],
+            "delete": ["delete", name_of_book(size - 1), "--yes"],
+        }),
     }
+
+
+def measure_side_files(programs, server):
+    """Changing large side files, beside their parsed documents."""
+    figures = {}
+    for file, name in SIDE_FILES.items():
+        place = programs.make(file, SIZES[-1], Shelf.folder_of_library(server) / name)
+        figures.update(measure_parsed(programs, file, place))
+    figures.update(measure_commands(programs, server, {
+        "keywords-add": ["keywords", "add", name_of_book(0), "new"],
+        "links-add": ["links", "add", "new", "--full", "B0@QUOR@A", "--source", "a.htm", "--acro",
+                      "B0"],
+        "categories-file": ["categories", "file", "B0", "New"],
+        "categories-rebuild": ["categories", "rebuild"],
+    }))
+    return figures
 
 
 def measure_start(programs):
@@ -253,9 +285,9 @@ def measure_start(programs):
 def measure_processes(build, folder):
     """Leaves its files in `folder`, which is better deleted when everything is measured."""
     programs = Programs(build)
-    (folder / "large").mkdir()
     return {
         **measure_additions(programs, folder),
-        **measure_catalogue(programs, folder),
+        **measure_catalogue(programs, server_of(programs, folder / "large", SIZES[-1])),
+        **measure_side_files(programs, server_of(programs, folder / "usual", BOOKS)),
         **measure_start(programs),
     }
