@@ -475,15 +475,25 @@ def start_of(figures):
     return figures[START_RUN, 1].elapsed - figures[EMPTY_RUN, 1].elapsed
 
 
+def doubtful_rows(figures):
+    """The rows of the tables that seem to break a bound, and those that share a part of a floor with
+    one of them: a row and its floor are only compared as they were measured together."""
+    rows = [row for table in TABLES for row in table.rows]
+    in_doubt = {each.row for table in TABLES
+                for each in measured_rows(figures, table.rows, table.sizes)
+                if each.is_over_ratio or each.is_over_growth}
+    before = None
+    while in_doubt != before:
+        before = in_doubt
+        parts = {part for row in in_doubt for part in row.floor}
+        in_doubt = in_doubt | {row for row in rows if parts & set(row.floor)}
+    return in_doubt
+
+
 def doubtful(figures):
-    """Name and size of every figure by which a row of the tables seems to break a bound. Figures of
-    few runs scatter by as much as some bounds leave."""
-    for table in TABLES:
-        for each in measured_rows(figures, table.rows, table.sizes):
-            sizes = ([each.size_before, each.size] if each.is_over_growth else
-                     [each.size] if each.is_over_ratio else [])
-            yield from ((name, size) for name in (each.row.measured, *each.row.floor)
-                        for size in sizes)
+    """Names of all figures of rows in doubt. Figures of few runs scatter by as much as some bounds
+    leave."""
+    return {name for row in doubtful_rows(figures) for name in (row.measured, *row.floor)}
 
 
 class Kept(NamedTuple):

@@ -123,17 +123,23 @@ class ReportTest(unittest.TestCase):
                          ["`quorbind add`, text, 100,000 to 1,000,000: grows with the power 1.10, "
                           "its floor with 1.00"])
 
-    def test_a_row_over_a_bound_is_in_doubt_with_its_floor(self):
+    def test_a_row_over_a_bound_is_in_doubt_with_its_floor_and_all_that_share_it(self):
         figures = made_up()
-        self.assertEqual(list(report.doubtful(figures)), [])
-        figures["component/check/missing", 10_000] = Time(31, 1)
-        figures["component/check/missing", 100_000] = Time(290, 1)
-        parts = ("component/check/missing", "floor/rules", "floor/look-ups/missing")
-        self.assertEqual(list(report.doubtful(figures)), [(part, 10_000) for part in parts])
-        figures["component/check/missing", 10_000] = Time(20, 1)
-        figures["component/check/missing", 100_000] = Time(250, 1)
-        self.assertEqual(sorted(report.doubtful(figures)),
-                         sorted((part, size) for part in parts for size in (10_000, 100_000)))
+        self.assertEqual(report.doubtful(figures), set())
+        figures["component/page-of-tags", 100_000] = Time(120, 1)
+        self.assertEqual(report.doubtful(figures), {"component/page-of-tags"})
+        figures["component/copy/documents", 10_000] = Time(14, 1)
+        self.assertEqual(report.doubtful(figures),
+                         {"component/page-of-tags", "component/copy/documents",
+                          "component/copy/taken-over", "floor/copy/documents"})
+
+    def test_rows_that_share_a_floor_with_one_that_shares_another_are_in_doubt_too(self):
+        figures = made_up()
+        figures["component/library/strMatchingBooksInfo", 10_000] = Time(50, 1)
+        doubtful = report.doubtful(figures)
+        self.assertIn("component/library/DeleteQuorNode", doubtful)
+        self.assertIn("floor/library/document", doubtful)
+        self.assertNotIn("component/library/BookInfo", doubtful)
 
     def test_of_several_figures_each_part_counts_in_the_middle(self):
         self.assertEqual(report.median([Time(1, 6, 7), Time(9, 5, 8), Time(2, 4, 9)]),
