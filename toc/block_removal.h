@@ -142,6 +142,7 @@ class BlockRemoval {
     void makeRoom();
 
     Time now_ = 0;
+    /// Not copied when their number grows.
     std::deque<Block> blocks_;
     /// By the first time, of the few that came again.
     std::unordered_map<Time, std::vector<Time>> later_;

@@ -233,6 +233,11 @@ class DocumentRun(NamedTuple):
     file: str
     entries: str
 
+    @property
+    def figures(self):
+        """Names of the runs: its own, and the parsed document with its layout and without."""
+        return self.run, "process/parse/" + self.file, "process/load/" + self.file
+
 
 DOCUMENT_RUNS = (
     DocumentRun("`quorbind books`", "command/books", "catalogue", "books"),
@@ -257,8 +262,7 @@ def needed_figures():
     yield from (("floor/" + part, size) for part in FLOOR_PARTS for size in SIZES)
     yield from ((run, LARGEST_TEXT) for _, run in STREAMED_RUNS)
     for each in DOCUMENT_RUNS:
-        yield from ((run, SIZES[-1]) for run in
-                    (each.run, "process/parse/" + each.file, "process/load/" + each.file))
+        yield from ((run, SIZES[-1]) for run in each.figures)
     yield from ((run, 1) for run in (START_RUN, EMPTY_RUN))
 
 
@@ -453,8 +457,7 @@ class Memory(NamedTuple):
 
 def document_memories(figures):
     for each in DOCUMENT_RUNS:
-        yield Memory(each, *(figures[run, SIZES[-1]].peak for run in
-                             (each.run, "process/parse/" + each.file, "process/load/" + each.file)))
+        yield Memory(each, *(figures[run, SIZES[-1]].peak for run in each.figures))
 
 
 def memory_text(figures):
@@ -475,12 +478,16 @@ def start_of(figures):
     return figures[START_RUN, 1].elapsed - figures[EMPTY_RUN, 1].elapsed
 
 
+def measured_in_tables(figures):
+    for table in TABLES:
+        yield from measured_rows(figures, table.rows, table.sizes)
+
+
 def doubtful_rows(figures):
     """The rows of the tables that seem to break a bound, and those that share a part of a floor with
     one of them: a row and its floor are only compared as they were measured together."""
     rows = [row for table in TABLES for row in table.rows]
-    in_doubt = {each.row for table in TABLES
-                for each in measured_rows(figures, table.rows, table.sizes)
+    in_doubt = {each.row for each in measured_in_tables(figures)
                 if each.is_over_ratio or each.is_over_growth}
     before = None
     while in_doubt != before:
@@ -504,8 +511,7 @@ class Kept(NamedTuple):
 
 
 def all_measured(figures):
-    for table in TABLES:
-        yield from measured_rows(figures, table.rows, table.sizes)
+    yield from measured_in_tables(figures)
     for row, sizes in PROCESSES:
         yield from measured_rows(figures, (row,), sizes)
 

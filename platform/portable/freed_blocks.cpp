@@ -18,6 +18,7 @@ void keepAside([[maybe_unused]] std::size_t largest) {
 #endif
 }
 
+/// What the C library does by itself. It doesn't tell, so another choice made before is lost.
 constexpr std::size_t kUsualLargest = 64 * sizeof(std::size_t) / 4;
 
 }  // namespace

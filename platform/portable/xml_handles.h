@@ -11,7 +11,7 @@
 
 namespace quorbind {
 
-/// Calls one of libxml2's functions that free what they are given.
+/// Calls a function that frees what it is given.
 template <auto kFree>
 struct XmlDeleter {
   template <typename Type>
@@ -20,7 +20,7 @@ struct XmlDeleter {
   }
 };
 
-/// With all of its nodes.
+/// With all of its nodes, which are the small blocks that a program comes to have most of.
 inline void freeDocument(xmlDoc* document) {
   const FreedBlocksJoined joined;
   xmlFreeDoc(document);
