@@ -13,7 +13,7 @@
 #include "platform/portable/copy_targets.h"
 #include "platform/portable/sibling_replacement.h"
 #include "platform/portable/system_call.h"
-#include "platform/portable/unnamed_copy.h"
+#include "platform/portable/unnamed_copies.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
@@ -165,7 +165,8 @@ class FileReader final : public ByteReader {
 
 class PortableFileSystem::Copies final : public CopySeries {
  public:
-  explicit Copies(PortableFileSystem& files) : files_(files), targets_(files.finder_) {}
+  explicit Copies(PortableFileSystem& files)
+      : files_(files), targets_(files.finder_), newCopies_(disks_) {}
 
   bool copy(std::string_view from, std::string_view to) override {
     const OpenFile source = open(from);
@@ -178,7 +179,7 @@ class PortableFileSystem::Copies final : public CopySeries {
       replace(target.path, source);
       return true;
     }
-    if (!copyWithoutName(source.file, source.status, target.path, disks_)) {
+    if (!newCopies_.copy(source.file, source.status, target.path)) {
       replace(target.path, open(from));
     }
     targets_.add(path);
@@ -204,6 +205,7 @@ class PortableFileSystem::Copies final : public CopySeries {
   PortableFileSystem& files_;
   CopyTargets targets_;
   UnflushedDisks disks_;
+  UnnamedCopies newCopies_;
 };
 
 PortableFileSystem::PortableFileSystem(const fs::path& driveRoot)

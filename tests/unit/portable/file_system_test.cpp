@@ -802,6 +802,53 @@ TEST_F(PortableFiles, ASeriesOfCopiesReplacesTheSpellingThatItNamesOfSeveral) {
   EXPECT_EQ(disk_.read("Docs/c.png"), "new");
 }
 
+TEST_F(PortableFiles, EachCopyOfASeriesHasThePermissionsOfItsSource) {
+  // The process refuses the last to new files.
+  const std::array<unsigned, 3> permissions{0644, 0600, 0666};
+  disk_.makeFolder("one");
+  disk_.makeFolder("two");
+  for (const unsigned each : permissions) {
+    const std::string name = std::to_string(each);
+    disk_.write(name, name);
+    allow(name, each);
+  }
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+
+  for (const std::string target : {"one/a", "one/b", "two/a", "one/c"}) {
+    for (const unsigned each : permissions) {
+      const std::string name = std::to_string(each);
+      copies->copy("C:\\" + name, "C:\\" + target + name);
+      EXPECT_EQ(disk_.read(target + name), name);
+      EXPECT_EQ(permissionsOf(target + name), each);
+    }
+  }
+}
+
+TEST_F(PortableFiles, ASeriesOfCopiesStaysWithAFolderThatIsRenamed) {
+  disk_.write("a.txt", "a");
+  disk_.makeFolder("Docs");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+  copies->copy("C:\\a.txt", "C:\\Docs\\b.txt");
+
+  std::filesystem::rename(disk_.path() / "Docs", disk_.path() / "Renamed");
+  copies->copy("C:\\a.txt", "C:\\Docs\\c.txt");
+
+  EXPECT_THAT(files_.namesIn("C:\\Renamed"), ElementsAre("b.txt", "c.txt"));
+}
+
+TEST_F(PortableFiles, ASeriesOfCopiesFindsAFolderThatWasMadeAnew) {
+  disk_.write("a.txt", "a");
+  disk_.makeFolder("Docs");
+  const std::unique_ptr<CopySeries> copies = files_.beginCopies();
+  copies->copy("C:\\a.txt", "C:\\Docs\\b.txt");
+
+  disk_.remove("Docs");
+  disk_.makeFolder("Docs");
+  copies->copy("C:\\a.txt", "C:\\Docs\\c.txt");
+
+  EXPECT_THAT(files_.namesIn("C:\\Docs"), ElementsAre("c.txt"));
+}
+
 TEST_F(PortableFiles, AFileThatNoPathCanNameIsNotListed) {
   disk_.write("Docs/a\\..\\b.txt", "");
   disk_.write("Docs/b.txt", "");
