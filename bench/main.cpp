@@ -15,16 +15,21 @@
 #include <utility>
 
 #include "bench/benchmarks.h"
+#include "bench/memory_at_hand.h"
 #include "bench/store.h"
 
 namespace quorbind::bench {
 
 namespace {
 
-void measure(benchmark::State& state, const Work& work) {
+/// More than any work uses for one of its entries, be it a small file or the nodes of a tree.
+constexpr std::size_t kMemoryForEntry = 8'192;
+
+void measure(benchmark::State& state, const Work& work, std::size_t size) {
   for (auto _ : state) {
     state.PauseTiming();
     work.reset();
+    const MemoryAtHand memory(size * kMemoryForEntry);
     state.ResumeTiming();
     const bool isDone = work.run();
     state.PauseTiming();
@@ -49,7 +54,8 @@ benchmark::IterationCount iterationsOf(std::size_t size) {
 void registerWork(std::string_view name, std::size_t entries, Work work) {
   const std::string fullName = std::string(name) + "/" + std::to_string(entries);
   benchmark::RegisterBenchmark(
-      fullName.c_str(), [work = std::move(work)](benchmark::State& state) { measure(state, work); })
+      fullName.c_str(),
+      [work = std::move(work), entries](benchmark::State& state) { measure(state, work, entries); })
       ->Iterations(iterationsOf(entries))
       ->Unit(benchmark::kMillisecond);
 }
