@@ -1,7 +1,7 @@
 // The benchmarks beside their floors, with the arguments of the library that runs them and one
 // more:
 //
-//   quorbind_bench [--keep-files] [--benchmark_...]
+//   quorbind_bench [--benchmark_...] [--keep-files]
 //
 // With `--keep-files` their files stay in the folder for temporary files. Where many were deleted,
 // whoever makes others in the next minutes pays for it.
@@ -25,15 +25,20 @@ namespace {
 /// More than any work uses for one of its entries, be it a small file or the nodes of a tree.
 constexpr std::size_t kMemoryForEntry = 8'192;
 
+/// Answers whether the work was done. Time is measured neither before nor behind.
+bool measureOnce(benchmark::State& state, const Work& work, std::size_t size) {
+  work.reset();
+  const MemoryAtHand memory(size * kMemoryForEntry);
+  state.ResumeTiming();
+  const bool isDone = work.run();
+  state.PauseTiming();
+  return isDone && work.isSeen();
+}
+
 void measure(benchmark::State& state, const Work& work, std::size_t size) {
   for (auto _ : state) {
     state.PauseTiming();
-    work.reset();
-    const MemoryAtHand memory(size * kMemoryForEntry);
-    state.ResumeTiming();
-    const bool isDone = work.run();
-    state.PauseTiming();
-    if (!isDone || !work.isSeen()) {
+    if (!measureOnce(state, work, size)) {
       state.SkipWithError("the work was not done");
       break;
     }
@@ -64,8 +69,8 @@ void registerWork(std::string_view name, std::size_t entries, Work work) {
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
-  const bool keepsFiles = argc == 2 && std::string_view(argv[1]) == "--keep-files";
-  if (!keepsFiles && benchmark::ReportUnrecognizedArguments(argc, argv)) {
+  const bool keepsFiles = argc > 1 && std::string_view(argv[argc - 1]) == "--keep-files";
+  if (benchmark::ReportUnrecognizedArguments(keepsFiles ? argc - 1 : argc, argv)) {
     return 1;
   }
   quorbind::bench::registerBenchmarks(quorbind::bench::Store());

@@ -10,7 +10,9 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+/// Blocks begin small, because there may be a store for every folder, and double up to a size.
+constexpr std::size_t kFirstBlockSize = 512;
+constexpr std::size_t kDoublings = 7;
 constexpr std::size_t kLargest = std::numeric_limits<std::uint32_t>::max();
 
 }  // namespace
@@ -35,7 +37,8 @@ void TextStore::add(std::string_view text) {
   }
   if (!hasRoomFor(text)) {
     std::string block;
-    block.reserve(std::max(kBlockSize, text.size()));
+    const std::size_t size = kFirstBlockSize << std::min(blocks_.size(), kDoublings);
+    block.reserve(std::max(size, text.size()));
     blocks_.push_back(std::move(block));
   }
   std::string& block = blocks_.back();

@@ -9,7 +9,7 @@ from pathlib import Path
 from report import figures as report
 from report.figures import BOUNDS, Row, Table, Time
 from report.picture import PANELS, picture
-from report.request import refusal_of, refusal_of_last
+from report.request import refusal_of, refusal_of_disk, refusal_of_last
 
 PAGE = Path(__file__).resolve().parents[2] / "docs/performance.md"
 SVG = "{http://www.w3.org/2000/svg}"
@@ -57,6 +57,12 @@ class RequestTest(unittest.TestCase):
         self.assertEqual(refusal_of_last(figures, report.needed_figures()),
                          "The run before did not measure component/generate at 10,000 (2 figures "
                          "are lacking). Measure anew, without --last.")
+
+    def test_a_disk_that_would_become_full_is_refused_before_anything_is_measured(self):
+        self.assertEqual(refusal_of_disk(7_400_000_000, 40_000_000_000),
+                         "The folder for temporary files has 7 GB free, and a run may need 40 GB. "
+                         "Name another folder with TMPDIR.")
+        self.assertIsNone(refusal_of_disk(40_000_000_000, 40_000_000_000))
 
     def test_figures_of_a_whole_run_before_are_taken(self):
         self.assertIsNone(refusal_of_last(made_up(), report.needed_figures()))

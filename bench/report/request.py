@@ -13,6 +13,14 @@ def refusal_of(flags):
     return None
 
 
+def refusal_of_disk(free, needed):
+    """Why a run would not come to its end with so many bytes; None where it would."""
+    if free >= needed:
+        return None
+    return (f"The folder for temporary files has {free / 1e9:.0f} GB free, and a run may need "
+            f"{needed / 1e9:.0f} GB. Name another folder with TMPDIR.")
+
+
 def refusal_of_last(figures, needed):
     """Why a report can't be made of the figures of the run before; None where it can."""
     lacking = sorted({key for key in needed if key not in figures})

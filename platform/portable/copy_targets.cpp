@@ -1,10 +1,19 @@
 #include "platform/portable/copy_targets.h"
 
+#include <string_view>
 #include <utility>
 
 #include "platform/portable/system_call.h"
 
 namespace quorbind {
+
+namespace {
+
+bool isIn(const std::string& folder, const std::string& path) {
+  return path.starts_with(folder) && path.rfind('/') == folder.size();
+}
+
+}  // namespace
 
 PathFinder::Place CopyTargets::find(const std::string& path) {
   Folder* const folder = folderFor(path);
@@ -33,8 +42,12 @@ void CopyTargets::add(const std::string& path) {
 
 /// Null when it does not stand.
 CopyTargets::Folder* CopyTargets::folderFor(const std::string& path) {
+  if (lastAsked_ != nullptr && isIn(lastAsked_->first, path)) {
+    return lastAsked_->second;
+  }
   std::string asked = parentOf(path);
   if (const auto known = asked_.find(asked); known != asked_.end()) {
+    lastAsked_ = &*known;
     return known->second;
   }
   PathFinder::Place place = finder_.find(asked);
@@ -42,7 +55,7 @@ CopyTargets::Folder* CopyTargets::folderFor(const std::string& path) {
     return nullptr;
   }
   Folder& folder = folders_.try_emplace(place.path, Folder{place.path, {}}).first->second;
-  asked_.emplace(std::move(asked), &folder);
+  lastAsked_ = &*asked_.emplace(std::move(asked), &folder).first;
   return &folder;
 }
 
@@ -61,8 +74,8 @@ bool CopyTargets::list(Folder& folder) {
 
 // Of several spellings the listing has one; the one that was asked for comes first.
 PathFinder::Place CopyTargets::findInListing(const Folder& folder, const std::string& name) {
-  const std::string* const spelling = folder.names->spellingOf(name);
-  if (spelling == nullptr) {
+  const std::optional<std::string_view> spelling = folder.names->spellingOf(name);
+  if (!spelling) {
     return {pathIn(folder.path, name), false};
   }
   if (*spelling != name) {
@@ -71,7 +84,7 @@ PathFinder::Place CopyTargets::findInListing(const Folder& folder, const std::st
       return asSpelled;
     }
   }
-  return {pathIn(folder.path, *spelling), true};
+  return {pathIn(folder.path, std::string(*spelling)), true};
 }
 
 }  // namespace quorbind

@@ -34,6 +34,8 @@ class CopyTargets {
     std::optional<FolderListing> names;
   };
 
+  using Spellings = std::unordered_map<std::string, Folder*>;
+
   Folder* folderFor(const std::string& path);
   static bool list(Folder& folder);
   static PathFinder::Place findInListing(const Folder& folder, const std::string& name);
@@ -42,7 +44,9 @@ class CopyTargets {
   /// Those that stand, by how they are really spelled.
   std::unordered_map<std::string, Folder> folders_;
   /// The same by the spellings asked for.
-  std::unordered_map<std::string, Folder*> asked_;
+  Spellings asked_;
+  /// Most often the one that is asked for next, too.
+  Spellings::value_type* lastAsked_ = nullptr;
 };
 
 }  // namespace quorbind

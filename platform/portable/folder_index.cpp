@@ -21,16 +21,20 @@ constexpr auto kCoarseTick = 2500ms;
 
 }  // namespace
 
-void FolderListing::add(const std::string& name) {
-  const auto [found, isNew] = spellings_.try_emplace(simpleUpperCase(name), name);
-  if (!isNew && name < found->second) {
-    found->second = name;
+void FolderListing::add(std::string_view name) {
+  const auto [number, isNew] = upperCased_.add(simpleUpperCase(name));
+  if (isNew) {
+    firstSpellings_.push_back(spellings_.size());
+    spellings_.add(name);
+  } else if (name < spellings_.at(firstSpellings_[number])) {
+    firstSpellings_[number] = spellings_.size();
+    spellings_.add(name);
   }
 }
 
-const std::string* FolderListing::spellingOf(std::string_view name) const {
-  const auto found = spellings_.find(simpleUpperCase(name));
-  return found == spellings_.end() ? nullptr : &found->second;
+std::optional<std::string_view> FolderListing::spellingOf(std::string_view name) const {
+  const auto found = upperCased_.find(simpleUpperCase(name));
+  return found ? std::optional(spellings_.at(firstSpellings_[*found])) : std::nullopt;
 }
 
 const FolderListing* FolderIndex::listingOf(const std::string& folder) {
@@ -55,8 +59,8 @@ bool FolderIndex::rulesOut(const std::string& path) const {
     folder = parentOf(folder);
     kept = entries_.find(folder);
   }
-  return kept != entries_.end() && kept->second.settled &&
-         kept->second.names.spellingOf(name) == nullptr && stateOf(folder) == kept->second.state;
+  return kept != entries_.end() && kept->second.settled && !kept->second.names.spellingOf(name) &&
+         stateOf(folder) == kept->second.state;
 }
 
 std::optional<FolderIndex::State> FolderIndex::stateOf(const std::string& folder) {

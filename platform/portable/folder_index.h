@@ -27,21 +27,28 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
+
+#include "platform/text_index.h"
+#include "platform/text_store.h"
 
 namespace quorbind {
 
 /// The names in one folder, found by any spelling.
 class FolderListing {
  public:
-  void add(const std::string& name);
-  [[nodiscard]] std::size_t size() const { return spellings_.size(); }
+  void add(std::string_view name);
+  [[nodiscard]] std::size_t size() const { return upperCased_.size(); }
 
-  /// How the name that equals `name` without regard to letter case is spelled in the folder, null
-  /// when there is none. Of several it is the first by its bytes.
-  [[nodiscard]] const std::string* spellingOf(std::string_view name) const;
+  /// How the name that equals `name` without regard to letter case is spelled in the folder. Of
+  /// several it is the first by its bytes.
+  [[nodiscard]] std::optional<std::string_view> spellingOf(std::string_view name) const;
 
  private:
-  std::unordered_map<std::string, std::string> spellings_;  ///< by the upper-case form
+  TextIndex upperCased_;
+  TextStore spellings_;
+  /// Numbers of spellings, by those of the upper-case forms.
+  std::vector<std::size_t> firstSpellings_;
 };
 
 /// What was listed, folder by folder. For one thread.

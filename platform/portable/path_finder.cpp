@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <string_view>
 #include <utility>
 
 #include "platform/portable/system_call.h"
@@ -18,8 +19,8 @@ constexpr std::size_t kMaximumSpellingsKept = 1000;
 PathFinder::Place placeIn(const std::string& folder,
                           const std::string& name,
                           const FolderListing& names) {
-  const std::string* spelling = names.spellingOf(name);
-  return {pathIn(folder, spelling == nullptr ? name : *spelling), spelling != nullptr};
+  const std::optional<std::string_view> spelling = names.spellingOf(name);
+  return {pathIn(folder, std::string(spelling.value_or(name))), spelling.has_value()};
 }
 
 }  // namespace

@@ -3,28 +3,20 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <utility>
-
 namespace quorbind {
 
 namespace {
 
-FileDescriptor makeWithoutName(const FileDescriptor& folder, mode_t permissions) {
-  return FileDescriptor(uninterrupted([&] {
-    return ::openat(folder.number(), ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, permissions);
-  }));
-}
-
 /// Not every system gives a name to a file that is known by its number alone.
-bool giveName(const FileDescriptor& file, const FileDescriptor& folder, const char* name) {
-  if (::linkat(file.number(), "", folder.number(), name, AT_EMPTY_PATH) == 0) {
+bool giveName(const FileDescriptor& file, const std::string& path) {
+  if (::linkat(file.number(), "", AT_FDCWD, path.c_str(), AT_EMPTY_PATH) == 0) {
     return true;
   }
   if (errno != ENOENT && errno != EPERM) {
     return false;
   }
   const std::string self = "/proc/self/fd/" + std::to_string(file.number());
-  return ::linkat(AT_FDCWD, self.c_str(), folder.number(), name, AT_SYMLINK_FOLLOW) == 0;
+  return ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
 }  // namespace
@@ -32,55 +24,43 @@ bool giveName(const FileDescriptor& file, const FileDescriptor& folder, const ch
 bool UnnamedCopies::copy(const FileDescriptor& source,
                          const struct stat& sourceStatus,
                          const std::string& path) {
-  if (!enterFolder(parentOf(path))) {
-    return false;
-  }
+  const std::string folder = parentOf(path);
   const mode_t permissions = sourceStatus.st_mode & kPermissionBits;
-  FileDescriptor file = makeWithoutName(folder_.file, permissions);
-  const std::string name = nameIn(path);
-  return file.isOpen() && takePermissions(file, permissions) &&
-         copyInKernel(source, file, sourceStatus.st_size) &&
-         giveName(file, folder_.file, name.c_str()) && finish(file, name.c_str());
-}
-
-/// Answers false where it can't be entered.
-bool UnnamedCopies::enterFolder(const std::string& path) {
-  if (folder_.path == path && folder_.file.isOpen()) {
-    return true;
-  }
-  struct stat status {};
-  Folder entered{path, openFile(path, O_PATH | O_DIRECTORY), 0, {}};
-  if (!entered.file.isOpen() || ::fstat(entered.file.number(), &status) != 0) {
+  FileDescriptor file = openFile(folder, O_WRONLY | O_TMPFILE, permissions);
+  if (!file.isOpen()) {
     return false;
   }
-  entered.disk = status.st_dev;
-  folder_ = std::move(entered);
-  return true;
+  const std::optional<dev_t> disk = takePermissions(file, folder, permissions);
+  return disk && copyInKernel(source, file, sourceStatus.st_size) && giveName(file, path) &&
+         finish(file, *disk, path);
 }
 
-/// What the file was made with is mostly right already, and to ask costs less than to change it;
-/// once asked, it is known.
-bool UnnamedCopies::takePermissions(const FileDescriptor& file, mode_t permissions) {
-  if (folder_.granted == permissions) {
-    return true;
+/// Answers the file's disk; nothing on failure. What the file was made with is mostly right
+/// already, and to ask costs less than to change it.
+std::optional<dev_t> UnnamedCopies::takePermissions(const FileDescriptor& file,
+                                                    const std::string& folder,
+                                                    mode_t permissions) {
+  if (last_ && last_->folder == folder && last_->permissions == permissions) {
+    return last_->disk;
   }
   struct stat status {};
   if (::fstat(file.number(), &status) != 0) {
-    return false;
+    return std::nullopt;
   }
-  if ((status.st_mode & kPermissionBits) != permissions) {
-    return ::fchmod(file.number(), permissions) == 0;
+  if ((status.st_mode & kPermissionBits) == permissions) {
+    last_ = Granted{folder, permissions, status.st_dev};
+  } else if (::fchmod(file.number(), permissions) != 0) {
+    return std::nullopt;
   }
-  folder_.granted = permissions;
-  return true;
+  return status.st_dev;
 }
 
 /// Without a descriptor a file without a name is gone, so that it is closed under its name.
-bool UnnamedCopies::finish(FileDescriptor& file, const char* name) {
-  if (disks_.add(file, folder_.disk) && file.close()) {
+bool UnnamedCopies::finish(FileDescriptor& file, dev_t disk, const std::string& path) {
+  if (disks_.add(file, disk) && file.close()) {
     return true;
   }
-  ::unlinkat(folder_.file.number(), name, 0);
+  ::unlink(path.c_str());
   return false;
 }
 

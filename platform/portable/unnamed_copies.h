@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sys/stat.h>
+#include <sys/types.h>
 
 #include <optional>
 #include <string>
@@ -13,9 +14,9 @@ namespace quorbind {
 /// Copies files to where nothing stands. A copy has no name until it is whole, and nothing of it is
 /// left before; that takes the system one name where a temporary takes it two.
 ///
-/// Copies for one folder should come one behind the other: the folder is found, and asked for what
-/// holds for all that is made there, with the first of them. One that is renamed meanwhile is still
-/// the folder of those behind.
+/// What permissions the system gives to new files of a folder is looked at once for copies that
+/// come one behind the other and ask for the same: it is taken that nobody restricts them further
+/// in between.
 class UnnamedCopies {
  public:
   /// Kept by reference.
@@ -30,21 +31,20 @@ class UnnamedCopies {
   bool copy(const FileDescriptor& source, const struct stat& sourceStatus, const std::string& path);
 
  private:
-  struct Folder {
-    std::string path;
-    FileDescriptor file;
+  /// A file that got its permissions as they were asked for.
+  struct Granted {
+    std::string folder;
+    mode_t permissions = 0;
     dev_t disk = 0;
-    /// Permissions that a new file gets as they are asked for.
-    std::optional<mode_t> granted;
   };
 
-  bool enterFolder(const std::string& path);
-  bool takePermissions(const FileDescriptor& file, mode_t permissions);
-  bool finish(FileDescriptor& file, const char* name);
+  std::optional<dev_t> takePermissions(const FileDescriptor& file,
+                                       const std::string& folder,
+                                       mode_t permissions);
+  bool finish(FileDescriptor& file, dev_t disk, const std::string& path);
 
   UnflushedDisks& disks_;
-  /// Of the last copy.
-  Folder folder_;
+  std::optional<Granted> last_;
 };
 
 }  // namespace quorbind
