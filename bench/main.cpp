@@ -49,7 +49,7 @@ void measure(benchmark::State& state, const Work& work, std::size_t size) {
 /// How often a work is done for one time. A number of seconds would not do: what waits for the disk
 /// takes none of the processor's, and would be done again and again.
 benchmark::IterationCount iterationsOf(std::size_t size) {
-  constexpr std::size_t kSmall = 1'000;
+  constexpr std::size_t kSmall = 3'000;
   constexpr std::size_t kMiddle = 30'000;
   return size <= kSmall ? 8 : size <= kMiddle ? 2 : 1;
 }
