@@ -10,7 +10,7 @@ namespace quorbind {
 
 namespace {
 
-constexpr std::size_t kFirstSize = 64;
+constexpr std::size_t kFirstSize = 4;
 
 }  // namespace
 

@@ -11,8 +11,8 @@ namespace quorbind {
 namespace {
 
 /// Blocks begin small, because there may be a store for every folder, and double up to a size.
-constexpr std::size_t kFirstBlockSize = 512;
-constexpr std::size_t kDoublings = 7;
+constexpr std::size_t kFirstBlockSize = 64;
+constexpr std::size_t kDoublings = 10;
 constexpr std::size_t kLargest = std::numeric_limits<std::uint32_t>::max();
 
 }  // namespace
