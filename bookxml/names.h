@@ -51,8 +51,7 @@ inline bool isXmlFile(std::string_view name) {
 
 /// Whether the name is that of a page.
 inline bool isPage(std::string_view name) {
-  const std::string upper = upperCaseAscii(name);
-  return upper.ends_with(".HTM") || upper.ends_with(".HTML");
+  return endsIgnoringAsciiCase(name, ".htm") || endsIgnoringAsciiCase(name, ".html");
 }
 
 /// Whether a file of that name may be a book XML file, which no page is.

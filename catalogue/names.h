@@ -28,10 +28,11 @@ inline constexpr std::size_t kLongestShortName = 12;
 /// or may be taken for one by Windows. A book's folder can be the library's own, and nothing of a
 /// book may take the place of the catalogue.
 inline bool isLibraryFile(std::string_view name) {
-  const std::string upper = upperCaseAscii(withoutDotsAtEnd(fileNameOf(name)));
-  const bool mayBeShort = upper.size() <= kLongestShortName && upper.starts_with(kShortPrefix) &&
-                          upper.find('~') != std::string::npos;
-  return (mayBeShort || upper.starts_with(upperCaseAscii(kFilePrefix))) && upper.ends_with(".XML");
+  const std::string_view own = withoutDotsAtEnd(fileNameOf(name));
+  const bool mayBeShort = own.size() <= kLongestShortName &&
+                          startsIgnoringAsciiCase(own, kShortPrefix) && contains(own, "~");
+  return (mayBeShort || startsIgnoringAsciiCase(own, kFilePrefix)) &&
+         endsIgnoringAsciiCase(own, ".xml");
 }
 }  // namespace server_names
 

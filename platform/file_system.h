@@ -100,8 +100,8 @@ class FileSystem {
   [[nodiscard]] virtual bool sameFile(std::string_view left, std::string_view right) = 0;
   /// The names in a folder, sorted by their bytes, `.` and `..` left out.
   [[nodiscard]] virtual std::vector<std::string> namesIn(std::string_view folder) = 0;
-  /// Those of them that `fileExists` says yes to. Unless an adapter learns it from the listing,
-  /// each of them is asked for.
+  /// Those of them that `fileExists` says yes to, in no order. Unless an adapter learns it from the
+  /// listing, each of them is asked for.
   [[nodiscard]] virtual std::vector<std::string> fileNamesIn(std::string_view folder);
 
   [[nodiscard]] virtual std::unique_ptr<ByteReader> open(std::string_view path) = 0;

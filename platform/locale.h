@@ -30,6 +30,7 @@ class Locale {
   [[nodiscard]] virtual int compareText(std::string_view left, std::string_view right) const = 0;
 
   /// Upper case by simple case mapping, so that the number of characters never changes (`ß` stays).
+  /// Of ASCII alone it is upperCaseAscii.
   [[nodiscard]] virtual std::string upperCase(std::string_view text) const = 0;
 
   /// UTF-8 from text in the system's code page (Windows-1252 off Windows). Never fails: a byte

@@ -8,10 +8,6 @@ namespace quorbind {
 
 namespace {
 
-char upperAscii(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 /// The library's search for a text compares it once more where its first character has been found.
 std::size_t findSeparator(std::string_view text, std::string_view separator, std::size_t from) {
   return separator.size() == 1 ? text.find(separator.front(), from) : text.find(separator, from);
@@ -108,6 +104,15 @@ bool equalIgnoringAsciiCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
     return upperAscii(a) == upperAscii(b);
   });
+}
+
+bool startsIgnoringAsciiCase(std::string_view text, std::string_view beginning) {
+  return equalIgnoringAsciiCase(text.substr(0, beginning.size()), beginning);
+}
+
+bool endsIgnoringAsciiCase(std::string_view text, std::string_view ending) {
+  return text.size() >= ending.size() &&
+         equalIgnoringAsciiCase(text.substr(text.size() - ending.size()), ending);
 }
 
 std::size_t findIgnoringAsciiCase(std::string_view text, std::string_view part, std::size_t from) {

@@ -52,10 +52,15 @@ std::size_t countPieces(std::string_view text, std::string_view separator);
 /// `text` with every occurrence of `from` (not empty) turned into `to`.
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);
 
-/// `text` with A to Z instead of a to z and everything else as it was: the folding under which
-/// marks are searched. For the words of a language use Locale::upperCase.
+/// A to Z instead of a to z, and everything else as it was: the folding under which marks are
+/// searched. For the words of a language use Locale::upperCase.
+[[nodiscard]] constexpr char upperAscii(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 std::string upperCaseAscii(std::string_view text);
 [[nodiscard]] bool equalIgnoringAsciiCase(std::string_view left, std::string_view right);
+[[nodiscard]] bool startsIgnoringAsciiCase(std::string_view text, std::string_view beginning);
+[[nodiscard]] bool endsIgnoringAsciiCase(std::string_view text, std::string_view ending);
 /// Where `part` (not empty) begins in `text`, from `from` on, under that folding; npos when it does
 /// not.
 [[nodiscard]] std::size_t findIgnoringAsciiCase(std::string_view text,

@@ -13,7 +13,7 @@ constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFirstBeyond16Bits = 0x10000;
 constexpr char32_t kLastCodePoint = 0x10FFFF;
 
-bool isAscii(std::uint8_t byte) {
+bool isAsciiByte(std::uint8_t byte) {
   return byte < 0x80;
 }
 
@@ -48,7 +48,7 @@ std::size_t asciiPrefix(std::string_view text) {
       break;
     }
   }
-  while (at < text.size() && isAscii(byteAt(text, at))) {
+  while (at < text.size() && isAsciiByte(byteAt(text, at))) {
     ++at;
   }
   return at;
@@ -56,7 +56,7 @@ std::size_t asciiPrefix(std::string_view text) {
 
 /// The length that the first byte of a character promises; 0 for a byte that begins none.
 std::size_t promisedLength(std::uint8_t lead) {
-  if (isAscii(lead)) {
+  if (isAsciiByte(lead)) {
     return 1;
   }
   if (lead < 0xC0 || lead >= 0xF8) {

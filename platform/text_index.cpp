@@ -1,23 +1,39 @@
 #include "platform/text_index.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 
 #include "platform/locale.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "platform/text_encoding.h"
 
 namespace quorbind {
 
 namespace {
 
 constexpr std::size_t kFirstSize = 4;
+constexpr std::size_t kLongestName = 64;
+
+std::uint32_t hashOfBytes(std::string_view text) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+}
+
+/// Most names are short and ASCII, and to look for one takes no memory then.
+std::uint32_t hashOfUpperCase(std::string_view text, const Locale& locale) {
+  if (text.size() > kLongestName || !isAscii(text)) {
+    return hashOfBytes(locale.upperCase(text));
+  }
+  std::array<char, kLongestName> upper{};
+  std::transform(text.begin(), text.end(), upper.begin(), upperAscii);
+  return hashOfBytes({upper.data(), text.size()});
+}
 
 }  // namespace
 
 std::uint32_t TextIndex::hashOf(std::string_view text) const {
-  const std::hash<std::string_view> hash;
-  return static_cast<std::uint32_t>(anyCase_ != nullptr ? hash(anyCase_->upperCase(text))
-                                                        : hash(text));
+  return anyCase_ == nullptr ? hashOfBytes(text) : hashOfUpperCase(text, *anyCase_);
 }
 
 bool TextIndex::areOne(std::string_view left, std::string_view right) const {

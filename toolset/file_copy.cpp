@@ -13,6 +13,7 @@
 #include "platform/folder_listings.h"
 #include "platform/folders.h"
 #include "platform/locale.h"
+#include "platform/path_set.h"
 #include "platform/paths.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -102,12 +103,13 @@ bool mayBeBookFile(std::string_view path) {
 /// names are those below the folders; the folders end in `\`.
 class DocumentCopy {
  public:
-  /// `settled` holds the places that this or an earlier copy has seen to.
+  /// `settled` holds the places that this or an earlier copy has seen to: their file was found, and
+  /// so has been copied or can't be.
   DocumentCopy(FileSystem& files,
                CopySeries& copies,
                const Locale& locale,
                FolderListings& listings,
-               NameSet& settled,
+               PathSet& settled,
                std::string targetFolder)
       : files_(files),
         copies_(copies),
@@ -121,7 +123,7 @@ class DocumentCopy {
 
   /// Takes note of a file from `folder` that is in place already.
   void add(const std::string& folder, const std::string& name) {
-    settle(name);
+    settled_.note(targetFolder_ + name);
     addPage(folder, name);
   }
 
@@ -130,15 +132,16 @@ class DocumentCopy {
     if (isLibrarysOwn(name)) {
       return;
     }
-    const auto folder = std::find_if(folders.begin(), folders.end(), [&](const auto& candidate) {
-      return listings_.hasFile(candidate + name);
-    });
-    if (folder == folders.end()) {
-      return;
-    }
-    settle(name);
-    if (bring(*folder, name)) {
-      addPage(*folder, name);
+    for (const std::string& folder : folders) {
+      const std::string source = folder + name;
+      if (listings_.hasFile(source)) {
+        const std::string target = targetFolder_ + name;
+        settled_.note(target);
+        if (bring(source, target)) {
+          addPage(folder, name);
+        }
+        return;
+      }
     }
   }
 
@@ -163,10 +166,10 @@ class DocumentCopy {
   }
 
   /// Answers whether it succeeded.
-  bool bring(const std::string& folder, const std::string& name) {
+  bool bring(const std::string& source, const std::string& target) {
     return ignoringErrors([&] {
-             makeFolderFor(targetFolder_ + name);
-             copies_.copy(folder + name, targetFolder_ + name);
+             makeFolderFor(target);
+             copies_.copy(source, target);
            }) == 0;
   }
 
@@ -188,13 +191,18 @@ class DocumentCopy {
   }
 
   void copyLinkedFile(const std::string& folder, const std::string& name) {
-    if (!isLibrarysOwn(name) && listings_.hasFile(folder + name) && !isKept(name) && settle(name)) {
-      bring(folder, name);
+    if (isLibrarysOwn(name)) {
+      return;
+    }
+    const std::string source = folder + name;
+    const std::string target = targetFolder_ + name;
+    if (listings_.hasFile(source) && !isKept(target) && settled_.add(target)) {
+      bring(source, target);
     }
   }
 
-  [[nodiscard]] bool isKept(const std::string& name) {
-    return keepsWhatStands_ && listings_.hasFile(targetFolder_ + name);
+  [[nodiscard]] bool isKept(const std::string& target) {
+    return keepsWhatStands_ && listings_.hasFile(target);
   }
 
   /// Whether it would take the place of one of the files that a library, or the server, keeps its
@@ -209,15 +217,11 @@ class DocumentCopy {
     });
   }
 
-  /// Notes that the file was found, and so has been copied or can't be. Answers whether that is
-  /// new.
-  bool settle(const std::string& name) { return settled_.add(targetFolder_ + name); }
-
   FileSystem& files_;
   CopySeries& copies_;
   const Locale& locale_;
   FolderListings& listings_;
-  NameSet& settled_;
+  PathSet& settled_;
   std::string targetFolder_;
   bool keepsWhatStands_ = false;
   /// The last one that was made, or stood.

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/folder_listings.h"
+#include "platform/path_set.h"
 #include "platform/toolset.h"
 
 namespace quorbind {
@@ -71,7 +72,7 @@ class ReferenceFileCopy final : public FileCopy {
   const Locale& locale_;
   std::unique_ptr<CopySeries> copies_;
   FolderListings listings_;
-  NameSet settled_;
+  PathSet settled_;
 };
 
 }  // namespace quorbind

@@ -82,6 +82,7 @@ FolderNames listFolder(FileSystem& files, Findings& findings, const std::string&
   const auto error = errorOf([&] {
     const std::vector<std::string> all = files.namesIn(folder);
     names.files = files.fileNamesIn(folder);
+    std::sort(names.files.begin(), names.files.end());
     std::set_difference(all.begin(),
                         all.end(),
                         names.files.begin(),

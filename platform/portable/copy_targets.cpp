@@ -1,26 +1,17 @@
 #include "platform/portable/copy_targets.h"
 
-#include <string_view>
 #include <utility>
 
 #include "platform/portable/system_call.h"
 
 namespace quorbind {
 
-namespace {
-
-bool isIn(const std::string& folder, const std::string& path) {
-  return path.starts_with(folder) && path.rfind('/') == folder.size();
-}
-
-}  // namespace
-
 PathFinder::Place CopyTargets::find(const std::string& path) {
   Folder* const folder = folderFor(path);
   if (folder == nullptr) {
     return finder_.find(path);
   }
-  const std::string name = nameIn(path);
+  const std::string_view name = nameIn(path);
   if (!folder->names) {
     PathFinder::Place asSpelled = PathFinder::findAsSpelled(pathIn(folder->path, name));
     if (asSpelled.stands) {
@@ -73,7 +64,7 @@ bool CopyTargets::list(Folder& folder) {
 }
 
 // Of several spellings the listing has one; the one that was asked for comes first.
-PathFinder::Place CopyTargets::findInListing(const Folder& folder, const std::string& name) {
+PathFinder::Place CopyTargets::findInListing(const Folder& folder, std::string_view name) {
   const std::optional<std::string_view> spelling = folder.names->spellingOf(name);
   if (!spelling) {
     return {pathIn(folder.path, name), false};
@@ -84,7 +75,7 @@ PathFinder::Place CopyTargets::findInListing(const Folder& folder, const std::st
       return asSpelled;
     }
   }
-  return {pathIn(folder.path, std::string(*spelling)), true};
+  return {pathIn(folder.path, *spelling), true};
 }
 
 }  // namespace quorbind

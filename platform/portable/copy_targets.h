@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "platform/portable/folder_index.h"
@@ -38,7 +39,7 @@ class CopyTargets {
 
   Folder* folderFor(const std::string& path);
   static bool list(Folder& folder);
-  static PathFinder::Place findInListing(const Folder& folder, const std::string& name);
+  static PathFinder::Place findInListing(const Folder& folder, std::string_view name);
 
   PathFinder& finder_;
   /// Those that stand, by how they are really spelled.

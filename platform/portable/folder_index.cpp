@@ -3,10 +3,9 @@
 #include <sys/stat.h>
 
 #include <utility>
-#include <vector>
 
+#include "platform/portable/portable_locale.h"
 #include "platform/portable/system_call.h"
-#include "platform/portable/upper_case.h"
 
 namespace quorbind {
 
@@ -19,22 +18,30 @@ using namespace std::chrono_literals;
 constexpr auto kFineTick = 100ms;
 constexpr auto kCoarseTick = 2500ms;
 
+const Locale& anyCase() {
+  static const PortableLocale locale;
+  return locale;
+}
+
 }  // namespace
 
+FolderListing::FolderListing() : names_(anyCase()) {}
+
 void FolderListing::add(std::string_view name) {
-  const auto [number, isNew] = upperCased_.add(simpleUpperCase(name));
-  if (isNew) {
-    firstSpellings_.push_back(spellings_.size());
-    spellings_.add(name);
-  } else if (name < spellings_.at(firstSpellings_[number])) {
-    firstSpellings_[number] = spellings_.size();
-    spellings_.add(name);
+  const auto [number, isNew] = names_.add(name);
+  if (!isNew && name < firstSpelling(number)) {
+    laterFirstSpellings_.insert_or_assign(number, name);
   }
 }
 
 std::optional<std::string_view> FolderListing::spellingOf(std::string_view name) const {
-  const auto found = upperCased_.find(simpleUpperCase(name));
-  return found ? std::optional(spellings_.at(firstSpellings_[*found])) : std::nullopt;
+  const auto found = names_.find(name);
+  return found ? std::optional(firstSpelling(*found)) : std::nullopt;
+}
+
+std::string_view FolderListing::firstSpelling(std::size_t number) const {
+  const auto later = laterFirstSpellings_.find(number);
+  return later == laterFirstSpellings_.end() ? names_.at(number) : later->second;
 }
 
 const FolderListing* FolderIndex::listingOf(const std::string& folder) {
@@ -52,7 +59,7 @@ const FolderListing* FolderIndex::listingOf(const std::string& folder) {
 // The nearest folder kept decides: what it does not hold, nothing further down can stand in.
 bool FolderIndex::rulesOut(const std::string& path) const {
   std::string folder = parentOf(path);
-  std::string name = nameIn(path);
+  std::string name(nameIn(path));
   auto kept = entries_.find(folder);
   while (kept == entries_.end() && folder.size() > 1) {
     name = nameIn(folder);

@@ -27,28 +27,29 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/text_index.h"
-#include "platform/text_store.h"
 
 namespace quorbind {
 
 /// The names in one folder, found by any spelling.
 class FolderListing {
  public:
+  FolderListing();
+
   void add(std::string_view name);
-  [[nodiscard]] std::size_t size() const { return upperCased_.size(); }
+  [[nodiscard]] std::size_t size() const { return names_.size(); }
 
   /// How the name that equals `name` without regard to letter case is spelled in the folder. Of
   /// several it is the first by its bytes.
   [[nodiscard]] std::optional<std::string_view> spellingOf(std::string_view name) const;
 
  private:
-  TextIndex upperCased_;
-  TextStore spellings_;
-  /// Numbers of spellings, by those of the upper-case forms.
-  std::vector<std::size_t> firstSpellings_;
+  [[nodiscard]] std::string_view firstSpelling(std::size_t number) const;
+
+  TextIndex names_;
+  /// Of the names that came in another spelling before it.
+  std::unordered_map<std::size_t, std::string> laterFirstSpellings_;
 };
 
 /// What was listed, folder by folder. For one thread.

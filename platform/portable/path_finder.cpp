@@ -4,7 +4,6 @@
 
 #include <climits>
 #include <cstddef>
-#include <string_view>
 #include <utility>
 
 #include "platform/portable/system_call.h"
@@ -17,10 +16,10 @@ namespace {
 constexpr std::size_t kMaximumSpellingsKept = 1000;
 
 PathFinder::Place placeIn(const std::string& folder,
-                          const std::string& name,
+                          std::string_view name,
                           const FolderListing& names) {
   const std::optional<std::string_view> spelling = names.spellingOf(name);
-  return {pathIn(folder, std::string(spelling.value_or(name))), spelling.has_value()};
+  return {pathIn(folder, spelling.value_or(name)), spelling.has_value()};
 }
 
 }  // namespace
@@ -51,7 +50,7 @@ PathFinder::Place PathFinder::findInAnyCase(std::string path) {
     return {std::move(path), false};
   }
   const std::string folder = parentOf(path);
-  const std::string name = nameIn(path);
+  const std::string_view name = nameIn(path);
   if (const FolderListing* names = index_.listingOf(folder)) {
     return placeIn(folder, name, *names);
   }
@@ -60,7 +59,7 @@ PathFinder::Place PathFinder::findInAnyCase(std::string path) {
 
 // `folder` does not stand as spelled, or can't be listed.
 std::optional<PathFinder::Place> PathFinder::findInOtherSpelling(const std::string& folder,
-                                                                 const std::string& name) {
+                                                                 std::string_view name) {
   const auto known = otherSpellings_.find(folder);
   if (known != otherSpellings_.end()) {
     if (auto place = findIn(known->second, name)) {
@@ -78,7 +77,7 @@ std::optional<PathFinder::Place> PathFinder::findInOtherSpelling(const std::stri
 
 // Nothing when the folder has gone, or can't be listed.
 std::optional<PathFinder::Place> PathFinder::findIn(const std::string& folder,
-                                                    const std::string& name) {
+                                                    std::string_view name) {
   Place asSpelled = findAsSpelled(pathIn(folder, name));
   if (asSpelled.stands) {
     return asSpelled;

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "platform/portable/folder_index.h"
@@ -36,8 +37,8 @@ class PathFinder {
 
  private:
   Place findInAnyCase(std::string path);
-  std::optional<Place> findInOtherSpelling(const std::string& folder, const std::string& name);
-  std::optional<Place> findIn(const std::string& folder, const std::string& name);
+  std::optional<Place> findInOtherSpelling(const std::string& folder, std::string_view name);
+  std::optional<Place> findIn(const std::string& folder, std::string_view name);
   void remember(const std::string& folder, const std::string& otherSpelling);
 
   std::string root_;

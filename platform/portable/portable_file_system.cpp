@@ -299,7 +299,9 @@ bool PortableFileSystem::sameFile(std::string_view left, std::string_view right)
 }
 
 std::vector<std::string> PortableFileSystem::namesIn(std::string_view folder) {
-  return list(folder, Listed::kAll);
+  std::vector<std::string> names = list(folder, Listed::kAll);
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 std::vector<std::string> PortableFileSystem::fileNamesIn(std::string_view folder) {
@@ -321,7 +323,6 @@ std::vector<std::string> PortableFileSystem::list(std::string_view folder, Liste
   // What would be read as a path of several parts names nothing that can be asked for.
   std::erase_if(*names, [](const std::string& name) { return contains(name, "\\"); });
   std::transform(names->begin(), names->end(), names->begin(), toValidUtf8);
-  std::sort(names->begin(), names->end());
   return *std::move(names);
 }
 

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <memory>
-#include <string_view>
 
 #include "platform/runtime_error.h"
 
@@ -131,12 +130,22 @@ std::string parentOf(const std::string& path) {
   return path.substr(0, separator == 0 ? 1 : separator);
 }
 
-std::string nameIn(const std::string& path) {
+std::string_view nameIn(std::string_view path) {
   return path.substr(path.rfind('/') + 1);
 }
 
-std::string pathIn(const std::string& folder, const std::string& name) {
-  return folder.ends_with('/') ? folder + name : folder + '/' + name;
+std::string pathIn(std::string_view folder, std::string_view name) {
+  std::string path;
+  path.reserve(folder.size() + 1 + name.size());
+  path.append(folder);
+  if (!folder.ends_with('/')) {
+    path += '/';
+  }
+  return path.append(name);
+}
+
+bool isIn(std::string_view folder, std::string_view path) {
+  return !folder.empty() && path.starts_with(folder) && path.rfind('/') == folder.size();
 }
 
 void raiseSystemError(int error, const std::string& path) {

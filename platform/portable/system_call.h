@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -72,8 +73,11 @@ int flushFolderOf(const std::string& path);
 
 /// The folder that a path from the root lies in, the name behind it, and both put together.
 std::string parentOf(const std::string& path);
-std::string nameIn(const std::string& path);
-std::string pathIn(const std::string& folder, const std::string& name);
+std::string_view nameIn(std::string_view path);
+std::string pathIn(std::string_view folder, std::string_view name);
+/// Whether `path` is that of a file or folder right in `folder`, which is neither the root nor
+/// empty.
+bool isIn(std::string_view folder, std::string_view path);
 
 /// Raises the run-time error for `error`, which an operation on the file at `path` ended with.
 [[noreturn]] void raiseSystemError(int error, const std::string& path);

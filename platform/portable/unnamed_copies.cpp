@@ -24,31 +24,37 @@ bool giveName(const FileDescriptor& file, const std::string& path) {
 bool UnnamedCopies::copy(const FileDescriptor& source,
                          const struct stat& sourceStatus,
                          const std::string& path) {
-  const std::string folder = parentOf(path);
+  enterFolderOf(path);
   const mode_t permissions = sourceStatus.st_mode & kPermissionBits;
-  FileDescriptor file = openFile(folder, O_WRONLY | O_TMPFILE, permissions);
+  FileDescriptor file = openFile(folder_, O_WRONLY | O_TMPFILE, permissions);
   if (!file.isOpen()) {
     return false;
   }
-  const std::optional<dev_t> disk = takePermissions(file, folder, permissions);
+  const std::optional<dev_t> disk = takePermissions(file, permissions);
   return disk && copyInKernel(source, file, sourceStatus.st_size) && giveName(file, path) &&
          finish(file, *disk, path);
+}
+
+void UnnamedCopies::enterFolderOf(const std::string& path) {
+  if (!isIn(folder_, path)) {
+    folder_ = parentOf(path);
+    granted_.reset();
+  }
 }
 
 /// Answers the file's disk; nothing on failure. What the file was made with is mostly right
 /// already, and to ask costs less than to change it.
 std::optional<dev_t> UnnamedCopies::takePermissions(const FileDescriptor& file,
-                                                    const std::string& folder,
                                                     mode_t permissions) {
-  if (last_ && last_->folder == folder && last_->permissions == permissions) {
-    return last_->disk;
+  if (granted_ && granted_->permissions == permissions) {
+    return granted_->disk;
   }
   struct stat status {};
   if (::fstat(file.number(), &status) != 0) {
     return std::nullopt;
   }
   if ((status.st_mode & kPermissionBits) == permissions) {
-    last_ = Granted{folder, permissions, status.st_dev};
+    granted_ = Granted{permissions, status.st_dev};
   } else if (::fchmod(file.number(), permissions) != 0) {
     return std::nullopt;
   }

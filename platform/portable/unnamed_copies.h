@@ -31,20 +31,20 @@ class UnnamedCopies {
   bool copy(const FileDescriptor& source, const struct stat& sourceStatus, const std::string& path);
 
  private:
-  /// A file that got its permissions as they were asked for.
+  /// What a file of the folder got as it was asked for.
   struct Granted {
-    std::string folder;
     mode_t permissions = 0;
     dev_t disk = 0;
   };
 
-  std::optional<dev_t> takePermissions(const FileDescriptor& file,
-                                       const std::string& folder,
-                                       mode_t permissions);
+  void enterFolderOf(const std::string& path);
+  std::optional<dev_t> takePermissions(const FileDescriptor& file, mode_t permissions);
   bool finish(FileDescriptor& file, dev_t disk, const std::string& path);
 
   UnflushedDisks& disks_;
-  std::optional<Granted> last_;
+  /// That of the copy before.
+  std::string folder_;
+  std::optional<Granted> granted_;
 };
 
 }  // namespace quorbind

@@ -135,7 +135,6 @@ std::vector<std::string> list(std::string_view folder, Accepts&& accepts) {
   if (::GetLastError() != ERROR_NO_MORE_FILES) {
     raiseLastError(path);
   }
-  std::sort(names.begin(), names.end());
   return names;
 }
 
@@ -322,7 +321,9 @@ bool WindowsFileSystem::sameFile(std::string_view left, std::string_view right) 
 }
 
 std::vector<std::string> WindowsFileSystem::namesIn(std::string_view folder) {
-  return list(folder, [](DWORD) { return true; });
+  std::vector<std::string> names = list(folder, [](DWORD) { return true; });
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 std::vector<std::string> WindowsFileSystem::fileNamesIn(std::string_view folder) {

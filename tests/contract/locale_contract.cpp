@@ -4,6 +4,7 @@
 #include <string>
 #include <tuple>
 
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "tests/contract/adapters.h"
 #include "tests/support/temporary_folder.h"
@@ -77,6 +78,14 @@ TEST_F(LocaleContract, OrdersTextAsADictionaryDoes) {
 TEST_F(LocaleContract, KeepsTheOrderWhenTheTextsChangePlaces) {
   EXPECT_LT(compare("one", "two"), 0);
   EXPECT_GT(compare("two", "one"), 0);
+}
+
+TEST_F(LocaleContract, FoldsAsciiAsMarksAreFolded) {
+  std::string ascii;
+  for (char c = 1; c < 127; ++c) {
+    ascii += c;
+  }
+  EXPECT_EQ(upper(ascii), upperCaseAscii(ascii));
 }
 
 TEST_F(LocaleContract, UpperCasesEveryLetterThatHasASingleUpperCaseForm) {

@@ -128,6 +128,22 @@ TEST(EqualIgnoringAsciiCase, ComparesWithoutTheCaseOfAToZ) {
   EXPECT_FALSE(equalIgnoringAsciiCase("[", "{"));
 }
 
+TEST(StartsIgnoringAsciiCase, ComparesTheBeginningWithoutTheCaseOfAToZ) {
+  EXPECT_TRUE(startsIgnoringAsciiCase("Quor_TOC.xml", "qUOR_"));
+  EXPECT_TRUE(startsIgnoringAsciiCase("toc", "toc"));
+  EXPECT_TRUE(startsIgnoringAsciiCase("", ""));
+  EXPECT_FALSE(startsIgnoringAsciiCase("to", "toc"));
+  EXPECT_FALSE(startsIgnoringAsciiCase("étoc", "É"));
+}
+
+TEST(EndsIgnoringAsciiCase, ComparesTheEndWithoutTheCaseOfAToZ) {
+  EXPECT_TRUE(endsIgnoringAsciiCase("Quor_TOC.xml", ".XmL"));
+  EXPECT_TRUE(endsIgnoringAsciiCase("toc", "toc"));
+  EXPECT_TRUE(endsIgnoringAsciiCase("toc", ""));
+  EXPECT_FALSE(endsIgnoringAsciiCase("ml", ".xml"));
+  EXPECT_FALSE(endsIgnoringAsciiCase("page.xml ", ".xml"));
+}
+
 TEST(FindIgnoringAsciiCase, FindsAPartFromAPositionOn) {
   EXPECT_EQ(findIgnoringAsciiCase("a<ibd>b<IBD>", "<IBD>"), 1U);
   EXPECT_EQ(findIgnoringAsciiCase("a<ibd>b<IBD>", "<IBD>", 2), 7U);
