@@ -6,20 +6,22 @@
 namespace quorbind {
 
 bool PathSet::add(std::string_view path) {
-  for (std::size_t number = 0; number < noted_.size(); ++number) {
-    addNow(noted_.at(number));
+  Names& names = namesIn(folderPartOf(path));
+  for (std::size_t number = 0; number < names.noted.size(); ++number) {
+    names.known.add(names.noted.at(number));
   }
-  noted_.clear();
-  return addNow(path);
+  names.noted.clear();
+  return names.known.add(fileNameOf(path));
 }
 
-bool PathSet::addNow(std::string_view path) {
-  return namesIn(folderPartOf(path)).add(fileNameOf(path));
+void PathSet::note(std::string_view path) {
+  namesIn(folderPartOf(path)).noted.add(fileNameOf(path));
 }
 
-NameSet& PathSet::namesIn(std::string_view folder) {
+PathSet::Names& PathSet::namesIn(std::string_view folder) {
   if (lastNames_ == nullptr || folder != lastFolder_) {
-    lastNames_ = &folders_.try_emplace(locale_.upperCase(folder), locale_).first->second;
+    lastNames_ =
+        &folders_.try_emplace(locale_.upperCase(folder), Names{NameSet(locale_)}).first->second;
     lastFolder_ = folder;
   }
   return *lastNames_;

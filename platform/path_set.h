@@ -25,20 +25,23 @@ class PathSet {
 
   /// Whether the path is new.
   bool add(std::string_view path);
-  /// The same for those who needn't know. Only when they are asked for are the paths looked at.
-  void note(std::string_view path) { noted_.add(path); }
+  /// The same for somebody who needn't know, which costs little before an `add` in the same folder.
+  void note(std::string_view path);
 
  private:
-  bool addNow(std::string_view path);
-  NameSet& namesIn(std::string_view folder);
+  struct Names {
+    NameSet known;
+    TextStore noted = {};
+  };
+
+  Names& namesIn(std::string_view folder);
 
   const Locale& locale_;
-  TextStore noted_;
   /// By the folder's name in upper case.
-  std::unordered_map<std::string, NameSet> folders_;
+  std::unordered_map<std::string, Names> folders_;
   /// That of the path before, as it was spelled, which is most often the next one's, too.
   std::string lastFolder_;
-  NameSet* lastNames_ = nullptr;
+  Names* lastNames_ = nullptr;
 };
 
 }  // namespace quorbind
