@@ -20,9 +20,10 @@ void PathSet::note(std::string_view path) {
 
 PathSet::Names& PathSet::namesIn(std::string_view folder) {
   if (lastNames_ == nullptr || folder != lastFolder_) {
+    lastNames_ = nullptr;
+    lastFolder_ = folder;
     lastNames_ =
         &folders_.try_emplace(locale_.upperCase(folder), Names{NameSet(locale_)}).first->second;
-    lastFolder_ = folder;
   }
   return *lastNames_;
 }

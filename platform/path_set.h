@@ -26,6 +26,7 @@ class PathSet {
   /// Whether the path is new.
   bool add(std::string_view path);
   /// The same for somebody who needn't know, which costs little before an `add` in the same folder.
+  /// Until then it stands as often as it was noted.
   void note(std::string_view path);
 
  private:

@@ -20,7 +20,7 @@ std::uint32_t hashOfBytes(std::string_view text) {
   return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
 }
 
-/// Most names are short and ASCII, and to look for one takes no memory then.
+/// Most names are short and ASCII, and to hash one takes no memory then.
 std::uint32_t hashOfUpperCase(std::string_view text, const Locale& locale) {
   if (text.size() > kLongestName || !isAscii(text)) {
     return hashOfBytes(locale.upperCase(text));
