@@ -42,10 +42,8 @@ std::optional<std::string> valueAt(const std::vector<std::string>& values, std::
 
 std::int16_t kindOf(const std::string& toc, const std::optional<std::string>& kind) {
   for (const KindName& known : kKindNames) {
-    const std::size_t length = known.extension.size();
     const bool told =
-        toc.size() > length &&
-        equalIgnoringAsciiCase(std::string_view(toc).substr(toc.size() - length), known.extension);
+        toc.size() > known.extension.size() && endsIgnoringAsciiCase(toc, known.extension);
     if (kind ? *kind == known.name : told) {
       return known.kind;
     }

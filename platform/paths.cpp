@@ -44,7 +44,7 @@ bool isDevice(std::string_view part) {
     return equalIgnoringAsciiCase(name, device);
   };
   const auto isNumbered = [name](std::string_view device) {
-    return equalIgnoringAsciiCase(name.substr(0, device.size()), device) &&
+    return startsIgnoringAsciiCase(name, device) &&
            anyOf(kDeviceNumbers,
                  [number = name.substr(device.size())](auto known) { return known == number; });
   };

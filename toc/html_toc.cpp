@@ -61,7 +61,7 @@ std::size_t charactersBefore(std::string_view text, std::size_t position, std::s
 }
 
 bool hasMarkAt(std::string_view text, std::size_t position, std::string_view mark) {
-  return equalIgnoringAsciiCase(text.substr(position, mark.size()), mark);
+  return startsIgnoringAsciiCase(text.substr(position), mark);
 }
 
 /// The position of the first bracket from `position` on, or the end of `text`. The library's search

@@ -33,8 +33,7 @@ bool isInName(char c) {
 bool endsWithLinkAttribute(std::string_view text) {
   text = text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
   return std::any_of(kLinkAttributes.begin(), kLinkAttributes.end(), [text](std::string_view name) {
-    return text.size() > name.size() &&
-           equalIgnoringAsciiCase(text.substr(text.size() - name.size()), name) &&
+    return text.size() > name.size() && endsIgnoringAsciiCase(text, name) &&
            !isInName(text[text.size() - name.size() - 1]);
   });
 }

@@ -14,9 +14,8 @@
 namespace quorbind {
 
 bool isNamedAsBookFile(std::string_view name) {
-  const std::string upper = upperCaseAscii(name);
-  return upper.starts_with(upperCaseAscii(book_names::kFilePrefix)) &&
-         upper.ends_with(upperCaseAscii(book_names::kFileExtension));
+  return startsIgnoringAsciiCase(name, book_names::kFilePrefix) &&
+         endsIgnoringAsciiCase(name, book_names::kFileExtension);
 }
 
 ExaminedLibrary::ExaminedLibrary(const Platform& platformOfRun, LibraryArguments placeOnServer)

@@ -30,10 +30,6 @@ std::string lowerAscii(std::string_view text) {
   return result;
 }
 
-bool beginsWith(std::string_view text, std::string_view word) {
-  return equalIgnoringAsciiCase(text.substr(0, word.size()), word);
-}
-
 /// How often the first character of `text` stands there in a row, in either letter case.
 std::size_t lengthOfRow(std::string_view text) {
   std::size_t length = 1;
@@ -142,12 +138,12 @@ class FormatParser {
   }
 
   bool readDatePart() {
-    if (beginsWith(rest_, kGeneralWord)) {
+    if (startsIgnoringAsciiCase(rest_, kGeneralWord)) {
       add(Kind::kGeneral, take(kGeneralWord.size()));
       return true;
     }
     for (const std::string_view halves : {"AM/PM", "A/P"}) {
-      if (beginsWith(rest_, halves)) {
+      if (startsIgnoringAsciiCase(rest_, halves)) {
         add(Kind::kHalfOfDay, take(halves.size()));
         return true;
       }
